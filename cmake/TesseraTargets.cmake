@@ -1,0 +1,53 @@
+# SPDX-License-Identifier: MIT
+# The two functions through which every target of the project is made, so that all flags stand in one place.
+
+find_program(TESSERA_CCACHE ccache)
+if(TESSERA_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${TESSERA_CCACHE}")
+endif()
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+
+function(_tessera_common target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON CXX_EXTENSIONS OFF
+                                             CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  target_compile_definitions(
+    ${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+                      QT_NO_CAST_FROM_BYTEARRAY QT_USE_QSTRINGBUILDER)
+  if(TESSERA_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+                                             -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+  endif()
+  if(TESSERA_COVERAGE)
+    target_compile_options(${target} PRIVATE --coverage)
+    target_link_options(${target} PRIVATE --coverage)
+  endif()
+endfunction()
+
+# tessera_add_library(NAME LINKS targets…): a shared library Tessera::NAME; its sources come from target_sources.
+function(tessera_add_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS")
+  set(target Tessera${name})
+  add_library(${target} SHARED)
+  add_library(Tessera::${name} ALIAS ${target})
+  _tessera_common(${target})
+  string(TOUPPER ${name} upper)
+  target_compile_definitions(${target} PRIVATE TESSERA_${upper}_LIBRARY)
+  target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>"
+                                              "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
+  target_link_libraries(${target} PUBLIC ${arg_LINKS})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} VERSION ${PROJECT_VERSION}
+                                             SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+endfunction()
+
+# tessera_add_program(NAME SOURCES files… LINKS targets…): a program, test or benchmark.
+function(tessera_add_program name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  add_executable(${name} ${arg_SOURCES})
+  _tessera_common(${name})
+  target_link_libraries(${name} PRIVATE ${arg_LINKS})
+endfunction()

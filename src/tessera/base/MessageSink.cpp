@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/MessageSink.h>
+
+#include <cstdio>
+#include <utility>
+
+namespace tessera {
+namespace {
+
+void WriteToStandardError(const QString &text) { std::fprintf(stderr, "%s\n", qPrintable(text)); }
+
+TMessageSink &Sink() {
+  static TMessageSink sink;
+  return sink;
+}
+
+TMessageSink &DefaultSink() {
+  static TMessageSink sink = WriteToStandardError;
+  return sink;
+}
+
+}  // namespace
+
+TMessageSink SetMessageSink(TMessageSink sink) { return std::exchange(Sink(), std::move(sink)); }
+
+void SetDefaultMessageSink(TMessageSink sink) { DefaultSink() = std::move(sink); }
+
+void ShowMessage(const QString &text) {
+  const TMessageSink &sink = Sink() ? Sink() : DefaultSink();
+  sink(text);
+}
+
+}  // namespace tessera

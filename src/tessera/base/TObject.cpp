@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/TObject.h>
+
+namespace tessera {
+
+TObject::~TObject() = default;
+
+}  // namespace tessera

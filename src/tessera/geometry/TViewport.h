@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/base/Export.h>
+#include <tessera/base/TBounds.h>
+
+#include <QPoint>
+
+#include <span>
+
+namespace tessera {
+
+/// A vertex in map units; y grows upwards.
+struct TMapPoint {
+  double X;
+  double Y;
+
+  bool operator==(const TMapPoint &) const = default;
+};
+
+/// What the view of a map shows: the one place that converts between map units and client pixels and that knows that
+/// y points up on the map and down on the screen.
+///
+/// The scale is the client width over the width of the reference extent, times the zoom; the height plays no part, and
+/// the view is isotropic. Conversions are exact to long double and round halves to even; converting an array gives the
+/// same pixels as converting its points one by one.
+struct TESSERA_CORE_EXPORT TViewport {
+  double MinX = -180;
+  double MinY = -90;
+  double MaxX = 180;
+  double MaxY = 90;
+  double CenterX = 0;
+  double CenterY = 0;
+  double Zoom = 1;
+  int ClientWidth = 0;
+  int ClientHeight = 0;
+
+  /// Pixels per map unit. @throws EZeroDivide for an extent without width or height.
+  struct Scale {
+    long double Kx;
+    long double Ky;
+  };
+  [[nodiscard]] Scale GetScale() const;
+
+  /// @throws EZeroDivide when the scale is zero or undefined.
+  [[nodiscard]] TMapPoint ScreenToMap(int x, int y) const;
+  /// The pixel of a map point; coordinates beyond 32 bits (and not-a-number) are pinned to the nearest integer there is.
+  [[nodiscard]] QPoint MapToScreen(double mx, double my) const;
+  /// As above, but a point outside the view is pinned one pixel outside the client rectangle on the side where it lies.
+  /// @throws ERangeError when the result does not fit 32 bits.
+  [[nodiscard]] QPoint MapToScreenClipped(double mx, double my) const;
+  /// The pixels of all points; `out` has room for as many.
+  void MapToScreen(std::span<const TMapPoint> points, QPoint *out) const;
+  /// What the client rectangle shows.
+  [[nodiscard]] TBounds GetViewBounds() const;
+
+  bool operator==(const TViewport &) const = default;
+};
+
+}  // namespace tessera

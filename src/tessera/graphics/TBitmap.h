@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/base/TColor.h>
+
+#include <QImage>
+
+#include <optional>
+
+namespace tessera {
+
+/// A raster picture, implicitly shared. Sizes are client pixels (the image's size divided by its device pixel ratio).
+class TESSERA_CORE_EXPORT TBitmap {
+ public:
+  TBitmap() = default;
+  explicit TBitmap(QImage image) : m_image(std::move(image)) {}
+
+  [[nodiscard]] bool IsEmpty() const { return m_image.isNull(); }
+  [[nodiscard]] int GetWidth() const;
+  [[nodiscard]] int GetHeight() const;
+  /// Makes the picture `width` x `height` client pixels at the given device pixel ratio; what was there is lost.
+  /// A size of 0 or less, or one that cannot be allocated, leaves it empty.
+  void SetSize(int width, int height, qreal devicePixelRatio = 1.0);
+
+  /// Reads any image format Qt knows. @throws EInOutError with file name and reason; the picture is then unchanged.
+  void LoadFromFile(const QString &fileName);
+
+  /// Whether pixels of the transparent colour are left out when the picture is drawn.
+  [[nodiscard]] bool GetTransparent() const { return m_transparent; }
+  void SetTransparent(bool transparent) { m_transparent = transparent; }
+  /// The transparent colour; when none was set it is that of the bottom left pixel ("automatic").
+  [[nodiscard]] TColor GetTransparentColor() const;
+  void SetTransparentColor(std::optional<TColor> color) { m_transparentColor = color; }
+
+  [[nodiscard]] const QImage &GetImage() const { return m_image; }
+  /// The pixels themselves, for a canvas to draw on.
+  [[nodiscard]] QImage &GetImage() { return m_image; }
+
+  bool operator==(const TBitmap &other) const;
+
+ private:
+  QImage m_image;
+  std::optional<TColor> m_transparentColor;
+  bool m_transparent = false;
+};
+
+}  // namespace tessera

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/base/TColor.h>
+
+namespace tessera {
+
+enum class TPenStyle : std::uint8_t { psSolid, psDash, psDot, psDashDot, psDashDotDot, psClear, psInsideFrame };
+
+/// How a figure's colour meets the pixels below it: replaces them, is XORed with them, or XORed and inverted.
+/// A figure drawn twice in one of the two XOR modes restores every pixel.
+enum class TPenMode : std::uint8_t { pmCopy, pmXor, pmNotXor };
+
+/// What outlines are drawn with. A small value.
+class TPen {
+ public:
+  [[nodiscard]] TColor GetColor() const { return m_color; }
+  void SetColor(TColor color) { m_color = color; }
+  /// In client pixels; 0 draws like 1.
+  [[nodiscard]] int GetWidth() const { return m_widthPx; }
+  void SetWidth(int widthPx) { m_widthPx = widthPx; }
+  [[nodiscard]] TPenStyle GetStyle() const { return m_style; }
+  void SetStyle(TPenStyle style) { m_style = style; }
+  [[nodiscard]] TPenMode GetMode() const { return m_mode; }
+  void SetMode(TPenMode mode) { m_mode = mode; }
+
+  bool operator==(const TPen &) const = default;
+
+ private:
+  TColor m_color = clBlack;
+  int m_widthPx = 1;
+  TPenStyle m_style = TPenStyle::psSolid;
+  TPenMode m_mode = TPenMode::pmCopy;
+};
+
+}  // namespace tessera
