@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "LocaleGuard.h"
+
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/Numbers.h>
 
-#include <QLocale>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -11,19 +12,7 @@
 namespace tessera {
 namespace {
 
-/// Puts a locale in force for a test.
-class TLocaleGuard {
- public:
-  explicit TLocaleGuard(const QLocale &locale) { QLocale::setDefault(locale); }
-  ~TLocaleGuard() { QLocale::setDefault(m_before); }
-  TLocaleGuard(const TLocaleGuard &) = delete;
-  TLocaleGuard &operator=(const TLocaleGuard &) = delete;
-
- private:
-  QLocale m_before;
-};
-
-const QLocale Russian(QLocale::Russian, QLocale::Russia);
+using test::TLocaleGuard;
 
 template <typename TCall>
 QString ConvertErrorOf(TCall call) {
@@ -39,7 +28,7 @@ TEST(NumbersTest, FollowsTheSeparatorOfTheLocale) {
   EXPECT_EQ(DecimalSeparator(), '.');
   EXPECT_EQ(StrToFloat(u"12.5"), 12.5);
   EXPECT_EQ(FloatToStr(-12.5), QStringLiteral("-12.5"));
-  const TLocaleGuard guard(Russian);
+  const TLocaleGuard guard(test::Russian());
   EXPECT_EQ(DecimalSeparator(), ',');
   EXPECT_EQ(StrToFloat(u"12,5"), 12.5);
   EXPECT_THROW(static_cast<void>(StrToFloat(u"12.5")), EConvertError);

@@ -7,7 +7,9 @@
 namespace tessera {
 namespace {
 
-void WriteToStandardError(const QString &text) { std::fprintf(stderr, "%s\n", qPrintable(text)); }
+void WriteToStandardError(const QString &text) {
+  std::fprintf(stderr, "%s\n", qPrintable(text));
+}
 
 TMessageSink &Sink() {
   static TMessageSink sink;
@@ -21,9 +23,13 @@ TMessageSink &DefaultSink() {
 
 }  // namespace
 
-TMessageSink SetMessageSink(TMessageSink sink) { return std::exchange(Sink(), std::move(sink)); }
+TMessageSink SetMessageSink(TMessageSink sink) {
+  return std::exchange(Sink(), std::move(sink));
+}
 
-void SetDefaultMessageSink(TMessageSink sink) { DefaultSink() = std::move(sink); }
+TMessageSink SetDefaultMessageSink(TMessageSink sink) {
+  return std::exchange(DefaultSink(), std::move(sink));
+}
 
 void ShowMessage(const QString &text) {
   const TMessageSink &sink = Sink() ? Sink() : DefaultSink();

@@ -15,8 +15,8 @@ using TMessageSink = std::function<void(const QString &text)>;
 /// Replaces the sink; an empty function restores the default. Returns the sink that was in force.
 /// The default writes a line to standard error; once a map control exists, it is a message box instead.
 TESSERA_CORE_EXPORT TMessageSink SetMessageSink(TMessageSink sink);
-/// Replaces what an empty sink falls back to. For the library that has windows.
-TESSERA_CORE_EXPORT void SetDefaultMessageSink(TMessageSink sink);
+/// Replaces what an empty sink falls back to and returns what it was. For the library that has windows.
+TESSERA_CORE_EXPORT TMessageSink SetDefaultMessageSink(TMessageSink sink);
 
 /// Hands `text` to the sink.
 TESSERA_CORE_EXPORT void ShowMessage(const QString &text);

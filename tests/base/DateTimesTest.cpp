@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "LocaleGuard.h"
+
+#include <tessera/base/DateTimes.h>
+#include <tessera/base/Exceptions.h>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+
+namespace tessera {
+namespace {
+
+using test::TLocaleGuard;
+
+TEST(DateTimesTest, CountsDaysFromTheEndOf1899) {
+  const TLocaleGuard guard(test::Russian());
+  EXPECT_EQ(DateToStr(0), QStringLiteral("30.12.1899"));
+  EXPECT_EQ(DateToStr(1.99), QStringLiteral("31.12.1899"));
+  EXPECT_EQ(DateToStr(36526), QStringLiteral("01.01.2000"));
+  EXPECT_EQ(StrToDate(u" 29.02.2024 "), 45351);
+}
+
+TEST(DateTimesTest, CountsTheTimeOfDayForwardsBeforeDayZeroToo) {
+  EXPECT_EQ(TimeToStr(1.25), QStringLiteral("06:00:00"));
+  EXPECT_EQ(TimeToStr(-1.25), QStringLiteral("06:00:00"));
+  const TLocaleGuard guard(test::Russian());
+  EXPECT_EQ(DateTimeToStr(-1.25), QStringLiteral("29.12.1899 06:00:00"));
+}
+
+TEST(DateTimesTest, CarriesTheLastHalfMillisecondIntoTheNextDay) {
+  const TLocaleGuard guard(test::Russian());
+  EXPECT_EQ(DateTimeToStr(0.999999999), QStringLiteral("31.12.1899"));
+  EXPECT_EQ(DateTimeToStr(86399.999 / 86400), QStringLiteral("30.12.1899 23:59:59"));
+}
+
+TEST(DateTimesTest, ReadsTimesWithAndWithoutSeconds) {
+  EXPECT_EQ(StrToTime(u"12:00"), 0.5);
+  EXPECT_EQ(StrToTime(u" 6:0:0 "), 0.25);
+  EXPECT_EQ(StrToTime(u"23:59:59"), 86399.0 / 86400);
+}
+
+TEST(DateTimesTest, RefusesWhatIsNoDateOrTime) {
+  const TLocaleGuard guard(test::Russian());
+  for (const char16_t *text : {u"", u"x", u"29.02.2023", u"01.01.23", u"2023-01-01", u"01.01.2000 10:00"}) {
+    EXPECT_THROW(static_cast<void>(StrToDate(text)), EConvertError) << QString::fromUtf16(text).toStdString();
+  }
+  for (const char16_t *text : {u"", u"x", u"24:00", u"10", u"10:60", u"10:00:00:00"}) {
+    EXPECT_THROW(static_cast<void>(StrToTime(text)), EConvertError) << QString::fromUtf16(text).toStdString();
+  }
+}
+
+TEST(DateTimesTest, RefusesValuesOutsideTheCalendar) {
+  for (const double value : {2958466.0, -693594.0, 1e300, std::numeric_limits<double>::quiet_NaN()}) {
+    EXPECT_THROW(static_cast<void>(DateToStr(value)), EConvertError) << value;
+    EXPECT_THROW(static_cast<void>(TimeToStr(value)), EConvertError) << value;
+  }
+  EXPECT_NO_THROW(static_cast<void>(DateToStr(2958465.0)));
+  EXPECT_NO_THROW(static_cast<void>(DateToStr(-693593.0)));
+}
+
+TEST(DateTimesTest, ReadsBackWhatItWroteInEveryLocale) {
+  for (const char16_t *name : {u"C", u"en_US", u"ru_RU", u"de_DE", u"fa_IR", u"ar_EG", u"zh_CN", u"hu_HU", u"th_TH"}) {
+    const TLocaleGuard guard{QLocale(QString::fromUtf16(name))};
+    std::mt19937 engine(5);
+    for (int i = 0; i < 300; ++i) {
+      const double date = std::uniform_int_distribution<int>(-693593, 2958465)(engine);
+      const double time = double(engine() % 86400) / 86400;
+      EXPECT_EQ(StrToDate(DateToStr(date)), date) << DateToStr(date).toStdString();
+      EXPECT_EQ(StrToTime(TimeToStr(time)), time) << TimeToStr(time).toStdString();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tessera

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/base/TCardinalArray.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace tessera {
+namespace {
+
+void Fill(TCardinalArray &ids, std::uint32_t count) {
+  for (std::uint32_t id = 0; id < count; ++id) ids.Add(id * 10);
+}
+
+std::vector<std::uint32_t> Contents(const TCardinalArray &ids) {
+  return {ids.Ids().begin(), ids.Ids().end()};
+}
+
+TEST(TCardinalArrayTest, KeepsTheOrderOfInsertionThroughItsGrowth) {
+  TCardinalArray ids;
+  Fill(ids, 1000);
+  ASSERT_EQ(ids.GetCount(), 1000);
+  for (int i = 0; i < 1000; ++i) ASSERT_EQ(ids.GetItem(i), std::uint32_t(i) * 10);
+}
+
+TEST(TCardinalArrayTest, ChecksItemsAgainstTheCapacityAndNotTheCount) {
+  TCardinalArray ids;
+  ids.Add(5);
+  EXPECT_NO_THROW(ids.SetItem(31, 7));
+  EXPECT_EQ(ids.GetItem(31), 7U);
+  EXPECT_THROW(static_cast<void>(ids.GetItem(32)), ERangeError);
+  EXPECT_THROW(ids.SetItem(-1, 7), ERangeError);
+}
+
+TEST(TCardinalArrayTest, GrowsWhenOneFreePlaceIsLeft) {
+  TCardinalArray ids;
+  Fill(ids, 31);
+  EXPECT_THROW(static_cast<void>(ids.GetItem(32)), ERangeError);
+  ids.Add(1);  // the capacity becomes twice the 31
+  EXPECT_NO_THROW(static_cast<void>(ids.GetItem(61)));
+  EXPECT_THROW(static_cast<void>(ids.GetItem(62)), ERangeError);
+}
+
+TEST(TCardinalArrayTest, LeavesNoPlaceInACopy) {
+  TCardinalArray ids;
+  Fill(ids, 3);
+  TCardinalArray copy;
+  copy.Copy(ids);
+  EXPECT_EQ(Contents(copy), Contents(ids));
+  EXPECT_THROW(copy.Add(1), ERangeError);
+  EXPECT_EQ(copy.GetCount(), 3);
+  copy.Clear();
+  EXPECT_NO_THROW(copy.Add(1));
+}
+
+TEST(TCardinalArrayTest, RemovesOneAndMovesTheLaterOnesDown) {
+  TCardinalArray ids;
+  Fill(ids, 4);
+  ids.Remove(1);
+  EXPECT_EQ(Contents(ids), (std::vector<std::uint32_t>{0, 20, 30}));
+  EXPECT_FALSE(ids.Exists(10));
+  EXPECT_TRUE(ids.Exists(30));
+  ids.Remove(2);
+  EXPECT_EQ(Contents(ids), (std::vector<std::uint32_t>{0, 20}));
+  EXPECT_FALSE(ids.Exists(30)) << "a removed id is still stored, but not in use";
+  EXPECT_THROW(ids.Remove(2), ERangeError);
+  EXPECT_THROW(ids.Remove(-1), ERangeError);
+}
+
+TEST(TCardinalArrayTest, TruncatesButDoesNotExtend) {
+  TCardinalArray ids;
+  Fill(ids, 4);
+  EXPECT_THROW(ids.Truncate(5), ERangeError);
+  ids.Truncate(2);
+  EXPECT_EQ(Contents(ids), (std::vector<std::uint32_t>{0, 10}));
+}
+
+TEST(TCardinalArrayTest, GivesStorageBackWhenCleared) {
+  TCardinalArray ids;
+  Fill(ids, 100);
+  ids.Clear();
+  EXPECT_EQ(ids.GetCount(), 0);
+  EXPECT_EQ(ids.GetItem(31), 0U);
+  EXPECT_THROW(static_cast<void>(ids.GetItem(32)), ERangeError);
+}
+
+}  // namespace
+}  // namespace tessera
