@@ -8,12 +8,19 @@ endif()
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+file(RELATIVE_PATH TESSERA_BIN_TO_LIB "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+
+# Sources that moc and uic write are not ours to lint. clang-tidy takes its configuration from the folders above a source
+# and insists on having one check.
+if(CMAKE_CXX_CLANG_TIDY)
+  file(WRITE "${PROJECT_BINARY_DIR}/.clang-tidy" "Checks: '-*,misc-new-delete-overloads'\n")
+endif()
 
 function(_tessera_common target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON CXX_EXTENSIONS OFF
                                              CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wno-sign-conversion -Wshadow -Werror)
   target_compile_definitions(
     ${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
                       QT_NO_CAST_FROM_BYTEARRAY QT_USE_QSTRINGBUILDER)
@@ -21,6 +28,9 @@ function(_tessera_common target)
     target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=undefined
                                              -fno-omit-frame-pointer)
     target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+  endif()
+  if(TESSERA_BUILD_FUZZERS)
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
   endif()
   if(TESSERA_COVERAGE)
     target_compile_options(${target} PRIVATE --coverage)
@@ -41,13 +51,19 @@ function(tessera_add_library name)
                                               "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
   target_link_libraries(${target} PUBLIC ${arg_LINKS})
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} VERSION ${PROJECT_VERSION}
-                                             SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+                                             SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+                                             INSTALL_RPATH "$ORIGIN")
 endfunction()
 
-# tessera_add_program(NAME SOURCES files… LINKS targets…): a program, test or benchmark.
+# tessera_add_program(NAME [INSTALL] SOURCES files… LINKS targets…): a program, test or benchmark; with INSTALL one that
+# `cmake --install` lays down, where it finds the libraries installed with it.
 function(tessera_add_program name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "INSTALL" "" "SOURCES;LINKS")
   add_executable(${name} ${arg_SOURCES})
   _tessera_common(${name})
   target_link_libraries(${name} PRIVATE ${arg_LINKS})
+  if(arg_INSTALL)
+    set_target_properties(${name} PROPERTIES INSTALL_RPATH "$ORIGIN/${TESSERA_BIN_TO_LIB}")
+    install(TARGETS ${name})
+  endif()
 endfunction()
