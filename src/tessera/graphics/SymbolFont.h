@@ -11,8 +11,19 @@ struct TSymbolGlyph {
   QString text;
 };
 
-/// The font and character with which the sign `shape` of `font` is drawn: `font` itself where it is installed, and the
-/// library's own symbol font, with the nearest sign it has, where it is not. Cheap: a font's presence is looked up once.
-[[nodiscard]] TESSERA_CORE_EXPORT TSymbolGlyph ResolveSymbol(const TFont &font, int shape);
+/// The family of the library's own symbol font. Its signs lie in the middle of their em square, and the em square is
+/// the whole text box: ascent and advance are the pixel size, the descent is 0.
+inline constexpr QStringView SymbolFontFamily = u"Tessera Symbols";
+
+/// The font and text with which the sign `shape` of `font` is drawn: `font` itself with the character `shape` where its
+/// family is installed, else the library's own symbol font in the same size, style and colour.
+///
+/// The library's font has the signs 32 to 67; higher codes stand for those again, in the same order; 31 and anything
+/// lower draws nothing. Its texts are private use characters, not letters. Without a QGuiApplication there are no
+/// fonts, and `font` comes back.
+///
+/// Made to be called for every symbol of every picture: a repeated question costs a comparison. The result stays valid
+/// until the next call on the same thread.
+[[nodiscard]] TESSERA_CORE_EXPORT const TSymbolGlyph &ResolveSymbol(const TFont &font, int shape);
 
 }  // namespace tessera

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/graphics/SymbolFont.h>
+
+#include <QFile>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QImage>
+#include <QPainter>
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace tessera {
+namespace {
+
+constexpr int EmptyShape = 31;
+constexpr int FirstShape = 32;
+constexpr int LastShape = 67;
+
+const TFont AbsentFont(QStringLiteral("A Family That Nobody Has"), 12, clNavy);
+
+QFont ToQFont(const TFont &font, int sizePx) {
+  QFont result(font.GetName());
+  result.setPixelSize(sizePx);
+  result.setStyleStrategy(QFont::NoFontMerging);
+  return result;
+}
+
+/// The sign in black on white, its text box centred on the middle of an image twice as big as the em square.
+QImage Draw(int shape, int sizePx) {
+  QImage image(2 * sizePx, 2 * sizePx, QImage::Format_Grayscale8);
+  image.fill(Qt::white);
+  const TSymbolGlyph &glyph = ResolveSymbol(AbsentFont, shape);
+  const QFont font = ToQFont(glyph.font, sizePx);
+  const QFontMetrics metrics(font);
+  QPainter painter(&image);
+  painter.setFont(font);
+  painter.drawText(sizePx - metrics.horizontalAdvance(glyph.text) / 2, sizePx - metrics.height() / 2 + metrics.ascent(),
+                   glyph.text);
+  return image;
+}
+
+/// The box around all pixels that are more ink than paper.
+QRect InkBox(const QImage &image) {
+  QRect box;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.constScanLine(y)[x] < 128) box |= QRect(x, y, 1, 1);
+    }
+  }
+  return box;
+}
+
+TEST(SymbolFontTest, DrawsInkForEverySignWithinTheEmSquareAndCentredOnThePoint) {
+  for (const int sizePx : {12, 16, 24, 64}) {
+    for (int shape = FirstShape; shape <= LastShape; ++shape) {
+      SCOPED_TRACE(testing::Message() << "shape " << shape << " at " << sizePx << " px");
+      const QRect box = InkBox(Draw(shape, sizePx));
+      EXPECT_GE(std::max(box.width(), box.height()), sizePx * 2 / 3);
+      EXPECT_TRUE(QRect(sizePx / 2, sizePx / 2, sizePx, sizePx).contains(box));
+      // Twice the distance of the middles, so that half pixels stay whole numbers.
+      EXPECT_LE(std::abs(box.left() + box.right() + 1 - 2 * sizePx), 2);
+      EXPECT_LE(std::abs(box.top() + box.bottom() + 1 - 2 * sizePx), 2);
+    }
+  }
+}
+
+TEST(SymbolFontTest, DrawsNothingForTheEmptyShape) {
+  for (const int shape : {EmptyShape, 30, 0, -1}) EXPECT_TRUE(InkBox(Draw(shape, 24)).isNull()) << shape;
+}
+
+TEST(SymbolFontTest, DrawsADifferentSignForEveryShape) {
+  std::set<std::vector<uchar>> pictures;
+  for (int shape = FirstShape; shape <= LastShape; ++shape) {
+    const QImage image = Draw(shape, 24);
+    pictures.emplace(image.constBits(), image.constBits() + image.sizeInBytes());
+  }
+  EXPECT_EQ(pictures.size(), 36U);
+}
+
+TEST(SymbolFontTest, HasATextBoxOfExactlyThePixelSize) {
+  for (const int sizePx : {8, 11, 16, 33}) {
+    const TSymbolGlyph &glyph = ResolveSymbol(AbsentFont, 40);
+    const QFontMetrics metrics(ToQFont(glyph.font, sizePx));
+    EXPECT_EQ(metrics.height(), sizePx);
+    EXPECT_EQ(metrics.horizontalAdvance(glyph.text), sizePx);
+  }
+}
+
+TEST(SymbolFontTest, RepeatsTheSignsForHigherCodes) {
+  EXPECT_EQ(ResolveSymbol(AbsentFont, 68).text, QString(ResolveSymbol(AbsentFont, 32).text));
+  EXPECT_EQ(ResolveSymbol(AbsentFont, 103).text, QString(ResolveSymbol(AbsentFont, 67).text));
+  EXPECT_NE(ResolveSymbol(AbsentFont, 104).text, QString(ResolveSymbol(AbsentFont, 67).text));
+  const QString high = ResolveSymbol(AbsentFont, 32 + 36 * 100000).text;
+  EXPECT_EQ(high, ResolveSymbol(AbsentFont, 32).text);
+}
+
+TEST(SymbolFontTest, KeepsSizeColourAndStyleOfAnAbsentFont) {
+  TFont font = AbsentFont;
+  font.SetStyle(TFontStyle::fsBold | TFontStyle::fsItalic);
+  TFont expected = font;
+  expected.SetName(QStringLiteral("Tessera Symbols"));
+  EXPECT_EQ(ResolveSymbol(font, 40).font, expected);
+  EXPECT_EQ(QFontInfo(ToQFont(expected, 16)).family(), expected.GetName());
+}
+
+TEST(SymbolFontTest, LeavesAnInstalledFontAndItsCharacterAlone) {
+  const QStringList families = QFontDatabase::families();
+  const auto other =
+      std::find_if(families.begin(), families.end(), [](const QString &f) { return f != SymbolFontFamily; });
+  if (other == families.end()) GTEST_SKIP() << "no font is installed";
+  const TFont font(*other, 9, clRed);
+  for (const int shape : {65, 200, 0x416}) {
+    const TSymbolGlyph &glyph = ResolveSymbol(font, shape);
+    EXPECT_EQ(glyph.font, font);
+    EXPECT_EQ(glyph.text, QString(QChar(shape)));
+  }
+}
+
+TEST(SymbolFontTest, TakesItsOwnFamilyByShape) {
+  const TFont own(SymbolFontFamily.toString(), 12);
+  EXPECT_EQ(ResolveSymbol(own, 58).text, QString(ResolveSymbol(AbsentFont, 58).text));
+}
+
+/// Two questions that differ in one thing only never share an answer, however often and in whatever order they are
+/// asked.
+TEST(SymbolFontTest, AnswersAlternatingQuestionsEachItsOwnWay) {
+  std::vector<TFont> fonts(5, AbsentFont);
+  fonts[1].SetColor(clRed);
+  fonts[2].SetSize(13);
+  fonts[3].SetStyle(TFontStyle::fsBold);
+  fonts[4].SetName(QStringLiteral("A Family That Nobody Had"));
+  for (int i = 0; i < 2000; ++i) {
+    TFont expected = fonts[static_cast<std::size_t>(i * 7 % 5)];
+    const int shape = FirstShape + i * 11 % 36;
+    const TSymbolGlyph &glyph = ResolveSymbol(expected, shape);
+    expected.SetName(SymbolFontFamily.toString());
+    ASSERT_EQ(glyph.font, expected);
+    ASSERT_EQ(glyph.text, QString(QChar(0xF000 + shape)));
+  }
+}
+
+TEST(SymbolFontTest, NoticesAFontThatIsInstalledLater) {
+  QString family = QStringLiteral("Tessera Synbols");
+  const TFont font(family, 12);
+  ASSERT_EQ(ResolveSymbol(font, 40).font.GetName(), SymbolFontFamily);
+  QFile resource(QStringLiteral(":/tessera/symbols/TesseraSymbols.ttf"));
+  ASSERT_TRUE(resource.open(QIODevice::ReadOnly));
+  QByteArray renamed = resource.readAll();
+  const auto utf16 = [](char letter) { return QByteArray("\0", 1) + letter; };
+  const QByteArray before = utf16('S') + utf16('y') + utf16('m') + utf16('b');
+  const QByteArray after = utf16('S') + utf16('y') + utf16('n') + utf16('b');
+  renamed.replace(before, after);
+  const int id = QFontDatabase::addApplicationFontFromData(renamed);
+  ASSERT_EQ(QFontDatabase::applicationFontFamilies(id), QStringList(family));
+  EXPECT_EQ(ResolveSymbol(font, 40).font, font);
+  EXPECT_EQ(ResolveSymbol(font, 40).text, QStringLiteral("("));
+  QFontDatabase::removeApplicationFont(id);
+  EXPECT_EQ(ResolveSymbol(font, 40).font.GetName(), SymbolFontFamily);
+}
+
+}  // namespace
+}  // namespace tessera
