@@ -10,15 +10,19 @@
 namespace tessera {
 
 /// A raster picture, implicitly shared. Sizes are client pixels (the image's size divided by its device pixel ratio).
+///
+/// The pixels are kept as QImage::Format_RGB32, or as Format_ARGB32_Premultiplied when the picture has see-through
+/// parts: the two formats that are drawn, and drawn on, without conversion.
 class TESSERA_CORE_EXPORT TBitmap {
  public:
   TBitmap() = default;
-  explicit TBitmap(QImage image) : m_image(std::move(image)) {}
+  /// Takes the picture over, converted to one of the two formats.
+  explicit TBitmap(QImage image);
 
   [[nodiscard]] bool IsEmpty() const { return m_image.isNull(); }
   [[nodiscard]] int GetWidth() const;
   [[nodiscard]] int GetHeight() const;
-  /// Makes the picture `width` x `height` client pixels at the given device pixel ratio; what was there is lost.
+  /// Makes the picture `width` x `height` white client pixels (Format_RGB32) at the given device pixel ratio.
   /// A size of 0 or less, or one that cannot be allocated, leaves it empty.
   void SetSize(int width, int height, qreal devicePixelRatio = 1.0);
 

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/graphics/RasterOps.h>
+#include <tessera/graphics/TFont.h>
+
+#include <QFont>
+#include <QHash>
+#include <QSize>
+
+#include <array>
+#include <memory>
+#include <unordered_map>
+
+namespace tessera::detail {
+
+/// A character ready to be blended onto a picture. The rows are padded to whole blocks with pixels that change nothing.
+struct Glyph {
+  static constexpr int kBlock = 4;  ///< Pixels that are blended at once.
+
+  QSize extent;            ///< Of the character's box, in client pixels.
+  int left = 0;            ///< Of the first visible column from the box, in device pixels.
+  int top = 0;             ///< Of the first visible row from the box.
+  int width = 0;           ///< Visible columns without the padding.
+  int height = 0;          ///< Visible rows.
+  int stride = 0;          ///< Pixels from one row to the next.
+  std::vector<QRgb> ink;   ///< Premultiplied.
+  std::vector<QRgb> keep;  ///< In each byte how much of the picture stays, 255 for all of it.
+
+  [[nodiscard]] std::size_t ByteCount() const { return (ink.size() + keep.size()) * sizeof(QRgb) + sizeof(Glyph); }
+};
+
+/// Blends a glyph onto opaque pixels, the upper left corner of its box at (x, y) in device pixels.
+void BlendGlyph(const Surface &surface, std::int64_t x, std::int64_t y, const Glyph &glyph);
+
+/// A font at one device pixel ratio, with what was measured and drawn with it.
+class FontFace {
+ public:
+  /// Larger characters are not kept: drawing them takes longer than rasterising them.
+  static constexpr int kLargestGlyphPx = 96;
+
+  FontFace(const TFont &font, double devicePixelRatio);
+
+  [[nodiscard]] bool KeepsGlyphs() const { return m_deviceFont.pixelSize() <= kLargestGlyphPx; }
+  /// @pre KeepsGlyphs()
+  [[nodiscard]] const Glyph &GlyphOf(QChar character);
+  /// In client pixels.
+  [[nodiscard]] QSize Extent(const QString &text);
+
+  /// The font in device pixels, and the same with letters of full pixels only.
+  [[nodiscard]] const QFont &DeviceFont() const { return m_deviceFont; }
+  [[nodiscard]] const QFont &HardEdgedFont() const { return m_hardEdgedFont; }
+  /// From the top of the text's box to the base line, in device pixels.
+  [[nodiscard]] int AscentPx() const { return m_ascentPx; }
+  [[nodiscard]] std::size_t ByteCount() const { return m_byteCount; }
+
+ private:
+  [[nodiscard]] QSize Measure(const QString &text) const;
+  [[nodiscard]] std::unique_ptr<Glyph> Rasterise(QChar character) const;
+
+  QFont m_clientFont;
+  QFont m_deviceFont;
+  QFont m_hardEdgedFont;
+  QRgb m_color;
+  int m_ascentPx;
+  std::array<std::unique_ptr<Glyph>, 256> m_lowGlyphs;
+  std::unordered_map<char16_t, std::unique_ptr<Glyph>> m_highGlyphs;
+  QHash<QString, QSize> m_extents;
+  QString m_lastText;
+  QSize m_lastExtent;
+  std::size_t m_byteCount = sizeof(FontFace);
+};
+
+/// The fonts used lately. Bounded: forgets everything when it has grown too large.
+class GlyphCache {
+ public:
+  /// The face is good until the next call.
+  [[nodiscard]] FontFace &Face(const TFont &font, double devicePixelRatio);
+
+ private:
+  struct Entry {
+    TFont font;
+    double devicePixelRatio;
+    std::unique_ptr<FontFace> face;
+  };
+
+  [[nodiscard]] Entry &Find(const TFont &font, double devicePixelRatio);
+  /// Forgets everything when too much has come together.
+  void Trim();
+
+  std::unordered_multimap<std::size_t, Entry> m_entries;
+  const Entry *m_last = nullptr;
+  std::size_t m_lastByteCount = 0;  ///< Of the last face, when it was made the last.
+  std::size_t m_byteCount = 0;      ///< Of all faces, but for what the last one has grown by.
+};
+
+}  // namespace tessera::detail

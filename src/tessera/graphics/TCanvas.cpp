@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/graphics/CanvasState.h>
+#include <tessera/graphics/EllipseRaster.h>
+#include <tessera/graphics/LineRaster.h>
+#include <tessera/graphics/PictureBlit.h>
+#include <tessera/graphics/TCanvas.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace tessera {
+
+using detail::DevicePen;
+using detail::DeviceRect;
+using detail::Fill;
+using detail::PaintStage;
+
+namespace {
+
+int Saturated(std::int64_t value) {
+  using Limits = std::numeric_limits<int>;
+  return int(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
+/// A frame of the pen's width, its inside filled; each pixel is touched once.
+void DrawFrame(const detail::Surface &surface, const DeviceRect &rect, const DevicePen &pen, const Fill &fill) {
+  const bool inside = pen.style == TPenStyle::psInsideFrame;
+  const DeviceRect outer = inside ? rect : rect.Inflated(-pen.OffsetPx());
+  const DeviceRect inner = outer.Inflated(-std::int64_t(pen.widthPx));
+  const Fill border(pen.ink);
+  if (inner.IsEmpty()) {
+    border.PaintRect(surface, outer);
+    return;
+  }
+  border.PaintRect(surface, {outer.left, outer.top, outer.right, inner.top});
+  border.PaintRect(surface, {outer.left, inner.top, inner.left, inner.bottom});
+  fill.PaintRect(surface, inner);
+  border.PaintRect(surface, {inner.right, inner.top, outer.right, inner.bottom});
+  border.PaintRect(surface, {outer.left, inner.bottom, outer.right, outer.bottom});
+}
+
+/// The client pixels on the border of a rectangle, as a closed line.
+std::array<TPoint, 5> FrameLine(const DeviceRect &rect, int unitPx) {
+  const int left = Saturated(rect.left);
+  const int top = Saturated(rect.top);
+  const int right = Saturated(std::max(rect.left, rect.right - unitPx));
+  const int bottom = Saturated(std::max(rect.top, rect.bottom - unitPx));
+  return {TPoint(left, top), TPoint(right, top), TPoint(right, bottom), TPoint(left, bottom), TPoint(left, top)};
+}
+
+std::optional<QRgb> TransparentOf(const TBitmap &bitmap) {
+  if (!bitmap.GetTransparent()) return std::nullopt;
+  return ToRgb(bitmap.GetTransparentColor());
+}
+
+}  // namespace
+
+TCanvas::TCanvas(TBitmap *bitmap) : d(std::make_unique<Private>(bitmap)) {}
+
+TCanvas::~TCanvas() = default;
+
+TPen &TCanvas::Pen() {
+  return d->m_pen;
+}
+
+TBrush &TCanvas::Brush() {
+  return d->m_brush;
+}
+
+TFont &TCanvas::Font() {
+  return d->m_font;
+}
+
+void TCanvas::SetFontEscapement(int tenthsOfDegree) {
+  d->m_escapement = tenthsOfDegree;
+}
+
+void TCanvas::FillRect(const QRect &rect) {
+  if (d->Attach()) d->MakeFill().PaintRect(d->GetSurface(), d->ToDevice(rect));
+}
+
+void TCanvas::Rectangle(int x1, int y1, int x2, int y2) {
+  if (!d->Attach()) return;
+  const DeviceRect rect = d->ToDeviceSorted(x1, y1, x2, y2);
+  const DevicePen pen = d->MakePen();
+  const Fill fill = d->MakeFill();
+  if (rect.IsEmpty()) return;
+  if (pen.IsClear()) {
+    fill.PaintRect(d->GetSurface(), rect);
+  } else if (!pen.IsDashed()) {
+    DrawFrame(d->GetSurface(), rect, pen, fill);
+  } else {
+    const std::array<TPoint, 5> line = FrameLine(rect, pen.unitPx);
+    const DeviceRect bounds = rect.Inflated(pen.widthPx);
+    d->Compose(bounds, pen, fill, [&](PaintStage &stage, const DevicePen &tool, const Fill &inside) {
+      double phasePx = 0;
+      inside.PaintRect(stage.GetSurface(), rect);
+      detail::StrokePolyline(stage, line, tool, phasePx);
+    });
+  }
+}
+
+void TCanvas::Ellipse(int x1, int y1, int x2, int y2) {
+  if (!d->Attach()) return;
+  const DeviceRect rect = d->ToDeviceSorted(x1, y1, x2, y2);
+  if (!rect.IsEmpty()) detail::DrawEllipse(d->GetSurface(), rect, d->MakePen(), d->MakeFill());
+}
+
+void TCanvas::Polygon(std::span<const TPoint> points) {
+  if (points.size() < 2 || !d->Attach()) return;
+  const std::span<const TPoint> corners = d->ToDevice(points);
+  const DevicePen pen = d->MakePen();
+  const Fill fill = d->MakeFill();
+  const DeviceRect picture = d->GetSurface().Bounds();
+  d->m_region.SetPolygon(corners, TFillMode::Alternate, QRect(0, 0, int(picture.right), int(picture.bottom)));
+  if (pen.IsClear()) {
+    fill.PaintRuns(d->GetSurface(), d->m_region.Runs());
+    return;
+  }
+  d->m_outline.assign(corners.begin(), corners.end());
+  d->m_outline.push_back(corners.front());
+  const DeviceRect bounds = BoundsOf(corners).Inflated(std::int64_t(pen.widthPx) + 2);
+  d->Compose(bounds, pen, fill, [&](PaintStage &stage, const DevicePen &tool, const Fill &inside) {
+    double phasePx = 0;
+    inside.PaintRuns(stage.GetSurface(), d->m_region.Runs());
+    detail::StrokePolyline(stage, d->m_outline, tool, phasePx);
+  });
+}
+
+void TCanvas::Polyline(std::span<const TPoint> points) {
+  if (points.size() < 2 || !d->Attach()) return;
+  const DevicePen pen = d->MakePen();
+  double phasePx = 0;
+  if (!pen.IsClear()) d->Stroke(d->ToDevice(points), pen, phasePx);
+}
+
+void TCanvas::MoveTo(int x, int y) {
+  d->m_position = {x, y};
+  d->m_dashPhasePx = 0;
+}
+
+void TCanvas::LineTo(int x, int y) {
+  const TPoint client[] = {d->m_position, {x, y}};
+  d->m_position = client[1];
+  if (!d->Attach()) return;
+  const DevicePen pen = d->MakePen();
+  if (pen.IsClear()) return;
+  const std::span<const TPoint> line = d->ToDevice(client);
+  if (pen.IsThin()) {
+    detail::DrawThinLine(d->GetSurface(), line[0], line[1], detail::LineEnd::Omitted, pen.ink);
+  } else {
+    d->Stroke(line, pen, d->m_dashPhasePx);
+  }
+}
+
+void TCanvas::PaintRgn(const TRgn &region) {
+  if (!region.IsEmpty() && d->Attach()) d->MakeFill().PaintRuns(d->GetSurface(), region.Runs());
+}
+
+void TCanvas::CreatePolygonRgn(std::span<const TPoint> points, TFillMode mode, TRgn &region) const {
+  if (!d->Attach()) {
+    region = TRgn();
+    return;
+  }
+  const detail::Surface &surface = d->GetSurface();
+  region.SetPolygon(d->ToDevice(points), mode, QRect(0, 0, surface.right, surface.bottom));
+}
+
+void TCanvas::Draw(int x, int y, const TBitmap &bitmap) {
+  StretchDraw(QRect(x, y, bitmap.GetWidth(), bitmap.GetHeight()), bitmap);
+}
+
+void TCanvas::StretchDraw(const QRect &rect, const TBitmap &bitmap) {
+  if (bitmap.IsEmpty() || !d->Attach()) return;
+  // A bitmap drawn on itself is copied here, because the surface must stay the only user of its pixels.
+  const QImage image = &bitmap == d->m_bitmap ? bitmap.GetImage().copy() : bitmap.GetImage();
+  const DeviceRect source{0, 0, image.width(), image.height()};
+  detail::BlitScaled(d->GetSurface(), d->ToDevice(rect), {image, source, TransparentOf(bitmap)});
+}
+
+void TCanvas::CopyRect(const QRect &dest, const TCanvas &canvas, const QRect &source) {
+  Private &other = *canvas.d;
+  if (!d->Attach() || !other.Attach()) return;
+  const QImage &picture = other.m_bitmap->GetImage();
+  const QImage image = other.m_bitmap == d->m_bitmap ? picture.copy() : picture;
+  detail::BlitScaled(d->GetSurface(), d->ToDevice(dest), {image, other.ToDevice(source), std::nullopt});
+}
+
+QRect TCanvas::GetClipRect() const {
+  return {0, 0, d->m_bitmap->GetWidth(), d->m_bitmap->GetHeight()};
+}
+
+}  // namespace tessera

@@ -1,0 +1,306 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/graphics/TRgn.h>
+
+#include <algorithm>
+#include <bit>
+#include <limits>
+#include <utility>
+
+namespace tessera {
+
+namespace {
+
+using Run = TRgn::Run;
+
+/// Appends [left, right) of row `y`, joined with the last run where they touch.
+void AppendRun(std::vector<Run> &runs, std::int32_t y, std::int32_t left, std::int32_t right) {
+  if (left >= right) return;
+  if (!runs.empty() && runs.back().y == y && runs.back().right == left) {
+    runs.back().right = right;
+  } else {
+    runs.push_back({y, left, right});
+  }
+}
+
+/// A side of the polygon on its way down. In the row that is k below its upper end (x, y) it crosses at
+/// x + ceil(k * dx / dy), which is the first pixel not left of it.
+struct Edge {
+  std::int64_t x;          ///< The crossing in the current row.
+  std::int64_t step;       ///< floor(dx / dy)
+  std::int64_t remainder;  ///< dx - step * dy
+  std::int64_t height;     ///< dy
+  std::int64_t error;      ///< How much the crossing was rounded up, in 1 / dy; always in 0 … dy - 1.
+  std::int32_t rowsLeft;
+  std::int32_t winding;
+  std::int32_t next;  ///< The next edge that begins in the same row, or -1.
+
+  void Advance() {
+    x += step;
+    error -= remainder;
+    if (error < 0) {
+      error += height;
+      ++x;
+    }
+  }
+};
+
+/// Goes over the crossings of one row from left to right and appends what lies inside.
+class RowSweep {
+ public:
+  RowSweep(std::int32_t y, std::int32_t insideBits, std::vector<Run> &runs)
+      : m_y(y), m_insideBits(insideBits), m_runs(runs) {}
+
+  void Cross(std::int32_t x, std::int32_t change) {
+    const bool wasInside = IsInside();
+    m_winding += change;
+    if (IsInside() == wasInside) return;
+    if (wasInside) {
+      AppendRun(m_runs, m_y, m_start, x);
+    } else {
+      m_start = x;
+    }
+  }
+
+  /// Ends the row at the clip; the sides that lie beyond it were left out.
+  void Finish(std::int32_t right) {
+    if (IsInside()) AppendRun(m_runs, m_y, m_start, right);
+  }
+
+ private:
+  [[nodiscard]] bool IsInside() const { return (m_winding & m_insideBits) != 0; }
+
+  std::int32_t m_y;
+  std::int32_t m_insideBits;  ///< The bits of a winding number that make a pixel an inner one.
+  std::int32_t m_winding = 0;
+  std::int32_t m_start = 0;
+  std::vector<Run> &m_runs;
+};
+
+/// Turns polygons into runs. Keeps its storage from one polygon to the next.
+class ScanConverter {
+ public:
+  void Convert(std::span<const TPoint> points, TFillMode mode, const QRect &clip, std::vector<Run> &runs) {
+    if (!Prepare(points, clip)) return;
+    m_insideBits = mode == TFillMode::Alternate ? 1 : -1;
+    CollectEdges(points);
+    m_active.clear();
+    for (std::int32_t y = m_top; y < m_bottom; ++y) {
+      for (std::int32_t i = m_firstOfRow[std::size_t(std::int64_t(y) - m_top)]; i >= 0;
+           i = m_edges[std::size_t(i)].next) {
+        m_active.push_back(m_edges[std::size_t(i)]);
+      }
+      if (m_active.size() <= kFewCrossings) {
+        EmitFew(y, runs);
+      } else {
+        EmitMany(y, runs);
+      }
+    }
+  }
+
+ private:
+  /// Up to here sorting is faster than counting by column.
+  static constexpr std::size_t kFewCrossings = 24;
+
+  /// Finds the rows to be converted. False when no pixel can be inside both polygon and clip.
+  bool Prepare(std::span<const TPoint> points, const QRect &clip) {
+    int minX = points[0].x();
+    int maxX = minX;
+    int minY = points[0].y();
+    int maxY = minY;
+    for (const TPoint &point : points) {
+      minX = std::min(minX, point.x());
+      maxX = std::max(maxX, point.x());
+      minY = std::min(minY, point.y());
+      maxY = std::max(maxY, point.y());
+    }
+    constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
+    m_left = clip.left();
+    m_right = std::int32_t(std::min(kLargest, std::int64_t(clip.right()) + 1));
+    m_top = std::max(minY, clip.top());
+    m_bottom = std::int32_t(std::min<std::int64_t>(maxY, std::int64_t(clip.bottom()) + 1));
+    return m_top < m_bottom && minX < m_right && maxX > m_left;
+  }
+
+  void CollectEdges(std::span<const TPoint> points) {
+    m_edges.clear();
+    m_firstOfRow.assign(std::size_t(std::int64_t(m_bottom) - m_top), -1);
+    const TPoint *from = &points.back();
+    for (const TPoint &to : points) {
+      if (from->y() < to.y()) {
+        AddEdge(*from, to, 1);
+      } else if (from->y() > to.y()) {
+        AddEdge(to, *from, -1);
+      }
+      from = &to;
+    }
+  }
+
+  void AddEdge(const TPoint &upper, const TPoint &lower, std::int32_t winding) {
+    const std::int32_t first = std::max(upper.y(), m_top);
+    const std::int32_t end = std::min(lower.y(), m_bottom);
+    if (first >= end || (upper.x() >= m_right && lower.x() >= m_right)) return;
+    Edge edge{upper.x(), 0, 0, std::int64_t(lower.y()) - upper.y(), 0, end - first, winding, 0};
+    const std::int64_t dx = std::int64_t(lower.x()) - upper.x();
+    if (dx != 0) SetSlope(edge, dx, std::uint64_t(std::int64_t(first) - upper.y()));
+    std::int32_t &head = m_firstOfRow[std::size_t(std::int64_t(first) - m_top)];
+    edge.next = head;
+    head = std::int32_t(m_edges.size());
+    m_edges.push_back(edge);
+  }
+
+  /// Sets the slope and goes `rows` rows down. All products stay below 2^64 because rows, remainder < dy < 2^32.
+  static void SetSlope(Edge &edge, std::int64_t dx, std::uint64_t rows) {
+    constexpr std::int64_t kNarrow = std::numeric_limits<std::int32_t>::max();
+    if (dx >= -kNarrow && dx <= kNarrow && edge.height <= kNarrow) {  // a narrow division is several times faster
+      edge.step = std::int32_t(dx) / std::int32_t(edge.height);
+      edge.remainder = std::int32_t(dx) % std::int32_t(edge.height);
+    } else {
+      edge.step = dx / edge.height;
+      edge.remainder = dx % edge.height;
+    }
+    if (edge.remainder < 0) {
+      edge.remainder += edge.height;
+      --edge.step;
+    }
+    if (rows == 0) return;
+    const auto height = std::uint64_t(edge.height);
+    const std::uint64_t offset = rows * std::uint64_t(edge.remainder);
+    const std::uint64_t whole = offset / height + (offset % height != 0 ? 1 : 0);
+    edge.x += std::int64_t(rows) * edge.step + std::int64_t(whole);
+    edge.error = std::int64_t(whole * height - offset);
+  }
+
+  /// Calls `crossing(x, winding)` for the crossing of each active edge with the current row, cut to the clip, and
+  /// moves the edges on to the next row.
+  template <typename Crossing>
+  void TakeCrossings(Crossing crossing) {
+    for (std::size_t i = 0; i < m_active.size();) {
+      Edge &edge = m_active[i];
+      crossing(std::int32_t(std::clamp<std::int64_t>(edge.x, m_left, m_right)), edge.winding);
+      if (--edge.rowsLeft > 0) {
+        edge.Advance();
+        ++i;
+      } else {
+        edge = m_active.back();
+        m_active.pop_back();
+      }
+    }
+  }
+
+  void EmitFew(std::int32_t y, std::vector<Run> &runs) {
+    // Column and winding in one number, so that a comparison sorts by column.
+    std::int64_t crossings[kFewCrossings];
+    std::size_t count = 0;
+    TakeCrossings([&](std::int32_t x, std::int32_t winding) {
+      const std::int64_t key = std::int64_t(x) * 4 + (winding + 1);
+      std::size_t place = count++;
+      for (; place > 0 && crossings[place - 1] > key; --place) crossings[place] = crossings[place - 1];
+      crossings[place] = key;
+    });
+    RowSweep sweep(y, m_insideBits, runs);
+    for (std::size_t i = 0; i < count; ++i) {
+      sweep.Cross(std::int32_t(crossings[i] >> 2), std::int32_t(crossings[i] & 3) - 1);
+    }
+    sweep.Finish(m_right);
+  }
+
+  /// As EmitFew, in time linear in the crossings: the windings are summed up by column.
+  void EmitMany(std::int32_t y, std::vector<Run> &runs) {
+    const std::size_t columns = std::size_t(std::int64_t(m_right) - m_left) + 1;
+    m_windingOfColumn.resize(std::max(m_windingOfColumn.size(), columns));
+    m_touched.resize(std::max(m_touched.size(), columns / 64 + 1));
+    TakeCrossings([&](std::int32_t x, std::int32_t winding) {
+      const auto column = std::size_t(std::int64_t(x) - m_left);
+      m_windingOfColumn[column] += winding;
+      m_touched[column / 64] |= std::uint64_t(1) << (column % 64);
+    });
+    RowSweep sweep(y, m_insideBits, runs);
+    for (std::size_t word = 0; word <= columns / 64; ++word) {
+      for (std::uint64_t bits = std::exchange(m_touched[word], 0); bits != 0; bits &= bits - 1) {
+        const std::size_t column = word * 64 + std::size_t(std::countr_zero(bits));
+        const std::int32_t change = std::exchange(m_windingOfColumn[column], 0);
+        sweep.Cross(std::int32_t(std::int64_t(column) + m_left), change);
+      }
+    }
+    sweep.Finish(m_right);
+  }
+
+  std::vector<Edge> m_edges;
+  std::vector<Edge> m_active;
+  std::vector<std::int32_t> m_firstOfRow;
+  std::vector<std::int32_t> m_windingOfColumn;  ///< All 0 between rows.
+  std::vector<std::uint64_t> m_touched;         ///< A bit per column; all 0 between rows.
+  std::int32_t m_left = 0;
+  std::int32_t m_right = 0;
+  std::int32_t m_top = 0;
+  std::int32_t m_bottom = 0;
+  std::int32_t m_insideBits = 0;
+};
+
+/// Walks over the borders of the runs of one row, left and right alternately.
+class BorderCursor {
+ public:
+  BorderCursor(const std::vector<Run> &runs) : m_run(runs.data()), m_end(runs.data() + runs.size()) {}
+  [[nodiscard]] bool IsAtEnd() const { return m_run == m_end; }
+  [[nodiscard]] std::int32_t Row() const { return m_run->y; }
+  [[nodiscard]] bool IsIn(std::int32_t y) const { return m_run != m_end && m_run->y == y; }
+  [[nodiscard]] std::int32_t Border() const { return m_isRight ? m_run->right : m_run->left; }
+  void Next() {
+    if (m_isRight) ++m_run;
+    m_isRight = !m_isRight;
+  }
+
+ private:
+  const Run *m_run;
+  const Run *m_end;
+  bool m_isRight = false;
+};
+
+void XorRow(BorderCursor &a, BorderCursor &b, std::int32_t y, std::vector<Run> &result) {
+  bool inside = false;
+  std::int32_t start = 0;
+  while (a.IsIn(y) || b.IsIn(y)) {
+    const bool takeA = a.IsIn(y) && (!b.IsIn(y) || a.Border() <= b.Border());
+    BorderCursor &cursor = takeA ? a : b;
+    const std::int32_t x = cursor.Border();
+    cursor.Next();
+    if (inside) AppendRun(result, y, start, x);
+    inside = !inside;
+    start = x;
+  }
+}
+
+}  // namespace
+
+void TRgn::SetPolygon(std::span<const TPoint> points, TFillMode mode, const QRect &clip) {
+  m_runs.clear();
+  if (points.size() < 3 || clip.isEmpty()) return;
+  thread_local ScanConverter converter;
+  converter.Convert(points, mode, clip, m_runs);
+}
+
+void TRgn::XorWith(const TRgn &other) {
+  if (other.m_runs.empty()) return;
+  thread_local std::vector<Run> result;
+  result.clear();
+  BorderCursor mine(m_runs);
+  BorderCursor theirs(other.m_runs);
+  while (!mine.IsAtEnd() || !theirs.IsAtEnd()) {
+    const bool mineFirst = theirs.IsAtEnd() || (!mine.IsAtEnd() && mine.Row() <= theirs.Row());
+    XorRow(mine, theirs, mineFirst ? mine.Row() : theirs.Row(), result);
+  }
+  m_runs.swap(result);
+}
+
+TRgnComplexity TRgn::GetComplexity() const {
+  if (m_runs.empty()) return TRgnComplexity::NullRegion;
+  const Run &first = m_runs.front();
+  std::int32_t y = first.y;
+  for (const Run &run : m_runs) {
+    if (run.left != first.left || run.right != first.right || run.y != y) return TRgnComplexity::ComplexRegion;
+    ++y;
+  }
+  return TRgnComplexity::SimpleRegion;
+}
+
+}  // namespace tessera
