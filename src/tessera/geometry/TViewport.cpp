@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/geometry/TViewport.h>
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace tessera {
+namespace {
+
+constexpr long double MinPixel = std::numeric_limits<std::int32_t>::min();
+constexpr long double MaxPixel = std::numeric_limits<std::int32_t>::max();
+
+int PixelOf(long double position) {
+  const long double rounded = std::rint(position);
+  if (!(rounded > MinPixel)) return std::numeric_limits<std::int32_t>::min();
+  return rounded < MaxPixel ? int(rounded) : std::numeric_limits<std::int32_t>::max();
+}
+
+int CheckedPixelOf(long double position) {
+  const long double rounded = std::rint(position);
+  if (!(rounded >= MinPixel && rounded <= MaxPixel)) {
+    throw ERangeError(QStringLiteral("Screen coordinate out of range"));
+  }
+  return int(rounded);
+}
+
+/// The transform in doubles, which settles a pixel unless the position lies too near to the middle between two.
+/// For positions up to MaxPosition the error of the few operations in doubles stays far below TieMargin.
+struct FastTransform {
+  static constexpr double MaxPosition = 1e6;
+  static constexpr double TieMargin = 1e-8;
+  /// Adding and taking away 1.5 * 2^52 rounds to an integer, halves to even.
+  static constexpr double RoundingShift = 6755399441055744.0;
+
+  double centerX, centerY, kx, ky, halfWidth, halfHeight;
+
+  /// False when the exact way has to decide.
+  static bool Round(double position, int &pixel) {
+    const double rounded = (position + RoundingShift) - RoundingShift;
+    pixel = int(rounded);
+    return (std::abs(position - rounded) < 0.5 - TieMargin) & (std::abs(position) < MaxPosition);
+  }
+  bool operator()(const TMapPoint &point, QPoint &out) const {
+    const double x = halfWidth + (point.X - centerX) * kx;
+    const double y = halfHeight - (point.Y - centerY) * ky;
+    // Positions out of range (not-a-number included) must not reach the conversion to int.
+    const bool inRange = (std::abs(x) < MaxPosition) & (std::abs(y) < MaxPosition);
+    int px = 0;
+    int py = 0;
+    const bool isSettled = Round(inRange ? x : 0.0, px) & Round(inRange ? y : 0.0, py);
+    out = QPoint(px, py);
+    return inRange & isSettled;
+  }
+};
+
+}  // namespace
+
+TViewport::Scale TViewport::GetScale() const {
+  const long double width = static_cast<long double>(MaxX) - MinX;
+  const long double height = static_cast<long double>(MaxY) - MinY;
+  if (width == 0 || height == 0) throw EZeroDivide(QStringLiteral("The map's reference extent has no width or height"));
+  const long double ratio = height / width;
+  return {ClientWidth / width * Zoom, ClientWidth * ratio / height * Zoom};
+}
+
+TMapPoint TViewport::ScreenToMap(int x, int y) const {
+  const Scale scale = GetScale();
+  if (scale.Kx == 0 || scale.Ky == 0) throw EZeroDivide(QStringLiteral("The map's scale is zero"));
+  return {double((x - ClientWidth / 2.0L) / scale.Kx + CenterX),
+          double(-(y - ClientHeight / 2.0L) / scale.Ky + CenterY)};
+}
+
+QPoint TViewport::MapToScreen(double mx, double my) const {
+  const Scale scale = GetScale();
+  return {PixelOf(ClientWidth / 2.0L + (static_cast<long double>(mx) - CenterX) * scale.Kx),
+          PixelOf(ClientHeight / 2.0L - (static_cast<long double>(my) - CenterY) * scale.Ky)};
+}
+
+QPoint TViewport::MapToScreenClipped(double mx, double my) const {
+  const Scale scale = GetScale();
+  const TMapPoint leftTop = ScreenToMap(0, 0);
+  const TMapPoint rightBottom = ScreenToMap(ClientWidth, ClientHeight);
+  QPoint pixel;
+  if (mx < leftTop.X) {
+    pixel.setX(-1);
+  } else if (mx > rightBottom.X) {
+    pixel.setX(ClientWidth);
+  } else {
+    pixel.setX(CheckedPixelOf(ClientWidth / 2.0L + (static_cast<long double>(mx) - CenterX) * scale.Kx));
+  }
+  if (my > leftTop.Y) {
+    pixel.setY(-1);
+  } else if (my < rightBottom.Y) {
+    pixel.setY(ClientHeight);
+  } else {
+    pixel.setY(CheckedPixelOf(ClientHeight / 2.0L - (static_cast<long double>(my) - CenterY) * scale.Ky));
+  }
+  return pixel;
+}
+
+void TViewport::MapToScreen(std::span<const TMapPoint> points, QPoint *out) const {
+  const Scale scale = GetScale();
+  const FastTransform transform{CenterX,          CenterY,           double(scale.Kx),
+                                double(scale.Ky), ClientWidth / 2.0, ClientHeight / 2.0};
+  constexpr std::size_t BlockSize = 64;
+  for (std::size_t first = 0; first < points.size(); first += BlockSize) {
+    const auto block = points.subspan(first, std::min(BlockSize, points.size() - first));
+    bool isSettled = true;
+    for (std::size_t i = 0; i < block.size(); ++i) isSettled &= transform(block[i], out[first + i]);
+    if (isSettled) continue;
+    for (std::size_t i = 0; i < block.size(); ++i) out[first + i] = MapToScreen(block[i].X, block[i].Y);
+  }
+}
+
+TBounds TViewport::GetViewBounds() const {
+  const TMapPoint leftTop = ScreenToMap(0, 0);
+  const TMapPoint rightBottom = ScreenToMap(ClientWidth, ClientHeight);
+  return {leftTop.X, rightBottom.Y, rightBottom.X, leftTop.Y};
+}
+
+}  // namespace tessera
