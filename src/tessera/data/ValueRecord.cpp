@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/data/ValueRecord.h>
+
+#include <cstring>
+
+namespace tessera::detail {
+namespace {
+
+enum Tag : char { Unassigned, Text, Integer, Real, False, True, Moment };
+
+// The length of a text is written in groups of seven bits, low ones first; the high bit says that more follow.
+constexpr unsigned GroupBits = 7;
+constexpr unsigned char MoreGroups = 0x80;
+
+std::size_t ReadLength(std::string_view bytes, std::size_t &at) {
+  std::size_t length = 0;
+  for (unsigned shift = 0;; shift += GroupBits) {
+    const auto group = static_cast<unsigned char>(bytes[at++]);
+    length |= std::size_t(group & ~MoreGroups) << shift;
+    if ((group & MoreGroups) == 0) return length;
+  }
+}
+
+std::size_t PackedSize(std::string_view bytes) {
+  switch (bytes[0]) {
+    case Text: {
+      std::size_t at = 1;
+      const std::size_t length = ReadLength(bytes, at);
+      return at + length;
+    }
+    case Integer:
+      return 1 + sizeof(std::int32_t);
+    case Real:
+    case Moment:
+      return 1 + sizeof(double);
+    default:
+      return 1;
+  }
+}
+
+template <typename T>
+T Payload(std::string_view packed) {
+  T value;
+  std::memcpy(&value, packed.data() + 1, sizeof value);
+  return value;
+}
+
+}  // namespace
+
+void ValueRecordWriter::AppendRaw(char tag, const void *payload, std::size_t size) {
+  m_bytes.push_back(tag);
+  const char *first = static_cast<const char *>(payload);
+  m_bytes.insert(m_bytes.end(), first, first + size);
+}
+
+void ValueRecordWriter::AppendUnassigned() {
+  m_bytes.push_back(Unassigned);
+}
+
+void ValueRecordWriter::AppendText(std::string_view utf8) {
+  m_bytes.push_back(Text);
+  std::size_t rest = utf8.size();
+  for (; rest >= MoreGroups; rest >>= GroupBits) m_bytes.push_back(char((rest & 0x7F) | MoreGroups));
+  m_bytes.push_back(char(rest));
+  m_bytes.insert(m_bytes.end(), utf8.begin(), utf8.end());
+}
+
+void ValueRecordWriter::Append(const TDataValue &value) {
+  if (const auto *text = std::get_if<QString>(&value)) {
+    const QByteArray utf8 = text->toUtf8();
+    AppendText({utf8.constData(), std::size_t(utf8.size())});
+  } else if (const auto *integer = std::get_if<std::int32_t>(&value)) {
+    AppendRaw(Integer, integer, sizeof *integer);
+  } else if (const auto *real = std::get_if<double>(&value)) {
+    AppendRaw(Real, real, sizeof *real);
+  } else if (const auto *flag = std::get_if<bool>(&value)) {
+    m_bytes.push_back(*flag ? True : False);
+  } else if (const auto *moment = std::get_if<TDateTime>(&value)) {
+    AppendRaw(Moment, &moment->days, sizeof moment->days);
+  } else {
+    AppendUnassigned();
+  }
+}
+
+std::string_view ValueRecordReader::NextPacked() {
+  if (m_rest.empty()) return {};
+  const std::string_view packed = m_rest.substr(0, PackedSize(m_rest));
+  m_rest.remove_prefix(packed.size());
+  return packed;
+}
+
+bool ValueRecordReader::IsText(std::string_view packed, std::string_view &utf8) {
+  if (packed.empty() || packed[0] != Text) return false;
+  std::size_t at = 1;
+  const std::size_t length = ReadLength(packed, at);
+  utf8 = packed.substr(at, length);
+  return true;
+}
+
+TDataValue ValueRecordReader::Unpack(std::string_view packed) {
+  std::string_view utf8;
+  if (IsText(packed, utf8)) return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+  switch (packed.empty() ? char(Unassigned) : packed[0]) {
+    case Integer:
+      return Payload<std::int32_t>(packed);
+    case Real:
+      return Payload<double>(packed);
+    case False:
+      return false;
+    case True:
+      return true;
+    case Moment:
+      return TDateTime{Payload<double>(packed)};
+    default:
+      return {};
+  }
+}
+
+ValueRecord &ValueRecord::operator=(const ValueRecord &other) {
+  if (this != &other) Assign(other.Bytes());
+  return *this;
+}
+
+std::string_view ValueRecord::Bytes() const {
+  if (!m_block) return {};
+  std::uint32_t size = 0;
+  std::memcpy(&size, m_block.get(), sizeof size);
+  return {m_block.get() + sizeof size, size};
+}
+
+void ValueRecord::Assign(std::string_view bytes) {
+  if (bytes.empty()) return Clear();
+  const auto size = std::uint32_t(bytes.size());
+  auto block = std::make_unique_for_overwrite<char[]>(sizeof size + size);
+  std::memcpy(block.get(), &size, sizeof size);
+  std::memcpy(block.get() + sizeof size, bytes.data(), size);
+  m_block = std::move(block);
+}
+
+TDataValue ValueRecord::Get(int index) const {
+  ValueRecordReader reader(*this);
+  for (int i = 0; i < index; ++i) reader.NextPacked();
+  return reader.Next();
+}
+
+void ValueRecord::Replace(int index, int count, std::string_view packed) {
+  ValueRecordWriter writer;
+  ValueRecordReader reader(*this);
+  for (int i = 0; i < index; ++i) {
+    if (reader.AtEnd()) {
+      writer.AppendUnassigned();
+    } else {
+      writer.AppendPacked(reader.NextPacked());
+    }
+  }
+  for (int i = 0; i < count; ++i) reader.NextPacked();
+  writer.AppendPacked(packed);
+  while (!reader.AtEnd()) writer.AppendPacked(reader.NextPacked());
+  Assign(writer.Bytes());
+}
+
+void ValueRecord::Set(int index, const TDataValue &value) {
+  ValueRecordWriter packed;
+  packed.Append(value);
+  Replace(index, 1, packed.Bytes());
+}
+
+void ValueRecord::Insert(int index, const TDataValue &value) {
+  ValueRecordWriter packed;
+  packed.Append(value);
+  Replace(index, 0, packed.Bytes());
+}
+
+void ValueRecord::Remove(int index) {
+  Replace(index, 1, {});
+}
+
+}  // namespace tessera::detail
