@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/base/Export.h>
+#include <tessera/base/TBounds.h>
+
+namespace tessera {
+
+/// Whether the bounds of an object and a rectangle meet: a corner of one lies in the other, or their sides cross.
+/// Borders count. For two rectangles whose corners are in order this is a plain test of overlap; an inverted one (of an
+/// object without vertices, or a rectangle passed the wrong way round) is put through the corners and sides as they
+/// are.
+[[nodiscard]] TESSERA_CORE_EXPORT bool BoundsMeetRect(const TBounds &bounds, const TBounds &rect);
+
+/// The same by corners and sides alone, whatever the order of the corners. Slow; the yardstick of the above.
+[[nodiscard]] TESSERA_CORE_EXPORT bool CornersOrSidesMeet(const TBounds &bounds, const TBounds &rect);
+
+}  // namespace tessera

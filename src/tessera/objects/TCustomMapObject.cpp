@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/geometry/PolySplitter.h>
+#include <tessera/graphics/TCanvas.h>
+#include <tessera/objects/RectTests.h>
+#include <tessera/objects/TCustomMapObject.h>
+
+#include <algorithm>
+
+namespace tessera {
+namespace {
+
+/// The style of an object that was not given one yet; all such objects share it.
+const TObjectStylePtr &InitialStyle() {
+  static const TObjectStylePtr style(new TObjectStyle);
+  return style;
+}
+
+/// What a highlight's colours are XORed with, so that it stands out in blue.
+constexpr TColor HighlightMask = 0x800000;
+
+template <typename Test>
+bool AnyVertex(const TCustomMapObject &object, Test test) {
+  const auto parts = object.GetParts().Items();
+  return std::any_of(parts.begin(), parts.end(), [&](const TPart &part) {
+    const auto points = part.GetPoints().Points();
+    return std::any_of(points.begin(), points.end(), test);
+  });
+}
+
+}  // namespace
+
+TCustomMapObject::TCustomMapObject() : m_style(InitialStyle()) {}
+
+TCustomMapObject::~TCustomMapObject() {
+  if (m_map && !m_map->IsBeingDestroyed()) {
+    m_map->Deselect(*this);
+    m_map->UnregisterDisplayed(*this);
+    m_map->FireDeleteObject(*this);
+    m_map->TraceMapEvent(mdlRemoveObject, this);
+    m_map->DoUpdate(true);
+  }
+  if (m_layer) m_layer->ForgetObject(*this);
+}
+
+void TCustomMapObject::UpdateBounds() {
+  TBounds bounds = TBounds::Empty();
+  for (const TPart &part : std::as_const(m_parts).Items()) {
+    for (const TMapPoint &point : part.GetPoints().Points()) bounds.Widen(point.X, point.Y);
+  }
+  m_parts.SetBounds(bounds);
+}
+
+void TCustomMapObject::Draw() {
+  if (m_map) m_map->RegisterDisplayed(*this);
+}
+
+void TCustomMapObject::DrawSelection() {
+  if (m_map && m_map->GetViewFlags().ShowSelection) PrepareCanvasAtributes();
+}
+
+bool TCustomMapObject::ContainsPoint(double x, double y) const {
+  return GetBounds().ContainsPoint(x, y);
+}
+
+bool TCustomMapObject::Intersects(const TCustomMapObject &object) const {
+  return AnyVertex(object, [this](const TMapPoint &point) { return ContainsPoint(point.X, point.Y); });
+}
+
+bool TCustomMapObject::Contains(const TCustomMapObject &object) const {
+  return !AnyVertex(object, [this](const TMapPoint &point) { return !ContainsPoint(point.X, point.Y); });
+}
+
+bool TCustomMapObject::Within(const TCustomMapObject &object) const {
+  return object.Contains(*this);
+}
+
+bool TCustomMapObject::IntersectsRect(double x1, double y1, double x2, double y2) const {
+  return BoundsMeetRect(GetBounds(), {x1, y1, x2, y2});
+}
+
+bool TCustomMapObject::WithinRect(double x1, double y1, double x2, double y2) const {
+  const TBounds rect{x1, y1, x2, y2};
+  return !AnyVertex(*this, [&rect](const TMapPoint &point) { return !rect.ContainsPoint(point.X, point.Y); });
+}
+
+bool TCustomMapObject::ContainsRect(double x1, double y1, double x2, double y2) const {
+  return ContainsPoint(x1, y1) && ContainsPoint(x2, y1) && ContainsPoint(x2, y2) && ContainsPoint(x1, y2);
+}
+
+void TCustomMapObject::AssignToolsToCanvas(TCanvas &canvas) const {
+  const TObjectStyle &style = *m_style;
+  canvas.Pen() = style.pen;
+  if (!(canvas.Brush() == style.brush)) canvas.Brush() = style.brush;
+  if (!(canvas.Font() == style.font)) canvas.Font() = style.font;
+}
+
+void TCustomMapObject::PrepareCanvasAtributes() {
+  TCanvas &canvas = Canvas();
+  AssignToolsToCanvas(canvas);
+  canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+  if (GetUseBGColor()) {
+    canvas.Brush().SetColor(GetBGColor() ^ HighlightMask);
+    canvas.Pen().SetColor(GetPen().GetColor());
+  } else {
+    canvas.Brush().SetColor(GetBrush().GetColor() ^ HighlightMask);
+    canvas.Pen().SetColor(GetPen().GetColor() ^ HighlightMask);
+  }
+  canvas.Pen().SetMode(TPenMode::pmXor);
+}
+
+void TCustomMapObject::Paint() {
+  constexpr int SelectedPenExtraPx = 2;
+  if (m_map == nullptr) return;
+  TCanvas &canvas = Canvas();
+  AssignToolsToCanvas(canvas);
+  if (!m_map->GetViewFlags().FastSelection && GetSelected()) {
+    canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+    canvas.Brush().SetBitmap(m_map->GetSelectionPattern());
+    canvas.Pen().SetMode(TPenMode::pmCopy);
+    canvas.Pen().SetColor(clNavy);
+    canvas.Pen().SetWidth(canvas.Pen().GetWidth() + SelectedPenExtraPx);
+  }
+  Draw();
+  if (m_layer && m_layer->GetAutoLabel()) DrawLabel(canvas);
+}
+
+void TCustomMapObject::DrawLabel(TCanvas &canvas) {
+  const int field = m_layer->GetLabelFieldIndex();
+  if (field < 0 || field >= m_layer->GetFieldCount()) return;
+  const TViewport &viewport = m_map->GetViewport();
+  const TBounds view = viewport.GetViewBounds();
+  if (!WithinRect(view.MinX, view.MinY, view.MaxX, view.MaxY)) return;
+  const auto parts = std::as_const(m_parts).Items();
+  const bool isPoint = parts.size() == 1 && parts[0].GetPoints().GetCount() == 1;
+  const TBounds &bounds = GetBounds();
+  const TPoint anchor = isPoint
+                            ? GetPixels(0, 0)
+                            : viewport.MapToScreen((bounds.MinX + bounds.MaxX) / 2, (bounds.MinY + bounds.MaxY) / 2);
+  canvas.Brush().SetStyle(TBrushStyle::bsClear);
+  canvas.Font() = m_layer->GetAutoLabelFont();
+  const QString text = std::as_const(m_fields).GetFields(field).GetAsString();
+  const QSize extent = canvas.TextExtent(text);
+  canvas.TextOut(anchor.x() - extent.width() / 2, anchor.y() - extent.height() / 2, text);
+}
+
+TPoint TCustomMapObject::GetPixels(int part, int point) const {
+  const TMapPoint &vertex = m_parts.GetItems(part).GetPoints().GetPoint(point);
+  return m_map->GetViewport().MapToScreen(vertex.X, vertex.Y);
+}
+
+bool TCustomMapObject::GetSelected() const {
+  return m_map && m_map->IsSelected(*this);
+}
+
+void TCustomMapObject::SetSelected(bool /*value*/) {
+  DrawSelection();
+}
+
+void TCustomMapObject::Select() {
+  if (m_map && !GetSelected()) m_map->SelectAlone(*this);
+}
+
+TPart &TCustomMapObject::FirstPart() {
+  return m_parts.GetCount() == 0 ? m_parts.Add() : m_parts.GetFirst();
+}
+
+TMapPoint TCustomMapObject::GetAnchor() {
+  TMapPoints &points = FirstPart().GetPoints();
+  return points.GetCount() == 0 ? points.Add(0, 0) : points.GetPoint(0);
+}
+
+TMapPoint TCustomMapObject::GetAnchor() const {
+  const auto parts = m_parts.Items();
+  return parts.empty() || parts[0].GetPoints().GetCount() == 0 ? TMapPoint{0, 0} : parts[0].GetPoints().GetPoint(0);
+}
+
+void TCustomMapObject::SetAnchorX(double x) {
+  TMapPoints &points = FirstPart().GetPoints();
+  if (points.GetCount() == 0) {
+    points.Add(x, 0);
+  } else {
+    points.SetPoint(0, {x, points.GetPoint(0).Y});
+  }
+}
+
+void TCustomMapObject::SetAnchorY(double y) {
+  TMapPoints &points = FirstPart().GetPoints();
+  if (points.GetCount() == 0) {
+    points.Add(0, y);
+  } else {
+    points.SetPoint(0, {points.GetPoint(0).X, y});
+  }
+}
+
+void TCustomMapObject::MoveAnchor(double x, double y) {
+  TMapPoints &points = FirstPart().GetPoints();
+  points.Restart();
+  m_parts.SetBounds(TBounds::Empty());
+  points.Add(x, y);
+}
+
+}  // namespace tessera

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/base/TObject.h>
+#include <tessera/data/TDataFields.h>
+#include <tessera/graphics/TRgn.h>
+#include <tessera/objects/TMapHost.h>
+#include <tessera/objects/TObjectLayer.h>
+#include <tessera/objects/TParts.h>
+
+#include <memory>
+
+namespace tessera {
+
+class TTessera;
+
+/// Base of everything that is drawn on a map: geometry, drawing tools, attribute values, and the spatial questions that
+/// selection, tools and queries ask. Here they are answered from the bounds and the vertices; kinds refine them.
+///
+/// All coordinates are map units. Rectangle tests are inclusive and take (X1, Y1) as the lower and (X2, Y2) as the
+/// upper corner as given, without putting them in order. The layer owns the object; the map and the layer are only
+/// referred to.
+class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
+ public:
+  TCustomMapObject();
+  /// Leaves the selection and the displayed objects of its map, tells of it, and leaves its layer.
+  ~TCustomMapObject() override;
+
+  /// Computes the bounds from every vertex. An object without vertices gets bounds that contain nothing.
+  virtual void UpdateBounds();
+  /// Draws the object's figure with the tools that the canvas holds and enters it into the displayed objects.
+  virtual void Draw();
+  /// Draws the highlight on the map's canvas, or takes it away again: it is XORed with the picture.
+  virtual void DrawSelection();
+  virtual bool ContainsPoint(double x, double y) const;
+  /// Whether some vertex of `object` passes ContainsPoint.
+  virtual bool Intersects(const TCustomMapObject &object) const;
+  /// Whether every vertex of `object` passes ContainsPoint; true when it has none.
+  virtual bool Contains(const TCustomMapObject &object) const;
+  /// Whether `object` contains this one.
+  virtual bool Within(const TCustomMapObject &object) const;
+  /// Whether the bounds and the rectangle have a point in common.
+  virtual bool IntersectsRect(double x1, double y1, double x2, double y2) const;
+  /// Whether every vertex lies in the rectangle; true when there is none.
+  virtual bool WithinRect(double x1, double y1, double x2, double y2) const;
+  /// Whether all four corners pass ContainsPoint.
+  virtual bool ContainsRect(double x1, double y1, double x2, double y2) const;
+  /// Which of the map's default fonts a new object of this kind gets.
+  [[nodiscard]] virtual TObjectFont GetFontKind() const { return TObjectFont::Symbol; }
+
+  /// Draws the object with its own tools, its selected look where selections are part of the picture, and its label.
+  void Paint();
+  /// Sets the canvas up for the highlight: the object's tools in inverted blue, XORed with what is there.
+  void PrepareCanvasAtributes();
+  [[nodiscard]] const TBounds &GetBounds() const { return m_parts.GetBounds(); }
+  /// The client pixel of one vertex. @throws ERangeError for a part or point that does not exist.
+  [[nodiscard]] TPoint GetPixels(int part, int point) const;
+
+  [[nodiscard]] bool GetSelected() const;
+  /// Draws the highlight once more, whatever the value; it does not change what is selected. Select does.
+  void SetSelected(bool value);
+  /// Makes this the only selected object of its map.
+  void Select();
+
+  /// The map, for callers that include TTessera.h.
+  template <class Map = TTessera>
+  [[nodiscard]] Map *GetMap() const {
+    return static_cast<Map *>(m_map);
+  }
+  [[nodiscard]] TMapHost *GetMapHost() const { return m_map; }
+  void SetMap(TMapHost *map) { m_map = map; }
+  /// The layer, for callers that include TMapLayer.h.
+  template <class Layer = TMapLayer>
+  [[nodiscard]] Layer *GetLayer() const {
+    return static_cast<Layer *>(m_layer);
+  }
+  [[nodiscard]] const TObjectLayer *GetObjectLayer() const { return m_layer; }
+  void SetLayer(TObjectLayer *layer) { m_layer = layer; }
+
+  [[nodiscard]] const TPen &GetPen() const { return m_style->pen; }
+  void SetPen(const TPen &pen) { m_style->pen = pen; }
+  [[nodiscard]] const TBrush &GetBrush() const { return m_style->brush; }
+  void SetBrush(const TBrush &brush) { m_style->brush = brush; }
+  [[nodiscard]] const TFont &GetFont() const { return m_style->font; }
+  virtual void SetFont(const TFont &font) { m_style->font = font; }
+  /// Whether areas are filled with the background colour before the brush.
+  [[nodiscard]] bool GetUseBGColor() const { return m_style->useBGColor; }
+  void SetUseBGColor(bool use) { m_style->useBGColor = use; }
+  [[nodiscard]] TColor GetBGColor() const { return m_style->bgColor; }
+  void SetBGColor(TColor color) { m_style->bgColor = color; }
+  /// All drawing tools at once; objects given the same style share it.
+  [[nodiscard]] const TObjectStylePtr &GetStyle() const { return m_style; }
+  void SetStyle(const TObjectStylePtr &style) { m_style = style; }
+
+  [[nodiscard]] TParts &GetParts() { return m_parts; }
+  [[nodiscard]] const TParts &GetParts() const { return m_parts; }
+  /// Takes over parts and bounds of another list, which gets the present ones.
+  void SetParts(TParts &parts) { m_parts.Swap(parts); }
+  [[nodiscard]] TDataFields &GetFields() { return m_fields; }
+  [[nodiscard]] const TDataFields &GetFields() const { return m_fields; }
+  void SetFields(TDataFields fields) { m_fields = std::move(fields); }
+  /// Free for the user.
+  [[nodiscard]] int GetTag() const { return m_tag; }
+  void SetTag(int tag) { m_tag = tag; }
+
+ protected:
+  /// Coordinates of the first vertex, for the kinds that stand on a point; the part and the vertex are made when
+  /// missing.
+  [[nodiscard]] TMapPoint GetAnchor();
+  void SetAnchorX(double x);
+  void SetAnchorY(double y);
+  /// Makes (x, y) the only vertex of the first part, and the bounds those of this vertex.
+  void MoveAnchor(double x, double y);
+  /// The first vertex, or (0, 0) where there is none.
+  [[nodiscard]] TMapPoint GetAnchor() const;
+  [[nodiscard]] TCanvas &Canvas() const { return m_map->GetCanvas(); }
+
+ private:
+  friend class TDisplayedObjects;
+  void AssignToolsToCanvas(TCanvas &canvas) const;
+  void DrawLabel(TCanvas &canvas);
+  TPart &FirstPart();
+
+  TMapHost *m_map = nullptr;
+  TObjectLayer *m_layer = nullptr;
+  TObjectStylePtr m_style;
+  TParts m_parts;
+  TDataFields m_fields;
+  int m_tag = 0;
+  /// Place in the displayed objects, if it is there that the object stands; kept by TDisplayedObjects.
+  std::uint32_t m_displayedAt = 0;
+};
+
+/// Makes an object of one kind; what layers and readers take as a class.
+using TMapObjectClass = std::unique_ptr<TCustomMapObject> (*)();
+
+template <class Kind>
+[[nodiscard]] std::unique_ptr<TCustomMapObject> CreateMapObject() {
+  return std::make_unique<Kind>();
+}
+
+}  // namespace tessera

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/objects/TMapPoints.h>
+#include <tessera/objects/TParts.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace tessera {
+
+/// What precedes the vertices. Stored bounds take the room of the first two vertices.
+struct TMapPoints::Block {
+  TParts *owner;
+  std::uint32_t count;
+  std::uint32_t capacity : 31;
+  std::uint32_t storesBounds : 1;
+
+  static constexpr std::size_t BoundsSlots = sizeof(TBounds) / sizeof(TMapPoint);
+
+  [[nodiscard]] TMapPoint *Slots() { return reinterpret_cast<TMapPoint *>(this + 1); }
+  [[nodiscard]] TMapPoint *Vertices() { return Slots() + (storesBounds ? BoundsSlots : 0); }
+  [[nodiscard]] TBounds &StoredBounds() { return *reinterpret_cast<TBounds *>(Slots()); }
+};
+
+namespace {
+
+constexpr char PointIndex[] = "Point";
+constexpr std::size_t MaxCount = std::numeric_limits<std::int32_t>::max();
+
+TBounds BoundsOf(std::span<const TMapPoint> points) {
+  TBounds bounds = TBounds::Empty();
+  for (const TMapPoint &point : points) bounds.Widen(point.X, point.Y);
+  return bounds;
+}
+
+}  // namespace
+
+TMapPoints &TMapPoints::operator=(TMapPoints &&other) noexcept {
+  std::swap(m_block, other.m_block);
+  return *this;
+}
+
+TMapPoints::~TMapPoints() {
+  std::free(m_block);
+}
+
+void TMapPoints::Reallocate(std::size_t capacity, bool keepsBounds) {
+  if (capacity > MaxCount) throw ERangeError(QStringLiteral("A part cannot hold that many points"));
+  const std::size_t slots = capacity + (keepsBounds ? Block::BoundsSlots : 0);
+  // Blocks grow in place where the allocator can, which is what makes one pass over a file enough.
+  void *memory = std::realloc(m_block, sizeof(Block) + slots * sizeof(TMapPoint));
+  if (memory == nullptr) throw std::bad_alloc();
+  if (m_block == nullptr) new (memory) Block{nullptr, 0, 0, keepsBounds};
+  m_block = static_cast<Block *>(memory);
+  m_block->capacity = std::uint32_t(capacity) & 0x7FFFFFFFU;
+}
+
+TParts *TMapPoints::GetOwner() const {
+  return m_block ? m_block->owner : nullptr;
+}
+
+void TMapPoints::SetOwner(TParts *owner) {
+  if (m_block == nullptr) Reallocate(0, false);
+  m_block->owner = owner;
+}
+
+void TMapPoints::Reserve(std::size_t count) {
+  const std::size_t used = m_block ? m_block->count : 0;
+  if (m_block == nullptr || used + count > m_block->capacity)
+    Reallocate(used + count, m_block && m_block->storesBounds);
+}
+
+TMapPoint *TMapPoints::BeginAppend(std::size_t count) {
+  Reserve(count);
+  return m_block->Vertices() + m_block->count;
+}
+
+void TMapPoints::EndAppend(std::size_t count, const TBounds &bounds) {
+  m_block->count += std::uint32_t(count);
+  if (count == 0) return;
+  if (m_block->storesBounds) m_block->StoredBounds().Widen(bounds);
+  if (m_block->owner) m_block->owner->AddBounds(bounds);
+}
+
+const TMapPoint &TMapPoints::Add(double x, double y) {
+  const std::size_t used = m_block ? m_block->count : 0;
+  if (m_block == nullptr || used == m_block->capacity) {
+    // The first vertex gets room for itself alone, since most objects by number are points.
+    Reallocate(used == 0 ? 1 : used + std::max<std::size_t>(used / 2, 2), m_block && m_block->storesBounds);
+  }
+  TMapPoint &point = m_block->Vertices()[used];
+  point = {x, y};
+  ++m_block->count;
+  if (m_block->storesBounds) m_block->StoredBounds().Widen(x, y);
+  if (m_block->owner) m_block->owner->AddPoint(x, y, 0.0);
+  return point;
+}
+
+int TMapPoints::GetCount() const {
+  return m_block ? int(m_block->count) : 0;
+}
+
+std::span<const TMapPoint> TMapPoints::Points() const {
+  if (m_block == nullptr) return {};
+  return {m_block->Vertices(), m_block->count};
+}
+
+const TMapPoint &TMapPoints::GetPoint(int index) const {
+  const auto points = Points();
+  return points[CheckedIndex(index, points.size(), PointIndex)];
+}
+
+TBounds TMapPoints::GetBounds() const {
+  return m_block && m_block->storesBounds ? m_block->StoredBounds() : BoundsOf(Points());
+}
+
+void TMapPoints::KeepBounds() {
+  if (m_block && m_block->storesBounds) return;
+  const TBounds bounds = GetBounds();
+  const std::size_t count = std::size_t(GetCount());
+  Reallocate(std::max<std::size_t>(count, 1), true);
+  std::memmove(m_block->Slots() + Block::BoundsSlots, m_block->Slots(), count * sizeof(TMapPoint));
+  m_block->storesBounds = 1;
+  m_block->StoredBounds() = bounds;
+}
+
+void TMapPoints::SetPoint(int index, const TMapPoint &point) {
+  const std::size_t at = CheckedIndex(index, std::size_t(GetCount()), PointIndex);
+  KeepBounds();
+  m_block->Vertices()[at] = point;
+}
+
+void TMapPoints::Delete(int index) {
+  const std::size_t at = CheckedIndex(index, std::size_t(GetCount()), PointIndex);
+  KeepBounds();
+  TMapPoint *vertices = m_block->Vertices();
+  std::copy(vertices + at + 1, vertices + m_block->count, vertices + at);
+  --m_block->count;
+}
+
+void TMapPoints::Restart() {
+  if (m_block == nullptr) return;
+  m_block->count = 0;
+  m_block->storesBounds = 0;
+}
+
+void TMapPoints::UpdateBounds(const TMapPoint &point) {
+  KeepBounds();
+  m_block->StoredBounds().Widen(point.X, point.Y);
+}
+
+TMapPoints TMapPoints::Clone() const {
+  TMapPoints clone;
+  const auto points = Points();
+  clone.AppendInPlace(points.size(), [&](TMapPoint *first, TBounds &) {
+    std::copy(points.begin(), points.end(), first);
+    return points.size();
+  });
+  return clone;
+}
+
+}  // namespace tessera

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/objects/TMapPoints.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace tessera {
+
+/// One part of an object: an open or closed chain of vertices. Parts are made by TParts only.
+class TESSERA_CORE_EXPORT TPart {
+ public:
+  TPart(TPart &&) noexcept = default;
+  TPart &operator=(TPart &&) noexcept = default;
+
+  [[nodiscard]] TMapPoints &GetPoints() { return m_points; }
+  [[nodiscard]] const TMapPoints &GetPoints() const { return m_points; }
+  /// Takes over a list of vertices. The bounds of the object stay as they are.
+  void SetPoints(TMapPoints &&points);
+  /// Replaces the vertices by copies of those of `source`.
+  void Assign(const TPart &source);
+
+ private:
+  friend class TParts;
+  explicit TPart(TParts *owner) { m_points.SetOwner(owner); }
+  TMapPoints m_points;
+};
+
+/// The parts of an object and its bounds in map units.
+///
+/// Every vertex added to any part widens the bounds; nothing shrinks them but TCustomMapObject::UpdateBounds.
+/// A single part is held in place, several in an array: references to parts are valid until a part is added or deleted.
+class TESSERA_CORE_EXPORT TParts {
+ public:
+  TParts() = default;
+  ~TParts();
+  TParts(const TParts &) = delete;
+  TParts &operator=(const TParts &) = delete;
+
+  /// Appends an empty part.
+  TPart &Add();
+  /// Inserts an empty part before `index`. @throws ERangeError beyond the count.
+  TPart &Insert(int index);
+  /// @throws ERangeError outside the count.
+  void Delete(int index);
+  /// Takes out all parts; the bounds stay.
+  void Clear();
+  /// Exchanges parts and bounds with another list.
+  void Swap(TParts &other);
+
+  [[nodiscard]] int GetCount() const { return int(Items().size()); }
+  [[nodiscard]] std::span<TPart> Items();
+  [[nodiscard]] std::span<const TPart> Items() const;
+  /// @throws ERangeError outside the count.
+  [[nodiscard]] TPart &GetItems(int index);
+  [[nodiscard]] const TPart &GetItems(int index) const;
+  void SetItems(int index, const TPart &part) { GetItems(index).Assign(part); }
+  [[nodiscard]] TPart &GetFirst() { return GetItems(0); }
+  [[nodiscard]] const TPart &GetFirst() const { return GetItems(0); }
+  [[nodiscard]] TPart &GetLast() { return GetItems(GetCount() - 1); }
+  [[nodiscard]] const TPart &GetLast() const { return GetItems(GetCount() - 1); }
+  void SetFirst(const TPart &part) { GetFirst().Assign(part); }
+  void SetLast(const TPart &part) { GetLast().Assign(part); }
+
+  /// Widens the bounds with a point that was added to one of the parts.
+  void AddPoint(double x, double y, double z);
+  void AddBounds(const TBounds &bounds) { m_bounds.Widen(bounds); }
+  [[nodiscard]] const TBounds &GetBounds() const { return m_bounds; }
+  void SetBounds(const TBounds &bounds) { m_bounds = bounds; }
+  [[nodiscard]] double GetMinX() const { return m_bounds.MinX; }
+  [[nodiscard]] double GetMinY() const { return m_bounds.MinY; }
+  [[nodiscard]] double GetMaxX() const { return m_bounds.MaxX; }
+  [[nodiscard]] double GetMaxY() const { return m_bounds.MaxY; }
+  void SetMinX(double value) { m_bounds.MinX = value; }
+  void SetMinY(double value) { m_bounds.MinY = value; }
+  void SetMaxX(double value) { m_bounds.MaxX = value; }
+  void SetMaxY(double value) { m_bounds.MaxY = value; }
+
+ private:
+  using Many = std::vector<TPart>;
+  [[nodiscard]] Many *GetMany() const;
+  Many &MakeMany();
+  void Own();
+
+  TBounds m_bounds = TBounds::Empty();
+  [[nodiscard]] std::uintptr_t GetWord() const;
+  void SetWord(std::uintptr_t word);
+
+  // One word: 0 for no part, the only part itself, or the address of an array of parts with the lowest bit set.
+  alignas(std::uintptr_t) std::byte m_store[sizeof(std::uintptr_t)] = {};
+};
+
+}  // namespace tessera

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/graphics/TCanvas.h>
+#include <tessera/objects/PartToScreen.h>
+#include <tessera/objects/TPolyline.h>
+
+namespace tessera {
+
+void TPolyline::Draw() {
+  TCustomMapObject::Draw();
+  TMapHost *map = GetMapHost();
+  if (map == nullptr) return;
+  TScreenOutliner &outliner = map->GetOutliner();
+  TCanvas &canvas = map->GetCanvas();
+  std::vector<TPoint> &outline = outliner.Scratch();
+  for (const TPart &part : std::as_const(*this).GetParts().Items()) {
+    outline.clear();
+    outliner.PartToScreen(part.GetPoints().Points(), GetBounds(), outline);
+    canvas.Polyline(outline);
+  }
+}
+
+void TPolyline::DrawSelection() {
+  if (GetMapHost() == nullptr || !GetMapHost()->GetViewFlags().ShowSelection) return;
+  TCustomMapObject::DrawSelection();
+  Draw();
+}
+
+}  // namespace tessera

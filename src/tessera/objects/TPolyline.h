@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/objects/TCustomMapObject.h>
+
+namespace tessera {
+
+/// An open line of one or more parts. Its hit tests are those of the base: bounds and vertices.
+class TESSERA_CORE_EXPORT TPolyline : public TCustomMapObject {
+ public:
+  void Draw() override;
+  void DrawSelection() override;
+};
+
+}  // namespace tessera

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/objects/TCustomMapObject.h>
+
+namespace tessera {
+
+class TScreenOutliner;
+
+/// A filled area of one or more rings: a ring within an earlier one is a hole, one outside it an island. Within a ring
+/// the winding rule holds. The outline is drawn as the vertices stand: a ring closes only if its last vertex repeats
+/// the first. The hit tests are those of the base, so a click within the bounds but outside the rings hits; that is
+/// intended.
+class TESSERA_CORE_EXPORT TRegion : public TCustomMapObject {
+ public:
+  /// In the FastDraw mode only parts of one point are accepted. @throws ERangeError there for any other part, before
+  /// anything is drawn, which is intended.
+  void Draw() override;
+  void DrawSelection() override;
+
+ private:
+  void DrawAsRegion(TScreenOutliner &outliner, TCanvas &canvas);
+  void Fill(TCanvas &canvas, const class TRgn &region);
+  void DrawAsPolygons(TScreenOutliner &outliner, TCanvas &canvas);
+};
+
+}  // namespace tessera

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/graphics/SymbolFont.h>
+#include <tessera/graphics/TCanvas.h>
+#include <tessera/objects/TSymbol.h>
+
+#include <algorithm>
+
+namespace tessera {
+
+TSymbol::TSymbol() {
+  SetAnchorX(0);
+  SetAnchorY(0);
+}
+
+void TSymbol::SetShape(int shape) {
+  m_shape = std::max(shape, NoShape);
+}
+
+void TSymbol::Draw() {
+  TCustomMapObject::Draw();
+  TMapHost *map = GetMapHost();
+  if (map == nullptr || m_shape == NoShape) return;
+  TCanvas &canvas = map->GetCanvas();
+  const TSymbolGlyph &glyph = ResolveSymbol(GetFont(), m_shape);
+  if (!(canvas.Font() == glyph.font)) canvas.Font() = glyph.font;
+  const QSize extent = canvas.TextExtent(glyph.text);
+  const int halfWidth = extent.width() / 2;
+  const int halfHeight = extent.height() / 2;
+  const TPoint at = GetPixels(0, 0);
+  if (!map->GetViewFlags().FastSelection && GetSelected()) {
+    canvas.Brush().SetBitmap(map->GetSelectionPattern());
+    canvas.FillRect(QRect(at.x() - halfWidth, at.y() - halfHeight, 2 * halfWidth, 2 * halfHeight));
+  }
+  canvas.Brush().SetStyle(TBrushStyle::bsClear);
+  canvas.TextOut(at.x() - halfWidth, at.y() - halfHeight, glyph.text);
+  canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+}
+
+void TSymbol::DrawSelection() {
+  TMapHost *map = GetMapHost();
+  if (map == nullptr || !map->GetViewFlags().ShowSelection) return;
+  TCustomMapObject::DrawSelection();
+  TCanvas &canvas = map->GetCanvas();
+  const TSymbolGlyph &glyph = ResolveSymbol(GetFont(), m_shape);
+  canvas.Font() = glyph.font;
+  canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+  canvas.Pen().SetMode(TPenMode::pmXor);
+  canvas.Pen().SetColor(GetFont().GetColor());
+  const QSize extent = canvas.TextExtent(glyph.text);
+  const TPoint at = GetPixels(0, 0);
+  canvas.Rectangle(at.x() - extent.width() / 2, at.y() - extent.height() / 2, at.x() + extent.width() / 2,
+                   at.y() + extent.height() / 2);
+  canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+  canvas.Pen().SetMode(TPenMode::pmCopy);
+}
+
+bool TSymbol::ContainsPoint(double x, double y) const {
+  if (GetMapHost() == nullptr) return true;
+  constexpr int MarginPx = 2;
+  const TViewport &viewport = GetMapHost()->GetViewport();
+  const TMapPoint position = GetAnchor();
+  const TPoint own = viewport.MapToScreen(position.X, position.Y);
+  const TPoint asked = viewport.MapToScreen(x, y);
+  const std::int64_t reach = GetFont().GetSize() / 2 + MarginPx;
+  return std::abs(std::int64_t(asked.x()) - own.x()) <= reach && std::abs(std::int64_t(asked.y()) - own.y()) <= reach;
+}
+
+bool TSymbol::Intersects(const TCustomMapObject &object) const {
+  const TMapPoint position = GetAnchor();
+  return object.ContainsPoint(position.X, position.Y);
+}
+
+bool TSymbol::Contains(const TCustomMapObject & /*object*/) const {
+  return false;
+}
+
+bool TSymbol::IntersectsRect(double x1, double y1, double x2, double y2) const {
+  const TMapPoint position = GetAnchor();
+  return TBounds{x1, y1, x2, y2}.ContainsPoint(position.X, position.Y);
+}
+
+bool TSymbol::WithinRect(double x1, double y1, double x2, double y2) const {
+  return IntersectsRect(x1, y1, x2, y2);
+}
+
+bool TSymbol::ContainsRect(double /*x1*/, double /*y1*/, double /*x2*/, double /*y2*/) const {
+  return false;
+}
+
+}  // namespace tessera
