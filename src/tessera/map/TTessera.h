@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/layers/TMapDataLink.h>
+#include <tessera/layers/TMapLayers.h>
+#include <tessera/layers/TSelection.h>
+#include <tessera/map/TTesseraOptions.h>
+
+#include <QWidget>
+
+#include <memory>
+
+namespace tessera {
+
+/// The map control: owns an ordered stack of layers and shows what its view selects of them.
+///
+/// The view is a centre in map units, a zoom, and a reference extent that the zoom magnifies: at zoom 1 the extent's
+/// width fills the control. Everything that changes the picture asks for a new one through DoUpdate; the picture is
+/// rebuilt at the next paint, off screen, and copied to the screen, where the selection is drawn over it. See TViewport
+/// for the conversion between map units and client pixels.
+///
+/// Events are signals of the same names; in/out parameters are references, so connect their handlers directly.
+/// Everything runs in the thread of the user interface.
+class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
+  Q_OBJECT
+  Q_PROPERTY(QColor Color READ GetQColor WRITE SetQColor)
+  Q_PROPERTY(double Zoom READ GetZoom WRITE SetZoom NOTIFY OnZoom)
+  Q_PROPERTY(bool WheelMouse READ GetWheelMouse WRITE SetWheelMouse)
+  Q_PROPERTY(tessera::TTessera::TWheelMouseZoomType ZoomType READ GetZoomType WRITE SetZoomType)
+  Q_PROPERTY(double CenterX READ GetCenterX WRITE SetCenterX)
+  Q_PROPERTY(double CenterY READ GetCenterY WRITE SetCenterY)
+  Q_PROPERTY(double MinZoom READ GetMinZoom WRITE SetMinZoom)
+  Q_PROPERTY(double MaxZoom READ GetMaxZoom WRITE SetMaxZoom)
+  Q_PROPERTY(bool ShowSelection READ GetShowSelection WRITE SetShowSelection)
+  Q_PROPERTY(bool FastSelection READ GetFastSelection WRITE SetFastSelection)
+
+ public:
+  /// What the wheel zooms about: the centre of the view, the place the cursor's position stands for, or the first
+  /// selected object.
+  enum TWheelMouseZoomType { wmCenter, wmCursor, wmSelected };
+  Q_ENUM(TWheelMouseZoomType)
+
+  explicit TTessera(QWidget *parent = nullptr);
+  ~TTessera() override;
+
+  // The view. Every setter asks for a new picture unless it says otherwise.
+
+  [[nodiscard]] double GetZoom() const { return GetViewport().Zoom; }
+  /// 0 and the present value are ignored. The value is not held to MinZoom and MaxZoom, which bound the wheel only.
+  void SetZoom(double zoom);
+  [[nodiscard]] double GetCenterX() const { return GetViewport().CenterX; }
+  void SetCenterX(double x);
+  [[nodiscard]] double GetCenterY() const { return GetViewport().CenterY; }
+  void SetCenterY(double y);
+  [[nodiscard]] double GetMinX() const { return GetViewport().MinX; }
+  void SetMinX(double x);
+  [[nodiscard]] double GetMinY() const { return GetViewport().MinY; }
+  void SetMinY(double y);
+  [[nodiscard]] double GetMaxX() const { return GetViewport().MaxX; }
+  void SetMaxX(double x);
+  [[nodiscard]] double GetMaxY() const { return GetViewport().MaxY; }
+  void SetMaxY(double y);
+  [[nodiscard]] double GetMinZoom() const;
+  void SetMinZoom(double zoom);  ///< Redraws nothing.
+  [[nodiscard]] double GetMaxZoom() const;
+  void SetMaxZoom(double zoom);  ///< Redraws nothing.
+  [[nodiscard]] bool GetWheelMouse() const;
+  void SetWheelMouse(bool enabled);  ///< Redraws nothing.
+  [[nodiscard]] TWheelMouseZoomType GetZoomType() const;
+  void SetZoomType(TWheelMouseZoomType type);  ///< Redraws nothing.
+  /// What the control shows, in map units. @throws EZeroDivide for a view without extent.
+  [[nodiscard]] TBounds GetViewBounds() const { return GetViewport().GetViewBounds(); }
+  /// The map point of a client pixel. @throws EZeroDivide for a view without extent.
+  void ScreenToMap(int x, int y, double &mx, double &my) const;
+  /// The client pixel of a map point; with `clip` a point outside the view is pinned one pixel outside the client area.
+  /// @throws ERangeError with `clip` when the pixel does not fit 32 bits.
+  void MapToScreen(double mx, double my, int &x, int &y, bool clip) const;
+  const TViewport &GetViewport() const override;
+  void ShowBounds(const TBounds &bounds) override;
+
+  // Rotation turns the data, not the view: the vertices of all objects change.
+
+  /// Turns the map to `angleDeg` degrees about a map point, from where it stood unrotated.
+  void RotateMap(double x, double y, double angleDeg);
+  /// Applies the present rotation to all vertices.
+  void Rotate();
+  /// Undoes the rotation. False when there was none.
+  bool UnRotate() override;
+  [[nodiscard]] double RotateX(double x, double y) const;
+  [[nodiscard]] double RotateY(double x, double y) const;
+  [[nodiscard]] double UnRotateX(double x, double y) const;
+  [[nodiscard]] double UnRotateY(double x, double y) const;
+  void NormalToRotated(double x, double y, double &rx, double &ry) const;
+  void RotatedToNormal(double x, double y, double &nx, double &ny) const;
+  [[nodiscard]] bool GetisMapRotated() const override;
+
+  // The update protocol.
+
+  /// Marks the picture stale and, outside a batch of updates, asks for a repaint.
+  void DoUpdate(bool value) override;
+  /// Holds repaints back. Batches do not nest: the first EndUpdate ends the update.
+  void BeginUpdate() override;
+  void EndUpdate(bool update) override;
+  [[nodiscard]] bool GetInUpdate() const override;
+  void SetInUpdate(bool inUpdate);
+  /// Whether the off-screen picture is stale.
+  [[nodiscard]] bool GetModified() const;
+  void SetModified(bool modified) override;
+  /// Asks for a repaint of what there is, without making the picture stale.
+  void Invalidate();
+  /// Set while the off-screen picture is being rebuilt.
+  [[nodiscard]] bool GetIsBusy() const;
+  void SetIsBusy(bool isBusy);
+  /// Set while a format provider fills a layer.
+  [[nodiscard]] bool GetIsLoading() const;
+  void SetIsLoading(bool isLoading) override;
+
+  // Drawing.
+
+  [[nodiscard]] bool GetShowSelection() const { return GetViewFlags().ShowSelection; }
+  void SetShowSelection(bool show);
+  /// Whether the selection is drawn on the screen, over the picture, instead of being part of it.
+  [[nodiscard]] bool GetFastSelection() const { return GetViewFlags().FastSelection; }
+  void SetFastSelection(bool fast);
+  [[nodiscard]] bool GetUseGeneralization() const { return GetViewFlags().UseGeneralization; }
+  void SetUseGeneralization(bool use);
+  /// How far apart, in client pixels, the points of an outline must be to be drawn.
+  [[nodiscard]] int GetGeneralizationLevel() const { return GetViewFlags().GeneralizationLevel; }
+  void SetGeneralizationLevel(int levelPx);
+  [[nodiscard]] bool GetFastDraw() const { return GetViewFlags().FastDraw; }
+  void SetFastDraw(bool fast);
+  /// The background.
+  [[nodiscard]] TColor GetColor() const;
+  void SetColor(TColor color);
+  [[nodiscard]] QColor GetQColor() const { return ToQColor(GetColor()); }
+  void SetQColor(const QColor &color) { SetColor(FromQColor(color)); }
+  const TViewFlags &GetViewFlags() const override;
+  /// The canvas of the screen picture, or of the off-screen picture while that is being rebuilt. What is drawn on the
+  /// screen picture shows at once and stays until the next repaint that the library asks for.
+  TCanvas &GetCanvas() override;
+  /// The canvas of the off-screen picture.
+  [[nodiscard]] TCanvas &GetMapCanvas();
+  /// Copies the off-screen picture as the last paint left it.
+  void AssignToBitmap(TBitmap &bitmap) const;
+  /// Rebuilds the off-screen picture now.
+  void PaintMapToBitmap();
+  /// Copies the off-screen picture to the screen picture and draws the fast selection over it.
+  void PaintBitmapToMapCanvas();
+
+  // What the map owns. A setter takes over what it is given and hands back what was held.
+
+  [[nodiscard]] TMapLayers *GetLayers() const;
+  std::unique_ptr<TMapLayers> SetLayers(std::unique_ptr<TMapLayers> layers);
+  [[nodiscard]] TSelection *GetSelection() const;
+  std::unique_ptr<TSelection> SetSelection(std::unique_ptr<TSelection> selection);
+  /// The objects of the current picture.
+  [[nodiscard]] TDisplayedObjects *GetDisplayed() const;
+  std::unique_ptr<TDisplayedObjects> SetDisplayed(std::unique_ptr<TDisplayedObjects> displayed);
+  [[nodiscard]] TMapDataLinks *GetDataLinks() const;
+  std::unique_ptr<TMapDataLinks> SetDataLinks(std::unique_ptr<TMapDataLinks> links);
+  [[nodiscard]] TTesseraOptions *GetOptions() const;
+  std::unique_ptr<TTesseraOptions> SetOptions(std::unique_ptr<TTesseraOptions> options);
+  const QSharedPointer<TBitmap> &GetSelectionPattern() const override;
+  void SetSelectionPattern(const TBitmap &pattern);
+  /// A counter for tools, without effect here.
+  [[nodiscard]] int GetCtrlClickCount() const;
+  void SetCtrlClickCount(int count);
+
+  void StartProgress(int min, int max, const QString &caption) override;
+  void ShowProgress(int position) override;
+  void StopProgress() override;
+
+  [[nodiscard]] QSize sizeHint() const override;
+
+ Q_SIGNALS:
+  void OnAddLayer(tessera::TTessera *Sender, tessera::TMapLayer *Layer);
+  /// `ConfirmDelete` tells whether AllowDelete is listened to: it is false when the layer is being destroyed already.
+  void OnBeforeDelLayer(tessera::TTessera *Sender, tessera::TMapLayer *Layer, bool ConfirmDelete, bool &AllowDelete);
+  void OnAfterDelLayer(tessera::TTessera *Sender);
+  void OnAddObject(tessera::TTessera *Sender, tessera::TCustomMapObject *MapObject);
+  void OnDeleteObject(tessera::TCustomMapObject *Sender);
+  void OnAddSelection(tessera::TTessera *Sender, tessera::TCustomMapObject *MapObject);
+  void OnDelSelection(tessera::TTessera *Sender, tessera::TCustomMapObject *MapObject);
+  void OnStartProgress(tessera::TTessera *Sender, int Min, int Max, const QString &Caption);
+  void OnShowProgress(tessera::TTessera *Sender, int Position);
+  void OnStopProgress(tessera::TTessera *Sender);
+  void OnUpdate(tessera::TTessera *Sender);
+  void OnZoom(tessera::TTessera *Sender);
+  /// The off-screen picture has been rebuilt; it may be drawn on through the canvas.
+  void OnPaint(tessera::TTessera *Sender);
+  void OnMouseDown(tessera::TTessera *Sender, Qt::MouseButton Button, Qt::KeyboardModifiers Shift, int X, int Y);
+  void OnMouseMove(tessera::TTessera *Sender, Qt::KeyboardModifiers Shift, int X, int Y);
+  void OnMouseUp(tessera::TTessera *Sender, Qt::MouseButton Button, Qt::KeyboardModifiers Shift, int X, int Y);
+  void OnDblClick(tessera::TTessera *Sender);
+  void OnKeyDown(tessera::TTessera *Sender, int &Key, Qt::KeyboardModifiers Shift);
+  void OnKeyUp(tessera::TTessera *Sender, int &Key, Qt::KeyboardModifiers Shift);
+  void OnKeyPress(tessera::TTessera *Sender, QChar &Key);
+
+ protected:
+  /// Brings the screen picture up to date; runs for the repaints that the library asks for.
+  virtual void Paint();
+
+  bool event(QEvent *event) override;
+  void paintEvent(QPaintEvent *event) override;
+  void resizeEvent(QResizeEvent *event) override;
+  void wheelEvent(QWheelEvent *event) override;
+  void mousePressEvent(QMouseEvent *event) override;
+  void mouseMoveEvent(QMouseEvent *event) override;
+  void mouseReleaseEvent(QMouseEvent *event) override;
+  void mouseDoubleClickEvent(QMouseEvent *event) override;
+  void keyPressEvent(QKeyEvent *event) override;
+  void keyReleaseEvent(QKeyEvent *event) override;
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  bool IsReadyToPaint() const override;
+  bool IsBeingDestroyed() const override;
+  TScreenOutliner &GetOutliner() override;
+  void RegisterDisplayed(TCustomMapObject &object) override;
+  void UnregisterDisplayed(TCustomMapObject &object) override;
+  bool IsSelected(const TCustomMapObject &object) const override;
+  void SelectAlone(TCustomMapObject &object) override;
+  void Deselect(TCustomMapObject &object) override;
+  void DeselectLayer(TMapLayer &layer) override;
+  void DrawSelectionOf(const TMapLayer &layer) override;
+  void TraceMapEvent(TMapDataLinkEvent event, TObject *sender) override;
+  void FireAddLayer(TMapLayer &layer) override;
+  void FireBeforeDelLayer(TMapLayer &layer, bool confirmDelete, bool &allowDelete) override;
+  void FireAfterDelLayer() override;
+  void FireAddObject(TCustomMapObject &object) override;
+  void FireDeleteObject(TCustomMapObject &object) override;
+  void FireAddSelection(TCustomMapObject &object) override;
+  void FireDelSelection(TCustomMapObject &object) override;
+  void FireUpdate() override;
+  const TObjectStylePtr &GetDefaultStyle(TObjectFont font) const override;
+  void EndEditingOfOthers(TMapLayer &layer) override;
+
+  void SetView(double TViewport::*member, double value);
+  void ZoomByWheel(const QPoint &position, int delta);
+  void FitScreenPicture();
+
+  struct Private;
+  std::unique_ptr<Private> d;
+};
+
+}  // namespace tessera
