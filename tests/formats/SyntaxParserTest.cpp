@@ -261,7 +261,7 @@ INSTANTIATE_TEST_SUITE_P(Files, SyntaxParserFileTest,
                                                     "a\n\n\u0451\nb\n"),
                                          QByteArray("\xFF\xFE"
                                                     "a\0\n\0\n\0\x51\x04\n\0b\0",
-                                                    16)));
+                                                    14)));
 
 TEST(SyntaxParserTest, NamesTheFileThatIsMissing) {
   TSyntaxParser parser;
