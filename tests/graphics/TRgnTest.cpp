@@ -32,7 +32,7 @@ TRgn RegionOf(const Points &points, TFillMode mode, const QRect &clip) {
   return region;
 }
 
-/// The runs of a Qt region, row by row.
+/// The runs of a Qt region, row by row; it may hold rectangles that touch.
 Runs RunsOf(const QRegion &region) {
   Runs runs;
   for (const QRect &rect : region) {
@@ -40,7 +40,15 @@ Runs RunsOf(const QRegion &region) {
   }
   std::sort(runs.begin(), runs.end(),
             [](const TRgn::Run &a, const TRgn::Run &b) { return std::pair(a.y, a.left) < std::pair(b.y, b.left); });
-  return runs;
+  Runs joined;
+  for (const TRgn::Run &run : runs) {
+    if (!joined.empty() && joined.back().y == run.y && joined.back().right == run.left) {
+      joined.back().right = run.right;
+    } else {
+      joined.push_back(run);
+    }
+  }
+  return joined;
 }
 
 Runs ExpectedRuns(const Points &points, TFillMode mode, const QRect &clip) {

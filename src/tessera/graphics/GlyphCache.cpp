@@ -34,40 +34,43 @@ QFont WithHardEdges(QFont font) {
   return font;
 }
 
-/// The smallest rectangle that holds every pixel that is not clear.
-QRect VisibleRect(const QImage &image) {
-  int left = image.width();
-  int right = -1;
-  int top = image.height();
-  int bottom = -1;
-  for (int y = 0; y < image.height(); ++y) {
-    const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-    for (int x = 0; x < image.width(); ++x) {
-      if (qAlpha(row[x]) == 0) continue;
-      left = std::min(left, x);
-      right = std::max(right, x);
-      top = std::min(top, y);
-      bottom = y;
-    }
-  }
-  return right < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
+/// The pixels of a row from the first to the last that is not clear.
+Glyph::Row VisibleRow(const QRgb *pixels, int width) {
+  int left = 0;
+  while (left < width && qAlpha(pixels[left]) == 0) ++left;
+  int right = width;
+  while (right > left && qAlpha(pixels[right - 1]) == 0) --right;
+  return {left, right - left};
 }
 
-void CopyVisible(const QImage &image, const QRect &visible, Glyph &glyph) {
-  glyph.width = visible.width();
-  glyph.height = visible.height();
-  glyph.stride = (glyph.width + Glyph::kBlock - 1) / Glyph::kBlock * Glyph::kBlock;
-  const std::size_t count = std::size_t(glyph.stride) * std::size_t(glyph.height);
-  glyph.ink.assign(count, 0);
-  glyph.keep.assign(count, 0xFFFFFFFFU);
-  for (int y = 0; y < glyph.height; ++y) {
-    const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(visible.top() + y)) + visible.left();
-    for (int x = 0; x < glyph.width; ++x) {
-      const std::size_t place = std::size_t(y * glyph.stride + x);
-      glyph.ink[place] = row[x];
-      glyph.keep[place] = (255U - QRgb(qAlpha(row[x]))) * 0x01010101U;
+void AppendBlocks(const QRgb *pixels, int width, std::vector<Glyph::Block> &blocks) {
+  for (int x = 0; x < width; x += Glyph::kBlock) {
+    Glyph::Block &block = blocks.emplace_back();
+    std::fill_n(block.keep, Glyph::kBlock, 0xFFFFFFFFU);
+    for (int i = 0; i < std::min(Glyph::kBlock, width - x); ++i) {
+      block.ink[i] = pixels[x + i];
+      block.keep[i] = (255U - QRgb(qAlpha(pixels[x + i]))) * 0x01010101U;
     }
   }
+}
+
+/// Takes over the visible pixels of an image in which the upper left corner of the character's box is at `origin`.
+void CopyVisible(const QImage &image, QPoint origin, Glyph &glyph) {
+  glyph.left = image.width();
+  for (int y = 0; y < image.height(); ++y) {
+    const auto *pixels = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+    Glyph::Row row = VisibleRow(pixels, image.width());
+    if (row.width == 0 && glyph.rows.empty()) continue;
+    if (glyph.rows.empty()) glyph.top = y - origin.y();
+    AppendBlocks(pixels + row.left, row.width, glyph.blocks);
+    row.left -= origin.x();
+    glyph.rows.push_back(row);
+    if (row.width == 0) continue;
+    glyph.left = std::min(glyph.left, row.left);
+    glyph.right = std::max(glyph.right, row.left + row.width);
+    glyph.blockEnd = std::max(glyph.blockEnd, row.left + int(Glyph::BlocksIn(row)) * Glyph::kBlock);
+  }
+  while (!glyph.rows.empty() && glyph.rows.back().width == 0) glyph.rows.pop_back();
 }
 
 /// Blends `Count` pixels. Plain bytes and a fixed length, so that the compiler makes vector instructions of it.
@@ -87,28 +90,43 @@ void BlendPixels(QRgb *target, const QRgb *ink, const QRgb *keep) {
   std::memcpy(target, pixels, kBytes);
 }
 
+/// Blends what the surface holds of a glyph that hangs over its border.
+void BlendCut(const Surface &surface, std::int64_t x, std::int64_t y, const Glyph &glyph) {
+  const Glyph::Block *blocks = glyph.blocks.data();
+  for (const Glyph::Row &row : glyph.rows) {
+    for (int i = 0; i < row.width; ++i) {
+      const Glyph::Block &block = blocks[i / Glyph::kBlock];
+      const std::int64_t column = x + row.left + i;
+      if (column < surface.left || column >= surface.right || y < surface.top || y >= surface.bottom) continue;
+      BlendPixels<1>(surface.At(int(column), int(y)), &block.ink[i % Glyph::kBlock], &block.keep[i % Glyph::kBlock]);
+    }
+    blocks += Glyph::BlocksIn(row);
+    ++y;
+  }
+}
+
 }  // namespace
 
 void BlendGlyph(const Surface &surface, std::int64_t x, std::int64_t y, const Glyph &glyph) {
-  const std::int64_t left = x + glyph.left;
   const std::int64_t top = y + glyph.top;
-  const DeviceRect visible =
-      DeviceRect{left, top, left + glyph.width, top + glyph.height}.Intersected(surface.Bounds());
-  if (visible.IsEmpty()) return;
-  const bool wholeBlocks = left == visible.left && left + glyph.stride <= surface.right;
-  for (std::int64_t row = visible.top; row < visible.bottom; ++row) {
-    const std::int64_t place = (row - top) * glyph.stride + (visible.left - left);
-    const QRgb *ink = glyph.ink.data() + place;
-    const QRgb *keep = glyph.keep.data() + place;
-    QRgb *target = surface.At(int(visible.left), int(row));
-    if (wholeBlocks) {
-      for (int i = 0; i < glyph.stride; i += Glyph::kBlock) {
-        BlendPixels<Glyph::kBlock>(target + i, ink + i, keep + i);
-      }
-    } else {
-      const std::int64_t count = visible.right - visible.left;
-      for (std::int64_t i = 0; i < count; ++i) BlendPixels<1>(target + i, ink + i, keep + i);
+  const std::int64_t bottom = top + std::int64_t(glyph.rows.size());
+  if (x + glyph.left >= surface.right || x + glyph.right <= surface.left || top >= surface.bottom ||
+      bottom <= surface.top) {
+    return;
+  }
+  if (x + glyph.left < surface.left || x + glyph.blockEnd > surface.right || top < surface.top ||
+      bottom > surface.bottom) {
+    BlendCut(surface, x, top, glyph);
+    return;
+  }
+  const Glyph::Block *block = glyph.blocks.data();
+  QRgb *origin = surface.At(int(x + glyph.left), int(top)) - glyph.left;
+  for (const Glyph::Row &row : glyph.rows) {
+    QRgb *target = origin + row.left;
+    for (const Glyph::Block *end = block + Glyph::BlocksIn(row); block != end; ++block, target += Glyph::kBlock) {
+      BlendPixels<Glyph::kBlock>(target, block->ink, block->keep);
     }
+    origin += surface.stride;
   }
 }
 
@@ -163,10 +181,7 @@ std::unique_ptr<Glyph> FontFace::Rasterise(QChar character) const {
   painter.setPen(QColor::fromRgb(m_color));
   painter.drawText(origin + QPoint(0, m_ascentPx), text);
   painter.end();
-  const QRect visible = VisibleRect(image);
-  glyph->left = visible.left() - origin.x();
-  glyph->top = visible.top() - origin.y();
-  if (!visible.isEmpty()) CopyVisible(image, visible, *glyph);
+  CopyVisible(image, origin, *glyph);
   return glyph;
 }
 

@@ -14,20 +14,32 @@
 
 namespace tessera::detail {
 
-/// A character ready to be blended onto a picture. The rows are padded to whole blocks with pixels that change nothing.
+/// A character ready to be blended onto a picture: of each row the pixels from the first to the last visible one.
 struct Glyph {
   static constexpr int kBlock = 4;  ///< Pixels that are blended at once.
 
-  QSize extent;            ///< Of the character's box, in client pixels.
-  int left = 0;            ///< Of the first visible column from the box, in device pixels.
-  int top = 0;             ///< Of the first visible row from the box.
-  int width = 0;           ///< Visible columns without the padding.
-  int height = 0;          ///< Visible rows.
-  int stride = 0;          ///< Pixels from one row to the next.
-  std::vector<QRgb> ink;   ///< Premultiplied.
-  std::vector<QRgb> keep;  ///< In each byte how much of the picture stays, 255 for all of it.
+  /// Pixels beyond the end of a row change nothing.
+  struct Block {
+    QRgb ink[kBlock] = {};  ///< Premultiplied.
+    QRgb keep[kBlock];      ///< In each byte how much of the picture stays, 255 for all of it.
+  };
+  struct Row {
+    int left = 0;   ///< Of the first visible pixel from the box.
+    int width = 0;  ///< Visible pixels, 0 for none.
+  };
 
-  [[nodiscard]] std::size_t ByteCount() const { return (ink.size() + keep.size()) * sizeof(QRgb) + sizeof(Glyph); }
+  QSize extent;      ///< Of the character's box, in client pixels; all else is in device pixels.
+  int top = 0;       ///< Of the first visible row from the box.
+  int left = 0;      ///< Of the first visible column from the box.
+  int right = 0;     ///< Of the column behind the last visible one.
+  int blockEnd = 0;  ///< Of the column behind the last block.
+  std::vector<Row> rows;
+  std::vector<Block> blocks;  ///< Of all rows, one after the other.
+
+  [[nodiscard]] static std::size_t BlocksIn(const Row &row) { return std::size_t(row.width + kBlock - 1) / kBlock; }
+  [[nodiscard]] std::size_t ByteCount() const {
+    return blocks.size() * sizeof(Block) + rows.size() * sizeof(Row) + sizeof(Glyph);
+  }
 };
 
 /// Blends a glyph onto opaque pixels, the upper left corner of its box at (x, y) in device pixels.

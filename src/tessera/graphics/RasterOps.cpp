@@ -93,7 +93,18 @@ void Fill::PaintRect(const Surface &surface, const DeviceRect &rect) const {
 }
 
 void Fill::PaintRuns(const Surface &surface, std::span<const TRgn::Run> runs) const {
-  for (const TRgn::Run &run : runs) PaintRun(surface, run.y, run.left, run.right);
+  if (m_kind != Kind::Solid || m_ink.toggles) {
+    for (const TRgn::Run &run : runs) PaintRun(surface, run.y, run.left, run.right);
+    return;
+  }
+  // What maps are mostly made of: short runs of one colour.
+  const QRgb value = m_ink.value;
+  for (const TRgn::Run &run : runs) {
+    if (run.y < surface.top || run.y >= surface.bottom) continue;
+    const int first = std::max(run.left, surface.left);
+    const int end = std::min(run.right, surface.right);
+    if (first < end) std::fill_n(surface.At(first, run.y), end - first, value);
+  }
 }
 
 void Fill::PaintTiles(QRgb *pixels, int y, int left, int right) const {

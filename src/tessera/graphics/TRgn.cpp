@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -82,6 +83,10 @@ class ScanConverter {
   void Convert(std::span<const TPoint> points, TFillMode mode, const QRect &clip, std::vector<Run> &runs) {
     if (!Prepare(points, clip)) return;
     m_insideBits = mode == TFillMode::Alternate ? 1 : -1;
+    if (m_isTiny) {
+      ConvertTiny(points, runs);
+      return;
+    }
     CollectEdges(points);
     m_active.clear();
     for (std::int32_t y = m_top; y < m_bottom; ++y) {
@@ -100,6 +105,10 @@ class ScanConverter {
  private:
   /// Up to here sorting is faster than counting by column.
   static constexpr std::size_t kFewCrossings = 24;
+  static constexpr std::size_t kTinyCorners = 16;
+  static constexpr int kTinyRows = 64;
+  static constexpr int kTinyHeight = 1 << 10;
+  static constexpr int kTinyReach = 1 << 19;
 
   /// Finds the rows to be converted. False when no pixel can be inside both polygon and clip.
   bool Prepare(std::span<const TPoint> points, const QRect &clip) {
@@ -118,7 +127,67 @@ class ScanConverter {
     m_right = std::int32_t(std::min(kLargest, std::int64_t(clip.right()) + 1));
     m_top = std::max(minY, clip.top());
     m_bottom = std::int32_t(std::min<std::int64_t>(maxY, std::int64_t(clip.bottom()) + 1));
+    m_isTiny = points.size() <= kTinyCorners && std::int64_t(m_bottom) - m_top <= kTinyRows && minX >= -kTinyReach &&
+               maxX <= kTinyReach && minY >= -kTinyReach && maxY <= kTinyReach && maxY - minY <= kTinyHeight;
     return m_top < m_bottom && minX < m_right && maxX > m_left;
+  }
+
+  /// The same for the polygons that a map has most of, those of a few corners and rows: all crossings are put down row
+  /// by row, without a list of the active edges.
+  void ConvertTiny(std::span<const TPoint> points, std::vector<Run> &runs) {
+    std::fill_n(m_tinyCounts, m_bottom - m_top, std::uint8_t(0));
+    const TPoint *from = &points.back();
+    for (const TPoint &to : points) {
+      if (from->y() < to.y()) {
+        PutTinyEdge(*from, to, 1);
+      } else if (from->y() > to.y()) {
+        PutTinyEdge(to, *from, -1);
+      }
+      from = &to;
+    }
+    for (std::int32_t y = m_top; y < m_bottom; ++y) {
+      const std::int64_t *crossings = m_tinyCrossings[y - m_top];
+      const std::size_t count = m_tinyCounts[y - m_top];
+      if (count == 2) {  // a way in and a way out
+        const auto left = std::int32_t(crossings[0] >> 2);
+        const auto right = std::int32_t(crossings[1] >> 2);
+        if (left < right) runs.push_back({y, left, right});
+      } else {
+        SweepKeys(y, crossings, count, runs);
+      }
+    }
+  }
+
+  /// Notes the edge's crossing with each row. A crossing is kept in units of 2^-32: the slope is rounded by less than a
+  /// unit, so that after at most kTinyHeight = 2^10 rows the crossing is less than 2^-22 off. What is added to round up
+  /// must leave crossings on a pixel where they are, and take those at least 1 / kTinyHeight behind one to the next:
+  /// 1 - 2^-16 does both.
+  void PutTinyEdge(const TPoint &upper, const TPoint &lower, std::int32_t winding) {
+    constexpr double kOne = 4294967296.0;
+    constexpr std::int64_t kRoundUp = (std::int64_t(1) << 32) - (std::int64_t(1) << 16);
+    const std::int32_t first = std::max(upper.y(), m_top);
+    const std::int32_t end = std::min(lower.y(), m_bottom);
+    const auto slope = std::int64_t(std::floor((lower.x() - upper.x()) * kOne / (lower.y() - upper.y())));
+    std::int64_t x = std::int64_t(upper.x()) * (std::int64_t(1) << 32) + kRoundUp + slope * (first - upper.y());
+    for (std::int32_t row = first - m_top; row < end - m_top; ++row, x += slope) {
+      const std::int32_t column = std::clamp(std::int32_t(x >> 32), m_left, m_right);
+      InsertKey(m_tinyCrossings[row], m_tinyCounts[row]++, KeyOf(column, winding));
+    }
+  }
+
+  /// Column and winding in one number, so that a comparison sorts by column.
+  static std::int64_t KeyOf(std::int32_t x, std::int32_t winding) { return std::int64_t(x) * 4 + (winding + 1); }
+
+  /// Adds a key to `count` sorted ones.
+  static void InsertKey(std::int64_t *keys, std::size_t count, std::int64_t key) {
+    for (; count > 0 && keys[count - 1] > key; --count) keys[count] = keys[count - 1];
+    keys[count] = key;
+  }
+
+  void SweepKeys(std::int32_t y, const std::int64_t *keys, std::size_t count, std::vector<Run> &runs) const {
+    RowSweep sweep(y, m_insideBits, runs);
+    for (std::size_t i = 0; i < count; ++i) sweep.Cross(std::int32_t(keys[i] >> 2), std::int32_t(keys[i] & 3) - 1);
+    sweep.Finish(m_right);
   }
 
   void CollectEdges(std::span<const TPoint> points) {
@@ -188,20 +257,10 @@ class ScanConverter {
   }
 
   void EmitFew(std::int32_t y, std::vector<Run> &runs) {
-    // Column and winding in one number, so that a comparison sorts by column.
     std::int64_t crossings[kFewCrossings];
     std::size_t count = 0;
-    TakeCrossings([&](std::int32_t x, std::int32_t winding) {
-      const std::int64_t key = std::int64_t(x) * 4 + (winding + 1);
-      std::size_t place = count++;
-      for (; place > 0 && crossings[place - 1] > key; --place) crossings[place] = crossings[place - 1];
-      crossings[place] = key;
-    });
-    RowSweep sweep(y, m_insideBits, runs);
-    for (std::size_t i = 0; i < count; ++i) {
-      sweep.Cross(std::int32_t(crossings[i] >> 2), std::int32_t(crossings[i] & 3) - 1);
-    }
-    sweep.Finish(m_right);
+    TakeCrossings([&](std::int32_t x, std::int32_t winding) { InsertKey(crossings, count++, KeyOf(x, winding)); });
+    SweepKeys(y, crossings, count, runs);
   }
 
   /// As EmitFew, in time linear in the crossings: the windings are summed up by column.
@@ -235,6 +294,9 @@ class ScanConverter {
   std::int32_t m_top = 0;
   std::int32_t m_bottom = 0;
   std::int32_t m_insideBits = 0;
+  bool m_isTiny = false;
+  std::uint8_t m_tinyCounts[kTinyRows];
+  std::int64_t m_tinyCrossings[kTinyRows][kTinyCorners];
 };
 
 /// Walks over the borders of the runs of one row, left and right alternately.
