@@ -123,6 +123,8 @@ void TTessera::paintEvent(QPaintEvent *event) {
 
 void TTessera::resizeEvent(QResizeEvent *event) {
   QWidget::resizeEvent(event);
+  // Qt also sends this without a change, before it renders a hidden control.
+  if (Fits(d->bitmap, size(), devicePixelRatioF())) return;
   d->modified = true;
   d->isPaintPending = true;
 }

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "MapFixture.h"
+
+#include <QSignalSpy>
+#include <QWheelEvent>
+
+namespace tessera::test {
+namespace {
+
+class TTesseraViewTest : public MapFixture {
+ protected:
+  void Wheel(int delta, const QPoint &desktop = {0, 0}) {
+    QWheelEvent event(QPointF(5, 5), QPointF(desktop), QPoint(), QPoint(0, delta), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&map, &event);
+  }
+};
+
+TEST(TTesseraTest, ShowsTheWholeEarthAtFirst) {
+  const TTessera map;
+  EXPECT_EQ(map.size(), QSize(100, 100));
+  int x = 0;
+  int y = 0;
+  map.MapToScreen(0, 0, x, y, false);
+  EXPECT_EQ(QPoint(x, y), QPoint(50, 50));
+  EXPECT_EQ(map.GetViewBounds(), (TBounds{-180, -180, 180, 180}));
+  EXPECT_EQ(map.GetMinZoom(), 0);
+  EXPECT_EQ(map.GetMaxZoom(), 100);
+}
+
+TEST_F(TTesseraViewTest, TellsOfAZoomThatChangesAndIgnoresTheRest) {
+  QSignalSpy zoomed(&map, &TTessera::OnZoom);
+  map.SetZoom(0);
+  map.SetZoom(1);
+  EXPECT_EQ(zoomed.count(), 0);
+  map.SetZoom(-3);
+  EXPECT_EQ(map.GetZoom(), -3);
+  EXPECT_EQ(zoomed.count(), 1);
+}
+
+TEST_F(TTesseraViewTest, StepsByTwoWithTheWheelWithinItsBounds) {
+  QSignalSpy zoomed(&map, &TTessera::OnZoom);
+  map.SetZoom(80);
+  Wheel(1);
+  EXPECT_EQ(map.GetZoom(), 100);
+  Wheel(1200);
+  EXPECT_EQ(map.GetZoom(), 100);
+  EXPECT_EQ(zoomed.count(), 2) << "a zoom held at its bound is no change";
+  map.SetZoom(1);
+  Wheel(-1);
+  Wheel(0);
+  EXPECT_EQ(map.GetZoom(), 0.25);
+  map.SetMinZoom(0.2);
+  Wheel(-1);
+  EXPECT_EQ(map.GetZoom(), 0.2);
+  map.SetWheelMouse(false);
+  Wheel(1);
+  EXPECT_EQ(map.GetZoom(), 0.2);
+}
+
+TEST_F(TTesseraViewTest, ZoomsAboutWhatItIsToldTo) {
+  Wheel(1);
+  EXPECT_EQ(map.GetCenterX(), 100);
+
+  map.SetZoomType(TTessera::wmCursor);
+  map.SetZoom(1);
+  Wheel(1, {30, 20});
+  EXPECT_EQ(map.GetCenterX(), 30) << "the position on the desktop is taken as a client pixel";
+  EXPECT_EQ(map.GetCenterY(), 80);
+
+  map.SetZoomType(TTessera::wmSelected);
+  Wheel(1);
+  EXPECT_EQ(map.GetCenterX(), 30) << "without a selection the centre stays";
+  AddSquare(AddLayer(), 140, 60, 20, clRed)->Select();
+  Wheel(1);
+  EXPECT_EQ(map.GetCenterX(), 150);
+  EXPECT_EQ(map.GetCenterY(), 70);
+}
+
+TEST_F(TTesseraViewTest, RedrawsOnceForAWheelStep) {
+  AddLayer();
+  Shown();
+  QSignalSpy painted(&map, &TTessera::OnPaint);
+  map.SetZoomType(TTessera::wmCursor);
+  Wheel(1, {30, 20});
+  Shown();
+  EXPECT_EQ(painted.count(), 1);
+}
+
+TEST_F(TTesseraViewTest, HoldsUpdatesBackWithoutNesting) {
+  Shown();
+  map.BeginUpdate();
+  map.BeginUpdate();
+  map.EndUpdate(false);
+  EXPECT_FALSE(map.GetModified());
+  EXPECT_FALSE(map.GetInUpdate());
+  map.DoUpdate(false);
+  EXPECT_TRUE(map.GetModified()) << "the argument is ignored";
+}
+
+TEST_F(TTesseraViewTest, BringsTheSelectionIntoView) {
+  TMapLayer *layer = AddLayer();
+  AddSquare(layer, 10, 10, 20, clRed)->Select();
+  map.GetSelection()->Add(AddSquare(layer, 40, 20, 10, clRed), false);
+  map.GetSelection()->Zoom();
+  const TBounds view = map.GetViewBounds();
+  EXPECT_TRUE(view.ContainsBounds({10, 10, 50, 30}));
+  EXPECT_EQ(map.GetCenterX(), 30);
+  EXPECT_EQ(map.GetCenterY(), 20);
+  EXPECT_EQ(map.GetZoom(), 5);
+
+  map.GetSelection()->Clear();
+  auto *point = layer->NewObject<TPolyline>();
+  point->GetParts().Add().GetPoints().Add(70, 80);
+  point->Select();
+  map.GetSelection()->Zoom();
+  EXPECT_EQ(map.GetCenterX(), 70);
+  EXPECT_EQ(map.GetZoom(), 5) << "a point has no extent to zoom to";
+}
+
+TEST_F(TTesseraViewTest, TurnsTheDataClockwiseAndBack) {
+  constexpr double Tolerance = 1e-12;  // a few roundings of coordinates of this size
+  TRegion *square = AddSquare(AddLayer(), 10, 10, 20, clRed);
+  const auto corner = [&] { return square->GetParts().GetFirst().GetPoints().GetPoint(1); };
+  map.RotateMap(10, 10, 90);
+  EXPECT_TRUE(map.GetisMapRotated());
+  EXPECT_NEAR(corner().X, 10, Tolerance);
+  EXPECT_NEAR(corner().Y, -10, Tolerance);
+  EXPECT_EQ(square->GetBounds(), (TBounds{10, 10, 30, 30})) << "an object's bounds are not part of a rotation";
+  const TMapPoint rotated = corner();
+  map.RotateMap(10, 10, 90);
+  EXPECT_EQ(corner(), rotated);
+  double x = 0;
+  double y = 0;
+  map.NormalToRotated(30, 10, x, y);
+  EXPECT_NEAR(x, 10, Tolerance);
+  map.RotatedToNormal(x, y, x, y);
+  EXPECT_NEAR(x, 30, Tolerance);
+
+  map.RotateMap(10, 10, 0);
+  EXPECT_NEAR(corner().X, 30, Tolerance);
+  EXPECT_NEAR(corner().Y, 10, Tolerance);
+  EXPECT_FALSE(map.GetisMapRotated());
+}
+
+TEST_F(TTesseraViewTest, TakesARotationByNothingForNoneOnTheAxes) {
+  EXPECT_FALSE(map.UnRotate());
+  map.RotateMap(5, 0, 0);
+  EXPECT_FALSE(map.UnRotate());
+  map.RotateMap(5, 5, 0);
+  EXPECT_TRUE(map.UnRotate());
+}
+
+}  // namespace
+}  // namespace tessera::test
