@@ -68,48 +68,63 @@ void DrawSteps(QRgb *pixel, const Walk &walk, std::int64_t first, std::int64_t l
   }
 }
 
+/// The columns or rows of a surface along one direction.
+struct Range {
+  std::int64_t low;
+  std::int64_t end;
+  [[nodiscard]] bool Holds(std::int64_t value) const { return value >= low && value < end; }
+};
+
+/// The steps of a walk that are drawn, both ends included.
+struct Steps {
+  std::int64_t first;
+  std::int64_t last;
+};
+
+/// Cuts the steps to those whose pixels lie in both ranges; false when none is left.
+bool Cut(const Walk &walk, Range major, Range minor, Steps &steps) {
+  steps.first = std::max(steps.first, major.low - walk.major);
+  steps.last = std::min(steps.last, major.end - 1 - walk.major);
+  if (steps.first > steps.last) return false;
+  const std::int64_t minorEnd = walk.minor + walk.sign * walk.rise;
+  if (minor.Holds(walk.minor) && minor.Holds(minorEnd)) return true;
+  if (std::max(walk.minor, minorEnd) < minor.low || std::min(walk.minor, minorEnd) >= minor.end) return false;
+  const auto isUp = walk.sign > 0;
+  const auto enters = [&](std::int64_t k) { return isUp ? walk.MinorAt(k) >= minor.low : walk.MinorAt(k) < minor.end; };
+  const auto leaves = [&](std::int64_t k) { return isUp ? walk.MinorAt(k) >= minor.end : walk.MinorAt(k) < minor.low; };
+  steps.first = FirstStep(steps.first, steps.last, enters);
+  steps.last = FirstStep(steps.first, steps.last, leaves) - 1;
+  return steps.first <= steps.last;
+}
+
 /// The line `offset` pixels further in its minor direction.
 void DrawShiftedLine(const Surface &surface, TPoint from, TPoint to, std::int64_t offset, LineEnd end, Ink ink) {
   const std::int64_t dx = std::int64_t(to.x()) - from.x();
   const std::int64_t dy = std::int64_t(to.y()) - from.y();
-  const bool flat = std::abs(dx) >= std::abs(dy);
-  const std::int64_t major = flat ? dx : dy;
-  const std::int64_t minor = flat ? dy : dx;
+  const bool isFlat = std::abs(dx) >= std::abs(dy);
+  const std::int64_t major = isFlat ? dx : dy;
+  const std::int64_t minor = isFlat ? dy : dx;
   if (major == 0) {
-    const std::int64_t y = from.y() + offset;
-    if (end == LineEnd::Drawn) Fill(ink).PaintRun(surface, y, from.x(), std::int64_t(from.x()) + 1);
+    if (end == LineEnd::Drawn) Fill(ink).PaintRun(surface, from.y() + offset, from.x(), from.x() + std::int64_t(1));
     return;
   }
-  const bool reversed = major < 0;
-  const TPoint &start = reversed ? to : from;
-  const Walk walk{flat ? start.x() : start.y(), (flat ? start.y() : start.x()) + offset, std::abs(major),
-                  std::abs(minor), (minor < 0) == reversed ? 1 : -1};
-  std::int64_t first = reversed && end == LineEnd::Omitted ? 1 : 0;
-  std::int64_t last = !reversed && end == LineEnd::Omitted ? walk.length - 1 : walk.length;
-
-  const std::int64_t majorLow = flat ? surface.left : surface.top;
-  const std::int64_t majorHigh = flat ? surface.right : surface.bottom;
-  const std::int64_t minorLow = flat ? surface.top : surface.left;
-  const std::int64_t minorHigh = flat ? surface.bottom : surface.right;
-  first = std::max(first, majorLow - walk.major);
-  last = std::min(last, majorHigh - 1 - walk.major);
-  const std::int64_t minorEnd = walk.minor + walk.sign * walk.rise;
-  if (first > last || std::max(walk.minor, minorEnd) < minorLow || std::min(walk.minor, minorEnd) >= minorHigh) return;
-  if (std::min(walk.minor, minorEnd) < minorLow || std::max(walk.minor, minorEnd) >= minorHigh) {
-    const bool up = walk.sign > 0;
-    const auto enters = [&](std::int64_t k) { return up ? walk.MinorAt(k) >= minorLow : walk.MinorAt(k) < minorHigh; };
-    const auto leaves = [&](std::int64_t k) { return up ? walk.MinorAt(k) >= minorHigh : walk.MinorAt(k) < minorLow; };
-    first = FirstStep(first, last, enters);
-    last = FirstStep(first, last, leaves) - 1;
-    if (first > last) return;
-  }
-  const int firstMajor = int(walk.major + first);
-  const int firstMinor = int(first == 0 ? walk.minor : walk.MinorAt(first));
-  QRgb *pixel = flat ? surface.At(firstMajor, firstMinor) : surface.At(firstMinor, firstMajor);
-  const std::ptrdiff_t majorStride = flat ? 1 : surface.stride;
-  const std::ptrdiff_t minorStride = walk.sign * (flat ? surface.stride : 1);
+  const bool isReversed = major < 0;
+  const TPoint &start = isReversed ? to : from;
+  const Walk walk{isFlat ? start.x() : start.y(), (isFlat ? start.y() : start.x()) + offset, std::abs(major),
+                  std::abs(minor), (minor < 0) == isReversed ? 1 : -1};
+  Steps steps{0, walk.length};
+  if (end == LineEnd::Omitted && isReversed) ++steps.first;
+  if (end == LineEnd::Omitted && !isReversed) --steps.last;
+  const Range columns{surface.left, surface.right};
+  const Range rows{surface.top, surface.bottom};
+  if (!Cut(walk, isFlat ? columns : rows, isFlat ? rows : columns, steps)) return;
+  const int firstMajor = int(walk.major + steps.first);
+  const int firstMinor = int(steps.first == 0 ? walk.minor : walk.MinorAt(steps.first));
+  QRgb *pixel = isFlat ? surface.At(firstMajor, firstMinor) : surface.At(firstMinor, firstMajor);
+  const std::ptrdiff_t majorStride = isFlat ? 1 : surface.stride;
+  const std::ptrdiff_t minorStride = walk.sign * (isFlat ? surface.stride : 1);
   const auto draw = ink.toggles ? DrawSteps<true> : DrawSteps<false>;
-  draw(pixel, walk, first, last, majorStride, minorStride, ink.value);
+  draw(pixel, walk, steps.first, steps.last, majorStride, minorStride, ink.value);
 }
 
 }  // namespace
@@ -118,11 +133,13 @@ void DrawThinLine(const Surface &surface, TPoint from, TPoint to, LineEnd end, I
   DrawShiftedLine(surface, from, to, 0, end, ink);
 }
 
-void DrawNarrowPolyline(const Surface &surface, std::span<const TPoint> points, int widthPx, int offsetPx, Ink ink) {
+void DrawNarrowPolyline(const Surface &surface, std::span<const TPoint> points, NarrowPen pen, LineEnd end, Ink ink) {
+  // The pieces of a wider line overlap, so that its corners are closed.
+  const LineEnd joint = pen.widthPx > 1 ? LineEnd::Drawn : LineEnd::Omitted;
   for (std::size_t i = 1; i < points.size(); ++i) {
-    const LineEnd end = i + 1 == points.size() || widthPx > 1 ? LineEnd::Drawn : LineEnd::Omitted;
-    for (int line = 0; line < widthPx; ++line) {
-      DrawShiftedLine(surface, points[i - 1], points[i], offsetPx + line, end, ink);
+    const LineEnd pieceEnd = i + 1 == points.size() ? end : joint;
+    for (int line = 0; line < pen.widthPx; ++line) {
+      DrawShiftedLine(surface, points[i - 1], points[i], pen.offsetPx + line, pieceEnd, ink);
     }
   }
 }

@@ -12,8 +12,14 @@ enum class LineEnd { Drawn, Omitted };
 /// coordinates; time is bounded by the surface.
 void DrawThinLine(const Surface &surface, TPoint from, TPoint to, LineEnd end, Ink ink);
 
+/// The lines that lie side by side in a line of a few pixels' width.
+struct NarrowPen {
+  int widthPx = 1;
+  int offsetPx = 0;
+};
+
 /// Draws a line of a few pixels' width along all points: in each column of a flat piece (row of a steep one) `widthPx`
-/// pixels, the first of them `offsetPx` from the thin line.
-void DrawNarrowPolyline(const Surface &surface, std::span<const TPoint> points, int widthPx, int offsetPx, Ink ink);
+/// pixels, the first of them `offsetPx` from the thin line. `end` is for the last piece.
+void DrawNarrowPolyline(const Surface &surface, std::span<const TPoint> points, NarrowPen pen, LineEnd end, Ink ink);
 
 }  // namespace tessera::detail

@@ -72,7 +72,10 @@ class ChainPainter {
   void DrawNarrow() {
     m_pixels.clear();
     for (const QPointF &point : m_chain) m_pixels.push_back(point.toPoint());
-    DrawNarrowPolyline(m_stage.GetSurface(), m_pixels, m_pen.widthPx, m_pen.OffsetPx(), m_pen.ink);
+    // A dash ends where the gap begins, but however short it is, it shows.
+    const bool isDot = std::all_of(m_pixels.begin(), m_pixels.end(), [&](TPoint p) { return p == m_pixels.front(); });
+    const LineEnd end = m_pen.IsDashed() && !isDot ? LineEnd::Omitted : LineEnd::Drawn;
+    DrawNarrowPolyline(m_stage.GetSurface(), m_pixels, {m_pen.widthPx, m_pen.OffsetPx()}, end, m_pen.ink);
   }
 
   PaintStage &m_stage;
@@ -179,7 +182,7 @@ std::span<const double> DashPattern(TPenStyle style) {
 
 void StrokePolyline(PaintStage &stage, std::span<const TPoint> points, const DevicePen &pen, double &phasePx) {
   if (pen.widthPx < kNarrowestWidePx && !pen.IsDashed()) {
-    DrawNarrowPolyline(stage.GetSurface(), points, pen.widthPx, pen.OffsetPx(), pen.ink);
+    DrawNarrowPolyline(stage.GetSurface(), points, {pen.widthPx, pen.OffsetPx()}, LineEnd::Drawn, pen.ink);
     return;
   }
   LineChopper chopper(stage, pen, phasePx);

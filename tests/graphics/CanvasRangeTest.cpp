@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "CanvasPixels.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+
+namespace tessera {
+
+namespace {
+
+using test::Board;
+
+constexpr int kLowest = std::numeric_limits<int>::min();
+constexpr int kHighest = std::numeric_limits<int>::max();
+constexpr int kExtremes[] = {kLowest, kLowest + 1, -40000, 0, 15, 40000, kHighest - 1, kHighest};
+
+/// Every drawing with two corners taken from the ends of the coordinates.
+void DrawAll(TCanvas &canvas, int x1, int y1, int x2, int y2) {
+  const std::array<TPoint, 4> points{TPoint(x1, y1), TPoint(x2, y1), TPoint(x2, y2), TPoint(20, y1)};
+  TBitmap bitmap;
+  bitmap.SetSize(3, 2);
+  canvas.FillRect(QRect(QPoint(x1, y1), QPoint(x2, y2)));
+  canvas.Rectangle(x1, y1, x2, y2);
+  canvas.Ellipse(x1, y1, x2, y2);
+  canvas.Polygon(points);
+  canvas.Polyline(points);
+  canvas.MoveTo(x1, y1);
+  canvas.LineTo(x2, y2);
+  TRgn region;
+  canvas.CreatePolygonRgn(points, TFillMode::Winding, region);
+  canvas.PaintRgn(region);
+  canvas.Draw(x1, y1, bitmap);
+  const QRect rect(QPoint(x1, y1), QSize(std::max(0, x2 / 2), std::max(0, y2 / 2)));
+  canvas.StretchDraw(rect, bitmap);
+  canvas.CopyRect(rect, canvas, QRect(QPoint(x2, y2), QSize(3, 3)));
+  canvas.TextOut(x1, y1, QStringLiteral("A"));
+  canvas.TextOut(x1, y2, QStringLiteral("Ag"));
+  canvas.SetFontEscapement(x2);
+  canvas.TextOut(x1, y1, QStringLiteral("Ag"));
+  canvas.SetFontEscapement(0);
+}
+
+struct RangeCase {
+  std::string name;
+  TPenStyle style;
+  int width;
+  TPenMode mode;
+  qreal ratio;
+};
+
+class CanvasRangeTest : public testing::TestWithParam<RangeCase> {};
+
+TEST_P(CanvasRangeTest, DrawsAnyCoordinatesWithinTheBitmap) {
+  const RangeCase &row = GetParam();
+  Board board(40, 30, row.ratio);
+  board.canvas.Brush().SetStyle(TBrushStyle::bsCross);
+  board.canvas.Pen().SetStyle(row.style);
+  board.canvas.Pen().SetWidth(row.width);
+  board.canvas.Pen().SetMode(row.mode);
+  for (const int x1 : kExtremes) {
+    for (const int y1 : kExtremes) {
+      for (const int end : kExtremes) DrawAll(board.canvas, x1, y1, end, 20);
+      DrawAll(board.canvas, x1, y1, 10, y1);
+    }
+  }
+  EXPECT_EQ(board.canvas.GetClipRect(), QRect(0, 0, 40, 30));
+  EXPECT_LT(board.Count(clWhite), board.bitmap.GetImage().width() * board.bitmap.GetImage().height());
+}
+
+INSTANTIATE_TEST_SUITE_P(Pens, CanvasRangeTest,
+                         testing::Values(RangeCase{"Thin", TPenStyle::psSolid, 1, TPenMode::pmCopy, 1},
+                                         RangeCase{"Narrow", TPenStyle::psSolid, 3, TPenMode::pmCopy, 1},
+                                         RangeCase{"Wide", TPenStyle::psSolid, 9, TPenMode::pmCopy, 1},
+                                         RangeCase{"Widest", TPenStyle::psSolid, kHighest, TPenMode::pmCopy, 1},
+                                         RangeCase{"Dotted", TPenStyle::psDot, 1, TPenMode::pmCopy, 1},
+                                         RangeCase{"WideDashes", TPenStyle::psDashDot, 6, TPenMode::pmCopy, 1},
+                                         RangeCase{"XoredDots", TPenStyle::psDot, 2, TPenMode::pmXor, 1},
+                                         RangeCase{"ThinAtRatioTwo", TPenStyle::psSolid, 1, TPenMode::pmCopy, 2},
+                                         RangeCase{"DottedAtRatioTwo", TPenStyle::psDot, 1, TPenMode::pmNotXor, 2}),
+                         [](const auto &row) { return row.param.name; });
+
+TEST(CanvasRangeLineTest, CutsALineWhereAnUncutOneRuns) {
+  // The same line on a board that holds all of it and, moved, on one that holds the middle only.
+  std::mt19937 random(3);
+  std::uniform_int_distribution<int> coordinate(0, 299);
+  for (int i = 0; i < 2000; ++i) {
+    const TPoint from(coordinate(random), coordinate(random));
+    const TPoint to(coordinate(random), coordinate(random));
+    const TPoint offset(100, 120);
+    Board whole(300, 300);
+    whole.canvas.Polyline(std::array{from, to});
+    Board part(40, 30);
+    part.canvas.Polyline(std::array{from - offset, to - offset});
+    ASSERT_EQ(part.bitmap.GetImage(), whole.bitmap.GetImage().copy(QRect(offset, QSize(40, 30))))
+        << from.x() << ',' << from.y() << " to " << to.x() << ',' << to.y();
+  }
+}
+
+TEST(CanvasRangeLineTest, RunsThroughTheMiddleOfTheLongestDiagonal) {
+  Board board(10, 10);
+  board.canvas.Polyline(std::array{TPoint(kLowest + 1, kLowest + 1), TPoint(kHighest, kHighest)});
+  for (int i = 0; i < 10; ++i) EXPECT_EQ(board.At(i, i), clBlack) << i;
+  EXPECT_EQ(board.Count(clBlack), 10);
+}
+
+}  // namespace
+
+}  // namespace tessera

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "CanvasPixels.h"
+
+#include <QFontMetrics>
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace tessera {
+
+namespace {
+
+using test::Board;
+
+/// A board with a large plain font.
+struct TextBoard : Board {
+  explicit TextBoard(qreal ratio = 1) : Board(120, 90, ratio) {
+    canvas.Font() = TFont(QStringLiteral("DejaVu Sans"), 12);
+  }
+};
+
+/// The smallest rectangle of device pixels that are not white.
+QRect InkRect(const Board &board) {
+  QRect rect;
+  const QImage &image = board.bitmap.GetImage();
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (board.At(x, y) != clWhite) rect |= QRect(x, y, 1, 1);
+    }
+  }
+  return rect;
+}
+
+TEST(TFontTest, CountsPointsAtNinetySixPixelsAnInch) {
+  const auto pixels = [](int size) { return TFont(QString(), size).GetPixelSize(); };
+  EXPECT_EQ(pixels(12), 16);
+  EXPECT_EQ(pixels(8), 11);
+  EXPECT_EQ(pixels(-13), 13);
+  EXPECT_EQ(pixels(0), 1);
+  EXPECT_GT(pixels(std::numeric_limits<int>::max()), 10000);
+  EXPECT_GT(pixels(std::numeric_limits<int>::min()), 10000);
+}
+
+TEST(CanvasTextTest, MeasuresLikeTheFont) {
+  TextBoard board;
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setPixelSize(16);
+  const QFontMetrics metrics(font);
+  for (const QString &text : {QStringLiteral("W"), QStringLiteral("Wide words"), QString()}) {
+    for (int time = 0; time < 2; ++time) {
+      EXPECT_EQ(board.canvas.TextExtent(text), QSize(metrics.horizontalAdvance(text), metrics.height()));
+    }
+  }
+}
+
+TEST(CanvasTextTest, MeasuresAlikeAtEveryRatio) {
+  TextBoard one;
+  TextBoard two(2);
+  EXPECT_EQ(one.canvas.TextExtent(QStringLiteral("Wide")), two.canvas.TextExtent(QStringLiteral("Wide")));
+  EXPECT_EQ(one.canvas.TextExtent(QStringLiteral("W")), two.canvas.TextExtent(QStringLiteral("W")));
+}
+
+TEST(CanvasTextTest, DrawsOneCharacterLikeALongerText) {
+  // A space behind it makes the text take the way without the glyph cache.
+  for (const QString &text : {QStringLiteral("A"), QStringLiteral("j"), QStringLiteral("@")}) {
+    // In the open, and across each border.
+    for (const TPoint at : {TPoint(9, 5), TPoint(-4, -3), TPoint(115, 80), TPoint(109, 50)}) {
+      TextBoard cached;
+      cached.canvas.TextOut(at.x(), at.y(), text);
+      TextBoard plain;
+      plain.canvas.TextOut(at.x(), at.y(), text + QLatin1Char(' '));
+      if (at.x() == 9) ASSERT_FALSE(InkRect(plain).isEmpty());
+      for (int y = 0; y < 90; ++y) {
+        for (int x = 0; x < 120; ++x) {
+          // Blending rounds in two ways.
+          ASSERT_NEAR(int(RedOf(cached.At(x, y))), int(RedOf(plain.At(x, y))), 2) << x << ',' << y;
+        }
+      }
+    }
+  }
+}
+
+TEST(CanvasTextTest, FollowsEveryChangeOfTheFont) {
+  TextBoard board;
+  const QString text = QStringLiteral("M");
+  const auto inkAfter = [&](auto change) {
+    board.bitmap.GetImage().fill(Qt::white);
+    change();
+    board.canvas.TextOut(5, 5, text);
+    return board.bitmap.GetImage().copy();
+  };
+  const QImage plain = inkAfter([] {});
+  EXPECT_NE(inkAfter([&] { board.canvas.Font().SetColor(clRed); }), plain);
+  EXPECT_GT(board.Count(clRed), 0);
+  EXPECT_EQ(inkAfter([&] { board.canvas.Font().SetColor(clBlack); }), plain);
+  EXPECT_NE(inkAfter([&] { board.canvas.Font().SetStyle(TFontStyle::fsBold); }), plain);
+  EXPECT_EQ(inkAfter([&] { board.canvas.Font().SetStyle({}); }), plain);
+  EXPECT_NE(inkAfter([&] { board.canvas.Font().SetSize(13); }), plain);
+}
+
+TEST(CanvasTextTest, FillsTheBoxFirstUnlessTheBrushIsClear) {
+  for (const QString &text : {QStringLiteral("."), QStringLiteral("..")}) {
+    TextBoard board;
+    board.canvas.TextOut(10, 10, text);
+    EXPECT_EQ(board.Count(clRed), 0);
+    board.canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+    board.canvas.Brush().SetColor(clRed);
+    board.canvas.TextOut(10, 10, text);
+    EXPECT_EQ(InkRect(board), QRect(QPoint(10, 10), board.canvas.TextExtent(text)));
+  }
+}
+
+TEST(CanvasTextTest, DrawsTwiceAsLargeAtRatioTwo) {
+  for (const QString &text : {QStringLiteral("H"), QStringLiteral("HH")}) {
+    TextBoard one;
+    one.canvas.TextOut(10, 10, text);
+    TextBoard two(2);
+    two.canvas.TextOut(10, 10, text);
+    EXPECT_NEAR(InkRect(two).height(), 2 * InkRect(one).height(), 2);
+    EXPECT_NEAR(InkRect(two).left(), 2 * InkRect(one).left(), 3);
+    EXPECT_NEAR(InkRect(two).top(), 2 * InkRect(one).top(), 3);
+  }
+}
+
+struct TurnCase {
+  std::string name;
+  int escapement;
+  QRect box;  ///< Where a text of 40 x 10 turned about (60, 45) lies.
+};
+
+class CanvasTurnTest : public testing::TestWithParam<TurnCase> {};
+
+TEST_P(CanvasTurnTest, TurnsCounterClockwiseAboutTheUpperLeftCorner) {
+  TextBoard board;
+  board.canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+  board.canvas.Brush().SetColor(clRed);
+  const QString text = QStringLiteral("HHH");
+  const QSize size = board.canvas.TextExtent(text);
+  board.canvas.SetFontEscapement(GetParam().escapement);
+  board.canvas.TextOut(60, 45, text);
+  const QRect box = GetParam().box;
+  const QRect ink = InkRect(board);
+  const bool upright = box.height() > box.width();
+  EXPECT_EQ(ink.size(), upright ? size.transposed() : size);
+  EXPECT_EQ(ink.left() < 60, box.left() < 0);
+  EXPECT_EQ(ink.top() < 45, box.top() < 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Angles, CanvasTurnTest,
+                         testing::Values(TurnCase{"None", 0, QRect(0, 0, 40, 10)},
+                                         TurnCase{"Quarter", 900, QRect(0, -40, 10, 40)},
+                                         TurnCase{"Half", 1800, QRect(-40, -10, 40, 10)},
+                                         TurnCase{"QuarterBack", -900, QRect(-10, 0, 10, 40)}),
+                         [](const auto &row) { return row.param.name; });
+
+}  // namespace
+
+}  // namespace tessera

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "CanvasPixels.h"
+
+#include <gtest/gtest.h>
+
+namespace tessera {
+
+namespace {
+
+using test::Board;
+using test::Operation;
+
+constexpr TPenStyle kPenStyles[] = {TPenStyle::psSolid,      TPenStyle::psDash,       TPenStyle::psDot,
+                                    TPenStyle::psDashDot,    TPenStyle::psDashDotDot, TPenStyle::psClear,
+                                    TPenStyle::psInsideFrame};
+constexpr int kPenWidths[] = {0, 1, 2, 3, 4, 7};
+constexpr TBrushStyle kBrushStyles[] = {TBrushStyle::bsSolid,    TBrushStyle::bsClear,     TBrushStyle::bsHorizontal,
+                                        TBrushStyle::bsVertical, TBrushStyle::bsFDiagonal, TBrushStyle::bsBDiagonal,
+                                        TBrushStyle::bsCross,    TBrushStyle::bsDiagCross};
+constexpr TPenMode kXorModes[] = {TPenMode::pmXor, TPenMode::pmNotXor};
+constexpr qreal kRatios[] = {1, 1.5, 2};
+
+class CanvasXorTest : public testing::TestWithParam<Operation> {
+ protected:
+  /// Draws twice on noise. @returns whether the first time changed anything.
+  bool DrawTwice(Board &board) {
+    const QImage before = board.bitmap.GetImage().copy();
+    GetParam().draw(board.canvas);
+    const bool changed = board.bitmap.GetImage() != before;
+    GetParam().draw(board.canvas);
+    EXPECT_EQ(board.bitmap.GetImage(), before);
+    return changed;
+  }
+
+  /// Whether the operation shows with these tools.
+  [[nodiscard]] bool Shows(TPenStyle pen, bool hasBrush) const {
+    const std::string &name = GetParam().name;
+    if (name == "FillRect" || name == "PaintRgn") return hasBrush;
+    if (name == "Polyline" || name == "LineTo") return pen != TPenStyle::psClear;
+    return pen != TPenStyle::psClear || hasBrush || name.find("Text") != std::string::npos;
+  }
+};
+
+TEST_P(CanvasXorTest, RestoresThePictureWhenDrawnTwice) {
+  for (const qreal ratio : kRatios) {
+    Board board(40, 30, ratio);
+    board.canvas.Font() = TFont(QStringLiteral("DejaVu Sans"), 9, clBlue);
+    board.canvas.Pen().SetColor(RGB(200, 30, 99));
+    board.canvas.Brush().SetColor(RGB(60, 240, 10));
+    test::FillWithNoise(board.bitmap);
+    for (const TPenMode mode : kXorModes) {
+      board.canvas.Pen().SetMode(mode);
+      for (const TPenStyle pen : kPenStyles) {
+        board.canvas.Pen().SetStyle(pen);
+        for (const int width : kPenWidths) {
+          board.canvas.Pen().SetWidth(width);
+          for (const TBrushStyle brush : kBrushStyles) {
+            board.canvas.Brush().SetStyle(brush);
+            ASSERT_EQ(DrawTwice(board), Shows(pen, brush != TBrushStyle::bsClear))
+                << "ratio " << ratio << " mode " << int(mode) << " pen " << int(pen) << " width " << width << " brush "
+                << int(brush);
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST_P(CanvasXorTest, RestoresThePictureUnderABitmapBrush) {
+  TBitmap pattern;
+  pattern.SetSize(3, 5);
+  test::FillWithNoise(pattern);
+  for (const TPenMode mode : kXorModes) {
+    Board board;
+    test::FillWithNoise(board.bitmap);
+    board.canvas.Pen().SetMode(mode);
+    board.canvas.Pen().SetColor(RGB(200, 30, 99));
+    board.canvas.Brush().SetBitmap(pattern);
+    EXPECT_EQ(DrawTwice(board), Shows(TPenStyle::psSolid, true));
+  }
+}
+
+TEST_P(CanvasXorTest, ChangesEachPixelToOneOfTwoValues) {
+  // On black an XOR leaves the colours of pen and brush themselves; a pixel met twice would be black or a mixture.
+  if (GetParam().name == "LineTo") GTEST_SKIP() << "each of its lines is a figure of its own";
+  Board board;
+  board.bitmap.GetImage().fill(Qt::black);
+  board.canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+  board.canvas.Brush().SetColor(RGB(0, 0, 0xF0));
+  board.canvas.Pen().SetColor(RGB(0xF0, 0, 0));
+  board.canvas.Font() = TFont(QStringLiteral("DejaVu Sans"), 9, RGB(0xF0, 0, 0));
+  board.canvas.Pen().SetWidth(5);
+  board.canvas.Pen().SetMode(TPenMode::pmXor);
+  GetParam().draw(board.canvas);
+  const int touched = board.Count(RGB(0, 0, 0xF0)) + board.Count(RGB(0xF0, 0, 0));
+  EXPECT_GT(touched, 0);
+  EXPECT_EQ(touched + board.Count(clBlack), 40 * 30);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryOperation, CanvasXorTest, testing::ValuesIn(test::ModalOperations()),
+                         [](const auto &row) { return row.param.name; });
+
+TEST(CanvasXorModeTest, XorsWithTheColourOrItsInverse) {
+  Board board;
+  board.bitmap.GetImage().fill(qRgb(0x12, 0x34, 0x56));
+  board.canvas.Brush().SetColor(RGB(0xFF, 0x0F, 0x01));
+  board.canvas.Pen().SetMode(TPenMode::pmXor);
+  board.canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+  board.canvas.FillRect(QRect(0, 0, 1, 1));
+  EXPECT_EQ(board.At(0, 0), RGB(0x12 ^ 0xFF, 0x34 ^ 0x0F, 0x56 ^ 0x01));
+  board.canvas.Pen().SetMode(TPenMode::pmNotXor);
+  board.canvas.Brush().SetColor(clBlack);
+  board.canvas.FillRect(QRect(1, 0, 1, 1));
+  EXPECT_EQ(board.At(1, 0), RGB(0x12 ^ 0xFF, 0x34 ^ 0xFF, 0x56 ^ 0xFF));
+}
+
+}  // namespace
+
+}  // namespace tessera

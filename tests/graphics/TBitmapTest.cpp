@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/graphics/TBitmap.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace tessera {
+
+namespace {
+
+TEST(TBitmapTest, HoldsClientPixelsAtTheFullResolution) {
+  TBitmap bitmap;
+  bitmap.SetSize(5, 3, 1.5);
+  EXPECT_EQ(bitmap.GetImage().size(), QSize(8, 5));
+  EXPECT_EQ(bitmap.GetWidth(), 5);
+  EXPECT_EQ(bitmap.GetHeight(), 3);
+}
+
+TEST(TBitmapTest, IsEmptyWithoutASizeThatCanBe) {
+  constexpr int kHighest = std::numeric_limits<int>::max();
+  for (const QSize size : {QSize(0, 5), QSize(5, -1), QSize(kHighest, kHighest), QSize(1 << 20, 1 << 20)}) {
+    TBitmap bitmap;
+    bitmap.SetSize(2, 2);
+    bitmap.SetSize(size.width(), size.height());
+    EXPECT_TRUE(bitmap.IsEmpty()) << size.width() << 'x' << size.height();
+    EXPECT_EQ(bitmap.GetWidth(), 0);
+  }
+}
+
+TEST(TBitmapTest, KeepsImagesInAFormatThatIsDrawnWithoutConversion) {
+  EXPECT_EQ(TBitmap(QImage(2, 2, QImage::Format_Indexed8)).GetImage().format(), QImage::Format_RGB32);
+  EXPECT_EQ(TBitmap(QImage(2, 2, QImage::Format_ARGB32)).GetImage().format(), QImage::Format_ARGB32_Premultiplied);
+}
+
+TEST(TBitmapTest, TakesItsTransparentColourFromTheBottomLeftPixelUnlessOneIsSet) {
+  TBitmap bitmap;
+  bitmap.SetSize(3, 2);
+  bitmap.GetImage().setPixel(0, 1, ToRgb(clRed));
+  EXPECT_EQ(bitmap.GetTransparentColor(), clRed);
+  bitmap.SetTransparentColor(clNavy);
+  EXPECT_EQ(bitmap.GetTransparentColor(), clNavy);
+  bitmap.SetTransparentColor(std::nullopt);
+  EXPECT_EQ(bitmap.GetTransparentColor(), clRed);
+}
+
+TEST(TBitmapTest, ReadsWhatWasSaved) {
+  const QTemporaryDir folder;
+  const QString fileName = folder.filePath(QStringLiteral("picture.png"));
+  QImage image(3, 2, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  ASSERT_TRUE(image.save(fileName));
+  TBitmap bitmap;
+  bitmap.LoadFromFile(fileName);
+  EXPECT_EQ(bitmap.GetImage(), image);
+}
+
+TEST(TBitmapTest, NamesTheFileItCannotReadAndStaysAsItWas) {
+  const QTemporaryDir folder;
+  const QString broken = folder.filePath(QStringLiteral("broken.png"));
+  QFile file(broken);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("\x89PNG\r\n\x1a\nnonsense");
+  file.close();
+  TBitmap bitmap;
+  bitmap.SetSize(4, 4);
+  for (const QString &fileName : {broken, folder.filePath(QStringLiteral("missing.bmp"))}) {
+    try {
+      bitmap.LoadFromFile(fileName);
+      ADD_FAILURE() << "read " << fileName.toStdString();
+    } catch (const EInOutError &error) {
+      EXPECT_TRUE(MessageOf(error).contains(fileName)) << error.what();
+    }
+    EXPECT_EQ(bitmap.GetWidth(), 4);
+  }
+}
+
+}  // namespace
+
+}  // namespace tessera
