@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "BareLoop.h"
+#include "BenchData.h"
+#include "BenchTable.h"
+#include "GdalReference.h"
+#include "HeapUse.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <stdexcept>
+
+namespace tessera::bench {
+namespace {
+
+constexpr QSize PictureSize(1024, 768);
+constexpr double BytesPerMebibyte = 1024 * 1024;
+
+struct Settings {
+  /// How often what takes seconds is run: reading and writing.
+  int slowRuns;
+  /// How often a picture is drawn.
+  int fastRuns;
+  /// Where the pictures drawn are kept; nowhere when empty.
+  QString picturesDir;
+};
+
+struct MapFile {
+  QString label;
+  QString mifPath;
+};
+
+/// Measures everything there is to measure about one file.
+class FileBench {
+ public:
+  FileBench(MapFile file, const Settings &settings, BenchTable &table)
+      : m_file(std::move(file)), m_settings(settings), m_table(table) {}
+
+  void Run() {
+    MeasureLoad();
+    // From here on one copy stays in memory: it is written, and turned into what the bare loop draws.
+    const auto before = HeapUse();
+    m_gdal = std::make_unique<GdalMap>(m_file.mifPath);
+    const auto gdalBytes = static_cast<double>(HeapUse() - before);
+    m_table.Measure(
+        {Title(QStringLiteral("memory")), QStringLiteral("MiB"), {}, [&] { return gdalBytes / BytesPerMebibyte; }, {}},
+        1);
+    MeasureSave();
+    const FlatMap map = m_gdal->Flatten();
+    m_gdal.reset();
+    MeasureDrawing(map);
+  }
+
+ private:
+  [[nodiscard]] QString Title(const QString &what) const { return m_file.label + u' ' + what; }
+
+  void MeasureLoad() {
+    const auto reference = [this] {
+      std::unique_ptr<GdalMap> map;
+      return SecondsOf([&] { map = std::make_unique<GdalMap>(m_file.mifPath); });
+    };
+    m_table.Measure({Title(QStringLiteral("load")), QStringLiteral("s"), {}, reference, {}}, m_settings.slowRuns);
+  }
+
+  void MeasureSave() {
+    const QTemporaryDir directory;
+    const auto reference = [&] {
+      return SecondsOf([&] { m_gdal->Write(directory.filePath(QStringLiteral("reference.mif"))); });
+    };
+    m_table.Measure({Title(QStringLiteral("save")), QStringLiteral("s"), {}, reference, {}}, m_settings.slowRuns);
+  }
+
+  void MeasureDrawing(const FlatMap &map) {
+    BareLoop loop(map);
+    QImage picture(PictureSize, QImage::Format_RGB32);
+    // Zoom 4 shows a sixteenth of the area.
+    for (const int zoom : {1, 4, 16}) {
+      const BareView view = loop.ViewOf(PictureSize, zoom);
+      const auto reference = [&] { return 1000 * SecondsOf([&] { loop.Draw(view, picture); }); };
+      const QString title =
+          Title(zoom == 1 ? QStringLiteral("picture of all") : QStringLiteral("picture of 1/%1").arg(zoom * zoom));
+      m_table.Measure({title, QStringLiteral("ms"), {}, reference, {}}, m_settings.fastRuns);
+      if (!m_settings.picturesDir.isEmpty())
+        picture.save(
+            QDir(m_settings.picturesDir).filePath(QString(title).replace(u'/', u'-') + QStringLiteral(".png")));
+      if (map.HasOnlyPoints()) break;
+    }
+  }
+
+  MapFile m_file;
+  const Settings &m_settings;
+  BenchTable &m_table;
+  std::unique_ptr<GdalMap> m_gdal;
+};
+
+void DescribeOptions(QCommandLineParser &parser) {
+  parser.setApplicationDescription(
+      QStringLiteral("Measures Tessera side by side with GDAL and with a bare QPainter loop."));
+  parser.addHelpOption();
+  parser.addOptions({
+      {QStringLiteral("quick"), QStringLiteral("Use sets of a twentieth of the size.")},
+      {QStringLiteral("runs"), QStringLiteral("Run each side <n> times; pictures thrice as often."),
+       QStringLiteral("n"), QStringLiteral("3")},
+      {QStringLiteral("sets"), QStringLiteral("Measure only these of the sets L, R and P."), QStringLiteral("letters"),
+       QStringLiteral("LRP")},
+      {QStringLiteral("data"), QStringLiteral("Keep the sets in <directory>."), QStringLiteral("directory"),
+       QDir::temp().filePath(QStringLiteral("tessera-bench"))},
+      {QStringLiteral("pictures"), QStringLiteral("Keep what is drawn in <directory>."), QStringLiteral("directory")},
+      {QStringLiteral("json"), QStringLiteral("Write the figures to <file>, too."), QStringLiteral("file")},
+  });
+  parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("MIF files to measure instead of the sets."),
+                               QStringLiteral("[file.mif…]"));
+}
+
+/// The files named, or else the sets chosen, made when they are not there yet.
+std::vector<MapFile> FilesToMeasure(const QCommandLineParser &parser) {
+  std::vector<MapFile> files;
+  for (const QString &path : parser.positionalArguments()) files.push_back({QFileInfo(path).completeBaseName(), path});
+  if (!files.empty()) return files;
+  const BenchScale scale = parser.isSet(QStringLiteral("quick")) ? BenchScale::Quick : BenchScale::Full;
+  for (const BenchSet set : {BenchSet::Regions, BenchSet::Lines, BenchSet::Points}) {
+    const QString name = NameOf(set);
+    if (!parser.value(QStringLiteral("sets")).contains(name)) continue;
+    files.push_back({name, EnsureSet(set, scale, parser.value(QStringLiteral("data")))});
+  }
+  return files;
+}
+
+void Run(const QCommandLineParser &parser) {
+  const int runs = std::max(1, parser.value(QStringLiteral("runs")).toInt());
+  const Settings settings = {runs, 3 * runs, parser.value(QStringLiteral("pictures"))};
+  BenchTable table;
+  for (const MapFile &file : FilesToMeasure(parser)) FileBench(file, settings, table).Run();
+  QTextStream(stdout) << table.ToMarkdown();
+  if (!parser.isSet(QStringLiteral("json"))) return;
+  QFile json(parser.value(QStringLiteral("json")));
+  if (!json.open(QIODevice::WriteOnly) || json.write(table.ToJson()) < 0) {
+    throw std::runtime_error(json.fileName().toStdString() + ": " + json.errorString().toStdString());
+  }
+}
+
+}  // namespace
+}  // namespace tessera::bench
+
+int main(int argc, char **argv) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // The files have decimal points whatever the machine is set to.
+  QLocale::setDefault(QLocale::c());
+  const QApplication application(argc, argv);
+  try {
+    QCommandLineParser parser;
+    tessera::bench::DescribeOptions(parser);
+    parser.process(application);
+    tessera::bench::Run(parser);
+  } catch (const std::exception &error) {
+    QTextStream(stderr) << error.what() << Qt::endl;
+    return 1;
+  }
+  return 0;
+}
