@@ -11,7 +11,6 @@ namespace {
 constexpr int GlyphSizePx = 11;
 /// Clipping happens this far outside, so that pens on the border of the view do not show.
 constexpr double MarginPx = 4;
-constexpr QRgb OutlineColor = qRgb(0x80, 0x80, 0x80);
 
 QImage MakeGlyph() {
   QImage glyph(GlyphSizePx, GlyphSizePx, QImage::Format_ARGB32_Premultiplied);

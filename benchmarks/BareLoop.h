@@ -11,6 +11,9 @@ class QPainter;
 
 namespace tessera::bench {
 
+/// What the borders of areas are drawn in.
+inline constexpr QRgb OutlineColor = qRgb(0x80, 0x80, 0x80);
+
 /// What a picture shows: a pixel is `unitsPerPx` map units wide and high; y points up on the map.
 struct BareView {
   FlatVertex centre;

@@ -4,6 +4,7 @@
 #include "BenchTable.h"
 #include "GdalReference.h"
 #include "HeapUse.h"
+#include "TesseraSide.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -79,18 +80,26 @@ class FileBench {
   void MeasureDrawing(const FlatMap &map) {
     BareLoop loop(map);
     QImage picture(PictureSize, QImage::Format_RGB32);
+    TesseraSide tessera(map, PictureSize);
     // Zoom 4 shows a sixteenth of the area.
     for (const int zoom : {1, 4, 16}) {
-      const BareView view = loop.ViewOf(PictureSize, zoom);
-      const auto reference = [&] { return 1000 * SecondsOf([&] { loop.Draw(view, picture); }); };
       const QString title =
           Title(zoom == 1 ? QStringLiteral("picture of all") : QStringLiteral("picture of 1/%1").arg(zoom * zoom));
-      m_table.Measure({title, QStringLiteral("ms"), {}, reference, {}}, m_settings.fastRuns);
-      if (!m_settings.picturesDir.isEmpty())
-        picture.save(
-            QDir(m_settings.picturesDir).filePath(QString(title).replace(u'/', u'-') + QStringLiteral(".png")));
+      const BareView view = loop.ViewOf(PictureSize, zoom);
+      tessera.Show(view);
+      const auto ours = [&] { return 1000 * SecondsOf([&] { tessera.Draw(); }); };
+      const auto reference = [&] { return 1000 * SecondsOf([&] { loop.Draw(view, picture); }); };
+      m_table.Measure({title, QStringLiteral("ms"), ours, reference, {}}, m_settings.fastRuns);
+      KeepPicture(tessera.Picture(), title + QStringLiteral(" ours"));
+      KeepPicture(picture, title + QStringLiteral(" reference"));
       if (map.HasOnlyPoints()) break;
     }
+  }
+
+  void KeepPicture(const QImage &picture, QString title) const {
+    if (m_settings.picturesDir.isEmpty()) return;
+    QDir().mkpath(m_settings.picturesDir);
+    picture.save(QDir(m_settings.picturesDir).filePath(title.replace(u'/', u'-') + QStringLiteral(".png")));
   }
 
   MapFile m_file;
