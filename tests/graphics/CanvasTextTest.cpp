@@ -69,7 +69,9 @@ TEST(CanvasTextTest, DrawsOneCharacterLikeALongerText) {
       cached.canvas.TextOut(at.x(), at.y(), text);
       TextBoard plain;
       plain.canvas.TextOut(at.x(), at.y(), text + QLatin1Char(' '));
-      if (at.x() == 9) ASSERT_FALSE(InkRect(plain).isEmpty());
+      if (at.x() == 9) {
+        ASSERT_FALSE(InkRect(plain).isEmpty());
+      }
       for (int y = 0; y < 90; ++y) {
         for (int x = 0; x < 120; ++x) {
           // Blending rounds in two ways.
