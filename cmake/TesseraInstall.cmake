@@ -26,7 +26,8 @@ endfunction()
 tessera_install_library(Core DESCRIPTION "Vector map layers, objects and MapInfo formats" REQUIRES Qt6Gui)
 tessera_install_library(
   Widgets DESCRIPTION "Embeddable vector map control" REQUIRES "tessera-core = ${PROJECT_VERSION}" Qt6Widgets)
-install(DIRECTORY src/tessera DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY src/tessera DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
+        FILES_MATCHING PATTERN "*.h" PATTERN "*Private.h" EXCLUDE)
 
 configure_package_config_file(cmake/TesseraConfig.cmake.in TesseraConfig.cmake INSTALL_DESTINATION "${package_dir}")
 write_basic_package_version_file(TesseraConfigVersion.cmake COMPATIBILITY SameMinorVersion)
