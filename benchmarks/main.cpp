@@ -28,6 +28,7 @@ struct Settings {
   int slowRuns;
   /// How often a picture is drawn.
   int fastRuns;
+  bool drawsOnly;
   /// Where the pictures drawn are kept; nowhere when empty.
   QString picturesDir;
 };
@@ -44,6 +45,10 @@ class FileBench {
       : m_file(std::move(file)), m_settings(settings), m_table(table) {}
 
   void Run() {
+    if (m_settings.drawsOnly) {
+      MeasureDrawing(GdalMap(m_file.mifPath).Flatten());
+      return;
+    }
     MeasureLoad();
     // From here on one copy stays in memory: it is written, and turned into what the bare loop draws.
     const auto before = HeapUse();
@@ -120,6 +125,7 @@ void DescribeOptions(QCommandLineParser &parser) {
        QStringLiteral("LRP")},
       {QStringLiteral("data"), QStringLiteral("Keep the sets in <directory>."), QStringLiteral("directory"),
        QDir::temp().filePath(QStringLiteral("tessera-bench"))},
+      {QStringLiteral("draw"), QStringLiteral("Measure drawing only.")},
       {QStringLiteral("pictures"), QStringLiteral("Keep what is drawn in <directory>."), QStringLiteral("directory")},
       {QStringLiteral("json"), QStringLiteral("Write the figures to <file>, too."), QStringLiteral("file")},
   });
@@ -143,7 +149,8 @@ std::vector<MapFile> FilesToMeasure(const QCommandLineParser &parser) {
 
 void Run(const QCommandLineParser &parser) {
   const int runs = std::max(1, parser.value(QStringLiteral("runs")).toInt());
-  const Settings settings = {runs, 3 * runs, parser.value(QStringLiteral("pictures"))};
+  const Settings settings = {runs, 3 * runs, parser.isSet(QStringLiteral("draw")),
+                             parser.value(QStringLiteral("pictures"))};
   BenchTable table;
   for (const MapFile &file : FilesToMeasure(parser)) FileBench(file, settings, table).Run();
   QTextStream(stdout) << table.ToMarkdown();
