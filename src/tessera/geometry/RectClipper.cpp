@@ -4,76 +4,78 @@
 namespace tessera {
 namespace {
 
-/// One side of the rectangle: the cutting line and which of its sides is kept.
-struct Cut {
-  TVectorOperations line;
-  double at;
-  bool isVertical;
-  bool keepsGreater;
-
-  template <typename Point>
-  [[nodiscard]] bool Keeps(const Point &point) const {
-    const auto value = isVertical ? point.X : point.Y;
-    return keepsGreater ? value >= at : value <= at;
-  }
-};
-
-TPointEx ToPointEx(const TPointEx &point) {
-  return point;
-}
 TPointEx ToPointEx(const TMapPoint &point) {
   return {point.X, point.Y};
 }
 
-/// One cut. A run of points on the discarded side adds something only where an edge enters or leaves it, so the points
-/// within the run, whose neighbours are discarded as well, are passed over without arithmetic.
-template <typename Point>
-void Apply(const Cut &cut, std::span<const Point> points, std::vector<TPointEx> &out) {
-  out.clear();
-  const std::size_t count = points.size();
-  bool previousIsKept = count > 0 && cut.Keeps(points[count - 1]);
-  for (std::size_t i = 0; i < count; ++i) {
-    if (cut.Keeps(points[i])) {
-      out.push_back(ToPointEx(points[i]));
-      previousIsKept = true;
-      continue;
-    }
-    const Point &next = points[i + 1 == count ? 0 : i + 1];
-    const TPointEx here = ToPointEx(points[i]);
-    TPointEx crossing{};
-    if (previousIsKept) {
-      const Point &previous = points[i == 0 ? count - 1 : i - 1];
-      if (cut.line.IsIntersected(VectorEx(ToPointEx(previous), here), crossing)) out.push_back(crossing);
-    }
-    if (cut.Keeps(next) && cut.line.IsIntersected(VectorEx(here, ToPointEx(next)), crossing)) out.push_back(crossing);
-    previousIsKept = false;
-  }
-}
-
 }  // namespace
 
-std::span<const TMapPoint> TRectClipper::Clip(std::span<const TMapPoint> points) {
-  const TPointEx leftBottom = PointEx(m_rect.MinX, m_rect.MinY);
-  const TPointEx leftTop = PointEx(m_rect.MinX, m_rect.MaxY);
-  const TPointEx rightTop = PointEx(m_rect.MaxX, m_rect.MaxY);
-  const TPointEx rightBottom = PointEx(m_rect.MaxX, m_rect.MinY);
-  const Cut cuts[] = {
-      {TVectorOperations(VectorEx(leftBottom, leftTop)), m_rect.MinX, true, true},        // smRight of the left side
-      {TVectorOperations(VectorEx(leftTop, rightTop)), m_rect.MaxY, false, false},        // smBelow the top
-      {TVectorOperations(VectorEx(rightTop, rightBottom)), m_rect.MaxX, true, false},     // smLeft of the right side
-      {TVectorOperations(VectorEx(rightBottom, leftBottom)), m_rect.MinY, false, true}};  // smAbove the bottom
+/// One cut. `keeps` answers whether a point of the outline, or a crossing, is not on the discarded side of the line. A
+/// run of points on the discarded side adds something only where an edge enters or leaves it; everything else about it
+/// is dropped without arithmetic.
+template <typename Keeps>
+void TRectClipper::Cut(const TVectorEx &vector, Keeps keeps) {
+  const TVectorOperations line(vector);
+  m_to.clear();
+  const auto frontOf = [](const Stretch &s) { return s.points.empty() ? s.crossing : ToPointEx(s.points.front()); };
+  const auto backOf = [](const Stretch &s) { return s.points.empty() ? s.crossing : ToPointEx(s.points.back()); };
+  const auto addCrossing = [&](const TPointEx &a, const TPointEx &b) {
+    Stretch stretch{{}, {}};
+    if (line.IsIntersected(VectorEx(a, b), stretch.crossing)) m_to.push_back(stretch);
+  };
+  TPointEx before = backOf(m_from.back());
+  for (std::size_t i = 0; i < m_from.size(); ++i) {
+    const Stretch &stretch = m_from[i];
+    const TPointEx after = frontOf(m_from[i + 1 == m_from.size() ? 0 : i + 1]);
+    if (stretch.points.empty()) {
+      if (keeps(stretch.crossing)) {
+        m_to.push_back(stretch);
+      } else {
+        if (keeps(before)) addCrossing(before, stretch.crossing);
+        if (keeps(after)) addCrossing(stretch.crossing, after);
+      }
+    }
+    const TMapPoint *const last = stretch.points.data() + stretch.points.size();
+    for (const TMapPoint *at = stretch.points.data(); at != last;) {
+      const TMapPoint *const first = at;
+      while (at != last && keeps(*at)) ++at;
+      if (at != first) m_to.push_back({{first, at}, {}});
+      if (at == last) break;
+      const TPointEx previous = at == stretch.points.data() ? before : ToPointEx(at[-1]);
+      if (keeps(previous)) addCrossing(previous, ToPointEx(*at));
+      while (at != last && !keeps(*at)) ++at;
+      const TPointEx next = at == last ? after : ToPointEx(*at);
+      if (keeps(next)) addCrossing(ToPointEx(at[-1]), next);
+    }
+    before = backOf(stretch);
+  }
+  if (!m_to.empty()) m_from.swap(m_to);
+}
 
-  Apply(cuts[0], points, m_from);
-  if (m_from.empty()) {
-    for (const TMapPoint &point : points) m_from.push_back(ToPointEx(point));
-  }
-  for (std::size_t i = 1; i < std::size(cuts); ++i) {
-    Apply(cuts[i], std::span<const TPointEx>(m_from), m_to);
-    if (!m_to.empty()) m_from.swap(m_to);
-  }
+std::span<const std::span<const TMapPoint>> TRectClipper::Clip(std::span<const TMapPoint> points) {
+  const auto [minX, minY, maxX, maxY] = m_rect;
+  const TPointEx leftBottom = PointEx(minX, minY);
+  const TPointEx leftTop = PointEx(minX, maxY);
+  const TPointEx rightTop = PointEx(maxX, maxY);
+  const TPointEx rightBottom = PointEx(maxX, minY);
   m_result.clear();
-  m_result.reserve(m_from.size());
-  for (const TPointEx &point : m_from) m_result.push_back({double(point.X), double(point.Y)});
+  if (points.empty()) return m_result;
+  m_from.assign(1, {points, {}});
+  Cut(VectorEx(leftBottom, leftTop), [at = minX](const auto &p) { return p.X >= at; });
+  Cut(VectorEx(leftTop, rightTop), [at = maxY](const auto &p) { return p.Y <= at; });
+  Cut(VectorEx(rightTop, rightBottom), [at = maxX](const auto &p) { return p.X <= at; });
+  Cut(VectorEx(rightBottom, leftBottom), [at = minY](const auto &p) { return p.Y >= at; });
+
+  m_crossings.clear();
+  m_crossings.reserve(m_from.size());
+  for (const Stretch &stretch : m_from) {
+    if (stretch.points.empty()) {
+      m_crossings.push_back({double(stretch.crossing.X), double(stretch.crossing.Y)});
+      m_result.emplace_back(&m_crossings.back(), 1);
+    } else {
+      m_result.push_back(stretch.points);
+    }
+  }
   return m_result;
 }
 

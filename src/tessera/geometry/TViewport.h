@@ -44,7 +44,8 @@ struct TESSERA_CORE_EXPORT TViewport {
 
   /// @throws EZeroDivide when the scale is zero or undefined.
   [[nodiscard]] TMapPoint ScreenToMap(int x, int y) const;
-  /// The pixel of a map point; coordinates beyond 32 bits (and not-a-number) are pinned to the nearest integer there is.
+  /// The pixel of a map point; coordinates beyond 32 bits (and not-a-number) are pinned to the nearest integer there
+  /// is.
   [[nodiscard]] QPoint MapToScreen(double mx, double my) const;
   /// As above, but a point outside the view is pinned one pixel outside the client rectangle on the side where it lies.
   /// @throws ERangeError when the result does not fit 32 bits.

@@ -25,6 +25,7 @@ TMapLayer::~TMapLayer() {
 TCustomMapObject *TMapLayer::AddObject(std::unique_ptr<TCustomMapObject> object, bool paintNow) {
   TCustomMapObject *added = object.get();
   m_objects.push_back(std::move(object));
+  m_extents.Invalidate();
   added->SetMap(m_map);
   added->SetLayer(this);
   added->GetFields().Assign(m_fields);
@@ -49,6 +50,7 @@ std::unique_ptr<TCustomMapObject> TMapLayer::RemoveObject(TCustomMapObject *obje
   if (at == m_objects.size()) return nullptr;
   std::unique_ptr<TCustomMapObject> removed = std::move(m_objects[at]);
   m_objects.erase(m_objects.begin() + std::ptrdiff_t(at));
+  m_extents.Invalidate();
   return removed;
 }
 
@@ -58,6 +60,7 @@ void TMapLayer::ForgetObject(TCustomMapObject &object) {
   if (at == m_objects.size()) return;
   static_cast<void>(m_objects[at].release());
   m_objects.erase(m_objects.begin() + std::ptrdiff_t(at));
+  m_extents.Invalidate();
 }
 
 void TMapLayer::Destroy(TCustomMapObject *object) {
@@ -71,6 +74,7 @@ void TMapLayer::DeleteObject(int index) {
     const std::size_t next = CheckedIndex(index, m_objects.size(), ObjectIndex);
     static_cast<void>(m_objects[next].release());
     m_objects.erase(m_objects.begin() + index);
+    m_extents.Invalidate();
   }
   UpdateMap();
 }
@@ -86,6 +90,7 @@ TCustomMapObject *TMapLayer::GetObjects(int index) const {
 
 std::unique_ptr<TCustomMapObject> TMapLayer::SetObjects(int index, std::unique_ptr<TCustomMapObject> object) {
   m_objects[CheckedIndex(index, m_objects.size(), ObjectIndex)].swap(object);
+  m_extents.Invalidate();
   return object;
 }
 
@@ -136,18 +141,22 @@ bool TMapLayer::ValidZoom() const {
   return zoom <= m_maxZoom;
 }
 
+bool TMapLayer::MeetsRect(std::size_t id, const TBounds &rect) const {
+  using Relation = detail::ExtentCache::Relation;
+  const Relation relation = rect.IsInverted() ? Relation::Unknown : m_extents.RelationOf(id, rect);
+  if (relation != Relation::Unknown) return relation == Relation::Inside;
+  const TCustomMapObject &object = *m_objects[id];
+  return object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
+         object.WithinRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
+         object.ContainsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
+}
+
 bool TMapLayer::GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) const {
   ids.Clear();
-  const double x1 = rect.MinX;
-  const double y1 = rect.MinY;
-  const double x2 = rect.MaxX;
-  const double y2 = rect.MaxY;
-  for (std::size_t i = 0; i < m_objects.size(); ++i) {
-    const TCustomMapObject &object = *m_objects[i];
-    if (object.IntersectsRect(x1, y1, x2, y2) || object.WithinRect(x1, y1, x2, y2) ||
-        object.ContainsRect(x1, y1, x2, y2)) {
-      ids.Add(std::uint32_t(i));
-    }
+  m_extents.Update(m_objects);
+  const TBounds bounds = CellBounds2Bounds(rect);
+  for (std::size_t id = 0; id < m_objects.size(); ++id) {
+    if (MeetsRect(id, bounds)) ids.Add(std::uint32_t(id));
   }
   return ids.GetCount() != 0;
 }

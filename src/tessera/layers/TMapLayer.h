@@ -2,6 +2,7 @@
 #pragma once
 
 #include <tessera/base/TCardinalArray.h>
+#include <tessera/layers/ExtentCache.h>
 #include <tessera/objects/TCustomMapObject.h>
 
 #include <memory>
@@ -123,11 +124,13 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
 
  private:
   [[nodiscard]] std::size_t PositionOf(const TCustomMapObject *object) const;
+  [[nodiscard]] bool MeetsRect(std::size_t id, const TBounds &rect) const;
   static void Destroy(TCustomMapObject *object);
   void UpdateMap();
   void TraceToMap(TMapDataLinkEvent event);
 
   std::vector<std::unique_ptr<TCustomMapObject>> m_objects;
+  mutable detail::ExtentCache m_extents;
   QString m_fileName;
   QString m_name;
   TDataFields m_fields;

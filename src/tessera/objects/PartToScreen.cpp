@@ -71,8 +71,8 @@ void TScreenOutliner::AppendThinned(std::span<const TPoint> pixels, std::size_t 
   }
 }
 
-bool TScreenOutliner::AppendPixels(std::span<const TMapPoint> points, Extent extent, std::vector<TPoint> &outline) {
-  const std::size_t first = outline.size();
+bool TScreenOutliner::AppendPixels(std::span<const TMapPoint> points, Extent extent, std::size_t first,
+                                   std::vector<TPoint> &outline) {
   for (std::size_t at = 0; at < points.size(); at += BlockSize) {
     const auto block = points.subspan(at, std::min(BlockSize, points.size() - at));
     m_viewport.MapToScreen(block, m_pixels.data());
@@ -95,8 +95,8 @@ std::size_t TScreenOutliner::PartToScreen(std::span<const TMapPoint> points, con
   const std::size_t first = outline.size();
   if (points.empty()) return 0;
   const bool seemsInside = m_clipper.GetRect().ContainsBounds(bounds);
-  if (seemsInside && AppendPixels(points, Extent::MustBeInside, outline)) return outline.size() - first;
-  AppendPixels(m_clipper.Clip(points), Extent::Any, outline);
+  if (seemsInside && AppendPixels(points, Extent::MustBeInside, first, outline)) return outline.size() - first;
+  for (const auto stretch : m_clipper.Clip(points)) AppendPixels(stretch, Extent::Any, first, outline);
   if (!m_flags.UseGeneralization) {
     const TPoint last = outline.back();
     outline.resize(first + points.size(), last);

@@ -37,8 +37,9 @@ class TESSERA_CORE_EXPORT TScreenOutliner {
 
  private:
   enum class Extent { Any, MustBeInside };
-  /// Appends the pixels of all points; or none, with the answer false, when one must be inside the view and is not.
-  bool AppendPixels(std::span<const TMapPoint> points, Extent extent, std::vector<TPoint> &outline);
+  /// Appends the pixels of some points to the outline that begins at `first`. When the points must be inside the view
+  /// and one is not, the outline is taken back, and the answer is false.
+  bool AppendPixels(std::span<const TMapPoint> points, Extent extent, std::size_t first, std::vector<TPoint> &outline);
   void AppendThinned(std::span<const TPoint> pixels, std::size_t first, std::vector<TPoint> &outline) const;
 
   TViewport m_viewport;

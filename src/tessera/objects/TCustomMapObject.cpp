@@ -87,6 +87,18 @@ bool TCustomMapObject::ContainsRect(double x1, double y1, double x2, double y2) 
   return ContainsPoint(x1, y1) && ContainsPoint(x2, y1) && ContainsPoint(x2, y2) && ContainsPoint(x1, y2);
 }
 
+std::optional<TBounds> TCustomMapObject::GetVertexExtent() const {
+  // Vertices may have been moved out of the bounds, and bounds set without regard to the vertices.
+  TBounds extent = GetBounds();
+  if (extent.IsInverted()) return std::nullopt;
+  bool hasVertices = false;
+  for (const TPart &part : m_parts.Items()) {
+    for (const TMapPoint &point : part.GetPoints().Points()) extent.Widen(point.X, point.Y);
+    hasVertices |= part.GetPoints().GetCount() > 0;
+  }
+  return hasVertices ? std::optional(extent) : std::nullopt;
+}
+
 void TCustomMapObject::AssignToolsToCanvas(TCanvas &canvas) const {
   const TObjectStyle &style = *m_style;
   canvas.Pen() = style.pen;

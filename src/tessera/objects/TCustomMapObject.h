@@ -9,6 +9,7 @@
 #include <tessera/objects/TParts.h>
 
 #include <memory>
+#include <optional>
 
 namespace tessera {
 
@@ -45,6 +46,10 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   virtual bool WithinRect(double x1, double y1, double x2, double y2) const;
   /// Whether all four corners pass ContainsPoint.
   virtual bool ContainsRect(double x1, double y1, double x2, double y2) const;
+  /// The box that settles the three rectangle tests for most rectangles: one that does not meet it passes none of them,
+  /// one that holds all of it passes one. None when there is no such box, as for an object without vertices and, here,
+  /// for any kind that does not say otherwise. A kind that refines a rectangle test refines this as well.
+  [[nodiscard]] virtual std::optional<TBounds> GetExtent() const { return std::nullopt; }
   /// Which of the map's default fonts a new object of this kind gets.
   [[nodiscard]] virtual TObjectFont GetFontKind() const { return TObjectFont::Symbol; }
 
@@ -104,6 +109,8 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   void SetTag(int tag) { m_tag = tag; }
 
  protected:
+  /// The extent of a kind that keeps the rectangle tests of this class.
+  [[nodiscard]] std::optional<TBounds> GetVertexExtent() const;
   /// Coordinates of the first vertex, for the kinds that stand on a point; the part and the vertex are made when
   /// missing.
   [[nodiscard]] TMapPoint GetAnchor();

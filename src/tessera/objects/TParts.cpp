@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
+#include <tessera/objects/GeometryVersion.h>
 #include <tessera/objects/TParts.h>
 
 #include <cstring>
@@ -22,6 +23,7 @@ void TPart::SetPoints(TMapPoints &&points) {
   TParts *owner = m_points.GetOwner();
   m_points = std::move(points);
   m_points.SetOwner(owner);
+  detail::GeometryVersion::Change();
 }
 
 void TPart::Assign(const TPart &source) {
@@ -96,6 +98,7 @@ void TParts::Delete(int index) {
   const std::size_t at = CheckedIndex(index, std::size_t(GetCount()), PartIndex);
   if (Many *many = GetMany()) {
     many->erase(many->begin() + std::ptrdiff_t(at));
+    detail::GeometryVersion::Change();
   } else {
     Clear();
   }
@@ -108,6 +111,7 @@ void TParts::Clear() {
     for (TPart &only : Items()) std::destroy_at(&only);
   }
   SetWord(0);
+  detail::GeometryVersion::Change();
 }
 
 void TParts::Own() {
@@ -119,10 +123,16 @@ void TParts::Swap(TParts &other) {
   std::swap(m_bounds, other.m_bounds);
   Own();
   other.Own();
+  detail::GeometryVersion::Change();
 }
 
 void TParts::AddPoint(double x, double y, double /*z*/) {
   m_bounds.Widen(x, y);
+}
+
+void TParts::SetBounds(const TBounds &bounds) {
+  m_bounds = bounds;
+  detail::GeometryVersion::Change();
 }
 
 }  // namespace tessera

@@ -69,15 +69,15 @@ class TESSERA_CORE_EXPORT TParts {
   void AddPoint(double x, double y, double z);
   void AddBounds(const TBounds &bounds) { m_bounds.Widen(bounds); }
   [[nodiscard]] const TBounds &GetBounds() const { return m_bounds; }
-  void SetBounds(const TBounds &bounds) { m_bounds = bounds; }
+  void SetBounds(const TBounds &bounds);
   [[nodiscard]] double GetMinX() const { return m_bounds.MinX; }
   [[nodiscard]] double GetMinY() const { return m_bounds.MinY; }
   [[nodiscard]] double GetMaxX() const { return m_bounds.MaxX; }
   [[nodiscard]] double GetMaxY() const { return m_bounds.MaxY; }
-  void SetMinX(double value) { m_bounds.MinX = value; }
-  void SetMinY(double value) { m_bounds.MinY = value; }
-  void SetMaxX(double value) { m_bounds.MaxX = value; }
-  void SetMaxY(double value) { m_bounds.MaxY = value; }
+  void SetMinX(double value) { SetBounds({value, m_bounds.MinY, m_bounds.MaxX, m_bounds.MaxY}); }
+  void SetMinY(double value) { SetBounds({m_bounds.MinX, value, m_bounds.MaxX, m_bounds.MaxY}); }
+  void SetMaxX(double value) { SetBounds({m_bounds.MinX, m_bounds.MinY, value, m_bounds.MaxY}); }
+  void SetMaxY(double value) { SetBounds({m_bounds.MinX, m_bounds.MinY, m_bounds.MaxX, value}); }
 
  private:
   using Many = std::vector<TPart>;

@@ -10,6 +10,7 @@ class TESSERA_CORE_EXPORT TPolyline : public TCustomMapObject {
  public:
   void Draw() override;
   void DrawSelection() override;
+  [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
 };
 
 }  // namespace tessera

@@ -17,6 +17,7 @@ class TESSERA_CORE_EXPORT TRegion : public TCustomMapObject {
   /// anything is drawn, which is intended.
   void Draw() override;
   void DrawSelection() override;
+  [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
 
  private:
   void DrawAsRegion(TScreenOutliner &outliner, TCanvas &canvas);

@@ -83,6 +83,11 @@ bool TSymbol::WithinRect(double x1, double y1, double x2, double y2) const {
   return IntersectsRect(x1, y1, x2, y2);
 }
 
+std::optional<TBounds> TSymbol::GetExtent() const {
+  const TMapPoint position = GetAnchor();
+  return TBounds{position.X, position.Y, position.X, position.Y};
+}
+
 bool TSymbol::ContainsRect(double /*x1*/, double /*y1*/, double /*x2*/, double /*y2*/) const {
   return false;
 }
