@@ -32,9 +32,10 @@ void DrawAll(TCanvas &canvas, int x1, int y1, int x2, int y2) {
   canvas.CreatePolygonRgn(points, TFillMode::Winding, region);
   canvas.PaintRgn(region);
   canvas.Draw(x1, y1, bitmap);
-  const QRect rect(QPoint(x1, y1), QSize(std::max(0, x2 / 2), std::max(0, y2 / 2)));
+  const QRect rect(QPoint(x1, y1), QPoint(x2, y2));
   canvas.StretchDraw(rect, bitmap);
-  canvas.CopyRect(rect, canvas, QRect(QPoint(x2, y2), QSize(3, 3)));
+  canvas.CopyRect(rect, canvas, QRect(QPoint(x2, y2), QPoint(x2, y2)));
+  canvas.CopyRect(QRect(0, 0, 9, 9), canvas, rect);
   canvas.TextOut(x1, y1, QStringLiteral("A"));
   canvas.TextOut(x1, y2, QStringLiteral("Ag"));
   canvas.SetFontEscapement(x2);

@@ -29,6 +29,8 @@ class TCanvas::Private {
   /// The points themselves, or a copy that is good until the next call.
   [[nodiscard]] std::span<const TPoint> ToDevice(std::span<const TPoint> client);
   [[nodiscard]] DeviceRect ToDevice(const QRect &client) const;
+  /// Unlike a QRect this may end beyond the 32-bit coordinates.
+  [[nodiscard]] DeviceRect ToDevice(TPoint client, QSize size) const;
   /// With the smaller of each pair of coordinates first.
   [[nodiscard]] DeviceRect ToDeviceSorted(int x1, int y1, int x2, int y2) const;
 
@@ -37,6 +39,9 @@ class TCanvas::Private {
 
   /// Lines along device points, each pixel changed once. `phasePx` as in StrokePolyline.
   void Stroke(std::span<const TPoint> points, const DevicePen &pen, double &phasePx);
+
+  /// The picture scaled to `dest`, without its transparent pixels.
+  void Blit(const DeviceRect &dest, const TBitmap &bitmap);
 
   /// Draws a figure within `bounds` whose parts overlap. `draw(stage, pen, fill)` is called with what was given, or,
   /// when the ink toggles, with a scratch stage and tools that leave marks there, each of which then changes a pixel

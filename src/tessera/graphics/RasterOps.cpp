@@ -73,10 +73,9 @@ Fill::Fill(const Tile *tile, TPenMode mode) : m_kind(Kind::Tiled), m_tile(tile) 
 }
 
 void Fill::PaintRun(const Surface &surface, std::int64_t y, std::int64_t left, std::int64_t right) const {
-  if (y < surface.top || y >= surface.bottom) return;
+  if (y < surface.top || y >= surface.bottom || left >= surface.right || right <= surface.left || left >= right) return;
   const int first = int(std::max<std::int64_t>(left, surface.left));
   const int end = int(std::min<std::int64_t>(right, surface.right));
-  if (first >= end) return;
   QRgb *pixels = surface.At(first, int(y));
   if (m_kind == Kind::Tiled) {
     PaintTiles(pixels, int(y), first, end);

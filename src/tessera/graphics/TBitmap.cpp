@@ -36,8 +36,8 @@ int TBitmap::GetHeight() const {
 void TBitmap::SetSize(int width, int height, qreal devicePixelRatio) {
   const double deviceWidth = std::round(width * devicePixelRatio);
   const double deviceHeight = std::round(height * devicePixelRatio);
-  // No Qt picture is wider or higher; the comparison also refuses a ratio that is not a number.
-  constexpr double kLargest = 1 << 24;
+  // QPainter draws on no wider or higher picture; the comparison also refuses a ratio that is not a number.
+  constexpr double kLargest = 32767;
   const bool possible = deviceWidth >= 1 && deviceHeight >= 1 && deviceWidth <= kLargest && deviceHeight <= kLargest &&
                         devicePixelRatio > 0;
   if (!possible) {

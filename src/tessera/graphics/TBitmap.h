@@ -23,7 +23,7 @@ class TESSERA_CORE_EXPORT TBitmap {
   [[nodiscard]] int GetWidth() const;
   [[nodiscard]] int GetHeight() const;
   /// Makes the picture `width` x `height` white client pixels (Format_RGB32) at the given device pixel ratio.
-  /// A size of 0 or less, or one that cannot be allocated, leaves it empty.
+  /// A size of 0 or less, above 32767 device pixels, or one that cannot be allocated leaves it empty.
   void SetSize(int width, int height, qreal devicePixelRatio = 1.0);
 
   /// Reads any image format Qt knows. @throws EInOutError with file name and reason; the picture is then unchanged.

@@ -49,12 +49,15 @@ std::array<TPoint, 5> FrameLine(const DeviceRect &rect, int unitPx) {
   return {TPoint(left, top), TPoint(right, top), TPoint(right, bottom), TPoint(left, bottom), TPoint(left, top)};
 }
 
-std::optional<QRgb> TransparentOf(const TBitmap &bitmap) {
-  if (!bitmap.GetTransparent()) return std::nullopt;
-  return ToRgb(bitmap.GetTransparentColor());
-}
-
 }  // namespace
+
+void TCanvas::Private::Blit(const DeviceRect &dest, const TBitmap &bitmap) {
+  std::optional<QRgb> transparent;
+  if (bitmap.GetTransparent()) transparent = ToRgb(bitmap.GetTransparentColor());
+  // A bitmap drawn on itself is copied here, because the surface must stay the only user of its pixels.
+  const QImage image = &bitmap == m_bitmap ? bitmap.GetImage().copy() : bitmap.GetImage();
+  detail::BlitScaled(GetSurface(), dest, {image, {0, 0, image.width(), image.height()}, transparent});
+}
 
 TCanvas::TCanvas(TBitmap *bitmap) : d(std::make_unique<Private>(bitmap)) {}
 
@@ -168,15 +171,11 @@ void TCanvas::CreatePolygonRgn(std::span<const TPoint> points, TFillMode mode, T
 }
 
 void TCanvas::Draw(int x, int y, const TBitmap &bitmap) {
-  StretchDraw(QRect(x, y, bitmap.GetWidth(), bitmap.GetHeight()), bitmap);
+  if (d->Attach()) d->Blit(d->ToDevice(TPoint(x, y), QSize(bitmap.GetWidth(), bitmap.GetHeight())), bitmap);
 }
 
 void TCanvas::StretchDraw(const QRect &rect, const TBitmap &bitmap) {
-  if (bitmap.IsEmpty() || !d->Attach()) return;
-  // A bitmap drawn on itself is copied here, because the surface must stay the only user of its pixels.
-  const QImage image = &bitmap == d->m_bitmap ? bitmap.GetImage().copy() : bitmap.GetImage();
-  const DeviceRect source{0, 0, image.width(), image.height()};
-  detail::BlitScaled(d->GetSurface(), d->ToDevice(rect), {image, source, TransparentOf(bitmap)});
+  if (d->Attach()) d->Blit(d->ToDevice(rect), bitmap);
 }
 
 void TCanvas::CopyRect(const QRect &dest, const TCanvas &canvas, const QRect &source) {

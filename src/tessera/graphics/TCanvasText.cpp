@@ -66,7 +66,7 @@ void TCanvas::TextOut(int x, int y, const QString &text) {
   const bool isKeptGlyph = text.size() == 1 && mode == TPenMode::pmCopy && d->m_escapement == 0 && face.KeepsGlyphs();
   if (isKeptGlyph) {
     const detail::Glyph &glyph = face.GlyphOf(text.front());
-    if (!fill.IsNone()) fill.PaintRect(d->GetSurface(), d->ToDevice(QRect(TPoint(x, y), glyph.extent)));
+    if (!fill.IsNone()) fill.PaintRect(d->GetSurface(), d->ToDevice(TPoint(x, y), glyph.extent));
     detail::BlendGlyph(d->GetSurface(), corner.x(), corner.y(), glyph);
     return;
   }
