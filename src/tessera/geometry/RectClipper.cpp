@@ -52,20 +52,42 @@ void TRectClipper::Cut(const TVectorEx &vector, Keeps keeps) {
   if (!m_to.empty()) m_from.swap(m_to);
 }
 
-std::span<const std::span<const TMapPoint>> TRectClipper::Clip(std::span<const TMapPoint> points) {
+/// The cut by the splitter itself, for a rectangle without height: its sides are no vertical lines, and meet edges that
+/// do not change sides.
+void TRectClipper::CutBySplitter(std::span<const TMapPoint> points) {
+  const TPointEx left = PointEx(m_rect.MinX, m_rect.MinY);
+  const TPointEx right = PointEx(m_rect.MaxX, m_rect.MinY);
+  TPolySplitter splitter;
+  for (const TMapPoint &point : points) splitter.GetSource().Add(ToPointEx(point));
+  splitter.Split(VectorEx(left, left), TSplitMode::smRight);
+  splitter.Split(VectorEx(left, right), TSplitMode::smBelow);
+  splitter.Split(VectorEx(right, right), TSplitMode::smLeft);
+  splitter.Split(VectorEx(right, left), TSplitMode::smAbove);
+  m_from.clear();
+  for (const TPointEx &point : splitter.GetSource().Points()) m_from.push_back({{}, point});
+}
+
+void TRectClipper::CutBySides(std::span<const TMapPoint> points) {
   const auto [minX, minY, maxX, maxY] = m_rect;
   const TPointEx leftBottom = PointEx(minX, minY);
   const TPointEx leftTop = PointEx(minX, maxY);
   const TPointEx rightTop = PointEx(maxX, maxY);
   const TPointEx rightBottom = PointEx(maxX, minY);
-  m_result.clear();
-  if (points.empty()) return m_result;
   m_from.assign(1, {points, {}});
   Cut(VectorEx(leftBottom, leftTop), [at = minX](const auto &p) { return p.X >= at; });
   Cut(VectorEx(leftTop, rightTop), [at = maxY](const auto &p) { return p.Y <= at; });
   Cut(VectorEx(rightTop, rightBottom), [at = maxX](const auto &p) { return p.X <= at; });
   Cut(VectorEx(rightBottom, leftBottom), [at = minY](const auto &p) { return p.Y >= at; });
+}
 
+std::span<const std::span<const TMapPoint>> TRectClipper::Clip(std::span<const TMapPoint> points) {
+  m_result.clear();
+  if (points.empty()) return m_result;
+  if (m_rect.MinY == m_rect.MaxY) {
+    CutBySplitter(points);
+  } else {
+    CutBySides(points);
+  }
   m_crossings.clear();
   m_crossings.reserve(m_from.size());
   for (const Stretch &stretch : m_from) {

@@ -28,6 +28,9 @@ class TESSERA_CORE_EXPORT TRectClipper {
   template <typename Keeps>
   void Cut(const TVectorEx &vector, Keeps keeps);
 
+  void CutBySides(std::span<const TMapPoint> points);
+  void CutBySplitter(std::span<const TMapPoint> points);
+
   TBounds m_rect;
   std::vector<Stretch> m_from;
   std::vector<Stretch> m_to;

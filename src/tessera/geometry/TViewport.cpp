@@ -2,7 +2,7 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/geometry/TViewport.h>
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -28,7 +28,8 @@ int CheckedPixelOf(long double position) {
 }
 
 /// The transform in doubles, which settles a pixel unless the position lies too near to the middle between two.
-/// For positions up to MaxPosition the error of the few operations in doubles stays far below TieMargin.
+/// For positions and half sizes of the client up to MaxPosition the error of the few operations in doubles stays far
+/// below TieMargin.
 struct FastTransform {
   static constexpr double MaxPosition = 1e6;
   static constexpr double TieMargin = 1e-8;
@@ -37,6 +38,7 @@ struct FastTransform {
 
   double centerX, centerY, kx, ky, halfWidth, halfHeight;
 
+  [[nodiscard]] bool IsExactEnough() const { return std::max(std::abs(halfWidth), std::abs(halfHeight)) < MaxPosition; }
   /// False when the exact way has to decide.
   static bool Round(double position, int &pixel) {
     const double rounded = (position + RoundingShift) - RoundingShift;
@@ -108,7 +110,7 @@ void TViewport::MapToScreen(std::span<const TMapPoint> points, QPoint *out) cons
   constexpr std::size_t BlockSize = 64;
   for (std::size_t first = 0; first < points.size(); first += BlockSize) {
     const auto block = points.subspan(first, std::min(BlockSize, points.size() - first));
-    bool isSettled = true;
+    bool isSettled = transform.IsExactEnough();
     for (std::size_t i = 0; i < block.size(); ++i) isSettled &= transform(block[i], out[first + i]);
     if (isSettled) continue;
     for (std::size_t i = 0; i < block.size(); ++i) out[first + i] = MapToScreen(block[i].X, block[i].Y);

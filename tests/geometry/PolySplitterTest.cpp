@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include "../support/Printers.h"
+
+#include <tessera/base/Exceptions.h>
+#include <tessera/geometry/PolySplitter.h>
+#include <tessera/graphics/TCanvas.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+#include <string>
+
+namespace tessera {
+namespace {
+
+using Outline = std::vector<TPointEx>;
+
+constexpr TVectorEx MiddleUp{{1, -5}, {1, 5}};
+constexpr TVectorEx MiddleAcross{{-5, 1}, {5, 1}};
+const Outline Square{{0, 0}, {0, 2}, {2, 2}, {2, 0}};
+const Outline Triangle{{0, 0}, {0.5L, 1}, {1, 0}};
+
+TPolySplitter SplitterOf(const Outline &outline) {
+  TPolySplitter splitter;
+  splitter.GetSource().Add(outline);
+  return splitter;
+}
+
+Outline PointsOf(const TPointsArray &points) {
+  return {points.Points().begin(), points.Points().end()};
+}
+
+struct CutCase {
+  std::string name;
+  Outline source;
+  TVectorEx line;
+  TSplitMode mode;
+  Outline left;
+};
+
+void PrintTo(const CutCase &row, std::ostream *stream) {
+  *stream << row.name;
+}
+
+class TPolySplitterTest : public testing::TestWithParam<CutCase> {};
+
+TEST_P(TPolySplitterTest, KeepsOneSideOfTheLine) {
+  TPolySplitter splitter = SplitterOf(GetParam().source);
+  EXPECT_TRUE(splitter.Split(GetParam().line, GetParam().mode));
+  EXPECT_EQ(PointsOf(splitter.GetSource()), GetParam().left);
+  EXPECT_EQ(PointsOf(splitter.GetDestination()), GetParam().left);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cuts, TPolySplitterTest,
+    testing::Values(
+        CutCase{"LeftHalf", Square, MiddleUp, TSplitMode::smLeft, {{0, 0}, {0, 2}, {1, 2}, {1, 0}}},
+        CutCase{"RightHalf", Square, MiddleUp, TSplitMode::smRight, {{1, 0}, {1, 2}, {2, 2}, {2, 0}}},
+        CutCase{"UpperHalf", Square, MiddleAcross, TSplitMode::smAbove, {{0, 1}, {0, 2}, {2, 2}, {2, 1}}},
+        CutCase{"LowerHalf", Square, MiddleAcross, TSplitMode::smBelow, {{0, 0}, {0, 1}, {2, 1}, {2, 0}}},
+        CutCase{"OneCornerIsReplacedByTwo",
+                {{0, 0}, {0, 2}, {2, 1}},
+                MiddleUp,
+                TSplitMode::smLeft,
+                {{0, 0}, {0, 2}, {1, 1.5L}, {1, 0.5L}}},
+        CutCase{"WhollyOnTheKeptSide", Triangle, MiddleUp, TSplitMode::smLeft, Triangle},
+        CutCase{
+            "VertexOnTheLineStays", {{0, 0}, {1, 1}, {0, 2}}, MiddleUp, TSplitMode::smLeft, {{0, 0}, {1, 1}, {0, 2}}},
+        CutCase{"VertexOnTheLineIsMetAgainFromBothNeighbours",
+                {{0, 0}, {1, 1}, {2, 0}},
+                MiddleUp,
+                TSplitMode::smLeft,
+                {{0, 0}, {1, 1}, {1, 1}, {1, 0}}},
+        CutCase{"LineThroughTwoPointsOnTheWayBack",
+                Square,
+                {{1, 5}, {1, -5}},
+                TSplitMode::smLeft,
+                {{0, 0}, {0, 2}, {1, 2}, {1, 0}}},
+        CutCase{"FarFromTheOrigin",
+                {{1e9L, 1e9L}, {1e9L, 1e9L + 2}, {1e9L + 2, 1e9L + 2}, {1e9L + 2, 1e9L}},
+                {{1e9L + 1, 0}, {1e9L + 1, 1}},
+                TSplitMode::smLeft,
+                {{1e9L, 1e9L}, {1e9L, 1e9L + 2}, {1e9L + 1, 1e9L + 2}, {1e9L + 1, 1e9L}}}),
+    [](const auto &row) { return row.param.name; });
+
+TEST(TPolySplitterTest, KeepsAnOutlineOnTheDiscardedSideWhole) {
+  TPolySplitter splitter = SplitterOf(Triangle);
+  EXPECT_FALSE(splitter.Split({{2, 0}, {2, 1}}, TSplitMode::smRight));
+  EXPECT_EQ(PointsOf(splitter.GetSource()), Triangle);
+  EXPECT_EQ(splitter.GetDestination().GetCount(), 0);
+}
+
+TEST(TPolySplitterTest, CutsNothingOffNothing) {
+  TPolySplitter splitter;
+  EXPECT_FALSE(splitter.Split(MiddleUp, TSplitMode::smLeft));
+  splitter = SplitterOf(Square);
+  splitter.Split(MiddleUp, TSplitMode::smLeft);
+  splitter.Reset();
+  EXPECT_EQ(splitter.GetSource().GetCount() + splitter.GetDestination().GetCount(), 0);
+}
+
+TEST(TVectorOperationsTest, ComparesWithBothEndsInclusively) {
+  const TVectorOperations slanted(VectorEx({1, 1}, {3, 2}));
+  struct Row {
+    TPointEx point;
+    bool isAbove, isBelow, isLeft, isRight;
+  };
+  for (const Row &row : {Row{{2, 2}, true, false, false, false}, Row{{2, 1.9L}, false, false, false, false},
+                         Row{{1, 1}, false, true, true, false}, Row{{3, 2}, true, false, false, true}}) {
+    const std::array<bool, 4> found{
+        slanted.IsPointValid(row.point, TSplitMode::smAbove), slanted.IsPointValid(row.point, TSplitMode::smBelow),
+        slanted.IsPointValid(row.point, TSplitMode::smLeft), slanted.IsPointValid(row.point, TSplitMode::smRight)};
+    EXPECT_EQ(found, (std::array{row.isAbove, row.isBelow, row.isLeft, row.isRight}))
+        << testing::PrintToString(row.point);
+  }
+  EXPECT_FALSE(slanted.IsPointValid({2, 2}, TSplitMode(7)));
+  EXPECT_TRUE(slanted.IsPointInsideBoundsRect({1, 2}));
+  EXPECT_FALSE(slanted.IsPointInsideBoundsRect({1, 2.1L}));
+}
+
+TEST(TVectorOperationsTest, GivesTheParametersOfItsLine) {
+  struct Row {
+    TVectorEx vector;
+    long double a, b;
+    bool isHorizontal, isVertical;
+  };
+  for (const Row &row : {Row{{{1, 1}, {3, 2}}, 0.5L, 0.5L, false, false}, Row{{{1, 4}, {3, 4}}, 0, 4, true, false},
+                         Row{{{1, 4}, {1, 9}}, 0, 0, false, true}, Row{{{1, 4}, {1, 4}}, 0, 4, true, true}}) {
+    const TVectorOperations line(row.vector);
+    EXPECT_EQ(line.GetParamA(), row.a);
+    EXPECT_EQ(line.GetParamB(), row.b);
+    EXPECT_EQ(line.IsHorz(), row.isHorizontal);
+    EXPECT_EQ(line.IsVert(), row.isVertical);
+    EXPECT_EQ(line.IsAny(), !row.isHorizontal && !row.isVertical);
+  }
+}
+
+TEST(TVectorOperationsTest, FindsWhereTheEndlessLineMeetsASegment) {
+  struct Row {
+    const char *name;
+    TVectorEx line, segment;
+    std::optional<TPointEx> meeting;
+  };
+  const Row rows[] = {{"far from the vector", {{0, 0}, {1, 1}}, {{9, 0}, {9, 20}}, TPointEx{9, 9}},
+                      {"short of the line", {{0, 0}, {1, 1}}, {{9, 0}, {9, 8}}, {}},
+                      {"at its end", {{0, 0}, {0, 1}}, {{-4, 3}, {0, 7}}, TPointEx{0, 7}},
+                      {"parallel", {{0, 0}, {1, 1}}, {{0, 1}, {1, 2}}, {}},
+                      {"on the line", {{0, 0}, {0, 1}}, {{0, 3}, {0, 7}}, {}},
+                      {"no vector, taken as level", {{2, 2}, {2, 2}}, {{5, 0}, {7, 4}}, TPointEx{6, 2}}};
+  for (const Row &row : rows) {
+    TPointEx found{};
+    EXPECT_EQ(TVectorOperations(row.line).IsIntersected(row.segment, found), row.meeting.has_value()) << row.name;
+    EXPECT_EQ(found, row.meeting.value_or(TPointEx{})) << row.name;
+  }
+}
+
+TEST(TPointsArrayTest, ListsPoints) {
+  TPointsArray points;
+  points.Add(1, 2);
+  points.Add(PointEx(3, 4));
+  points.Add(Triangle);
+  points.Delete(2);
+  points.SetPoint(0, {7, 8});
+  points.Offset(10, -1);
+  EXPECT_EQ(PointsOf(points), (Outline{{17, 7}, {13, 3}, {10.5L, 0}, {11, -1}}));
+  std::array<TPointEx, 2> first{};
+  points.CopyTo(first);
+  EXPECT_EQ(first[1], points.GetPoint(1));
+  EXPECT_THROW(points.Delete(4), ERangeError);
+  EXPECT_THROW(points.SetPoint(-1, {}), ERangeError);
+  EXPECT_THROW(static_cast<void>(points.GetPoint(4)), ERangeError);
+}
+
+TEST(TPointsArrayTest, MarksPointsWithSmallCrosses) {
+  TBitmap picture;
+  picture.SetSize(20, 20);
+  TCanvas canvas(&picture);
+  TPointsArray points;
+  points.Add(5, 5);
+  points.Add(14.4L, 9.6L);
+  DrawPoints(canvas, points, clRed);
+  int marked = 0;
+  for (int y = 0; y < 20; ++y) {
+    for (int x = 0; x < 20; ++x) marked += picture.GetImage().pixel(x, y) == ToRgb(clRed) ? 1 : 0;
+  }
+  EXPECT_EQ(marked, 2 * 9);
+  for (const QPoint &pixel : {QPoint(3, 5), QPoint(7, 5), QPoint(5, 3), QPoint(14, 12)}) {
+    EXPECT_EQ(picture.GetImage().pixel(pixel), ToRgb(clRed)) << pixel.x() << ' ' << pixel.y();
+  }
+}
+
+}  // namespace
+}  // namespace tessera

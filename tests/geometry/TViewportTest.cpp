@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "../support/Printers.h"
+#include "../support/RandomShapes.h"
+
+#include <tessera/base/Exceptions.h>
+#include <tessera/geometry/TViewport.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+#include <string>
+
+namespace tessera {
+namespace {
+
+constexpr int Lowest = std::numeric_limits<int>::min();
+constexpr int Highest = std::numeric_limits<int>::max();
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+
+TViewport ViewOf(int width, int height) {
+  TViewport view;
+  view.ClientWidth = width;
+  view.ClientHeight = height;
+  return view;
+}
+
+TEST(TViewportTest, ShowsTheWholeWidthOfTheExtentAtFirst) {
+  const TViewport view = ViewOf(100, 100);
+  EXPECT_EQ(view.GetScale().Kx, 100.0L / 360);
+  EXPECT_EQ(view.MapToScreen(0, 0), QPoint(50, 50));
+  EXPECT_EQ(view.ScreenToMap(0, 0), (TMapPoint{-180, 180}));
+  EXPECT_EQ(view.GetViewBounds(), (TBounds{-180, -180, 180, 180}));
+}
+
+TEST(TViewportTest, TakesTheScaleOfBothAxesFromTheWidth) {
+  TViewport view = ViewOf(100, 50);
+  view.Zoom = 2;
+  view.CenterX = 10;
+  view.CenterY = -20;
+  EXPECT_EQ(view.GetScale().Kx, view.GetScale().Ky);
+  EXPECT_EQ(view.GetViewBounds(), (TBounds{-80, -65, 100, 25}));
+  EXPECT_EQ(view.MapToScreen(10, -20), QPoint(50, 25));
+}
+
+TEST(TViewportTest, RoundsHalvesToEven) {
+  const TViewport view = ViewOf(360, 360);  // one pixel a map unit, the origin at (180, 180)
+  struct Row {
+    double mx, my;
+    QPoint pixel;
+  };
+  for (const Row &row :
+       {Row{0.5, 0.5, {180, 180}}, Row{1.5, 1.5, {182, 178}}, Row{-0.5, -0.5, {180, 180}}, Row{-1.5, -1.5, {178, 182}},
+        Row{-180.5, 180.5, {0, 0}}, Row{0.5000001, 0.4999999, {181, 180}}}) {
+    EXPECT_EQ(view.MapToScreen(row.mx, row.my), row.pixel) << row.mx << ' ' << row.my;
+  }
+}
+
+TEST(TViewportTest, PinsPixelsBeyond32Bits) {
+  const TViewport view = ViewOf(100, 100);
+  EXPECT_EQ(view.MapToScreen(1e300, -1e300), QPoint(Highest, Highest));
+  EXPECT_EQ(view.MapToScreen(-Infinity, Infinity), QPoint(Lowest, Lowest));
+  EXPECT_EQ(view.MapToScreen(NaN, 0), QPoint(Lowest, 50));
+}
+
+TEST(TViewportTest, PinsPointsOutOfViewBesideTheClient) {
+  const TViewport view = ViewOf(360, 180);
+  struct Row {
+    double mx, my;
+    QPoint pixel;
+  };
+  for (const Row &row : {Row{-181, 91, {-1, -1}}, Row{181, -91, {360, 180}}, Row{180, -90, {360, 180}},
+                         Row{-180, 90, {0, 0}}, Row{-180.1, 0, {-1, 90}}, Row{7, 1e300, {187, -1}}}) {
+    EXPECT_EQ(view.MapToScreenClipped(row.mx, row.my), row.pixel) << row.mx << ' ' << row.my;
+  }
+  EXPECT_THROW(static_cast<void>(view.MapToScreenClipped(NaN, 0)), ERangeError);
+  EXPECT_THROW(static_cast<void>(view.MapToScreenClipped(0, NaN)), ERangeError);
+}
+
+TEST(TViewportTest, RefusesAScaleThatIsZeroOrUndefined) {
+  TViewport narrow = ViewOf(100, 100);
+  narrow.MinX = narrow.MaxX;
+  TViewport low = ViewOf(100, 100);
+  low.MinY = low.MaxY;
+  for (const TViewport &view : {narrow, low}) {
+    EXPECT_THROW(static_cast<void>(view.MapToScreen(0, 0)), EZeroDivide);
+    EXPECT_THROW(static_cast<void>(view.ScreenToMap(0, 0)), EZeroDivide);
+  }
+  TViewport unzoomed = ViewOf(100, 100);
+  unzoomed.Zoom = 0;
+  for (const TViewport &view : {unzoomed, ViewOf(0, 100)}) {
+    EXPECT_THROW(static_cast<void>(view.ScreenToMap(0, 0)), EZeroDivide);
+    EXPECT_THROW(static_cast<void>(view.GetViewBounds()), EZeroDivide);
+    EXPECT_THROW(static_cast<void>(view.MapToScreenClipped(0, 0)), EZeroDivide);
+  }
+}
+
+TEST(TViewportTest, GivesThePixelOfWhatItSaysAPixelShows) {
+  test::TRandomShapes random(11);
+  for (int i = 0; i < 2000; ++i) {
+    TViewport view = ViewOf(random.Whole(1, 4000), random.Whole(1, 4000));
+    view.Zoom = random.Real(0.001, 5000);
+    view.CenterX = random.Real(-1e6, 1e6);
+    view.CenterY = random.Real(-1e6, 1e6);
+    const QPoint pixel(random.Whole(-9999, 9999), random.Whole(-9999, 9999));
+    const TMapPoint shown = view.ScreenToMap(pixel.x(), pixel.y());
+    ASSERT_EQ(view.MapToScreen(shown.X, shown.Y), pixel);
+  }
+}
+
+/// A view whose conversion of arrays is compared with that of single points.
+struct ViewCase {
+  std::string name;
+  TViewport view;
+};
+
+void PrintTo(const ViewCase &row, std::ostream *stream) {
+  *stream << row.name;
+}
+
+class TViewportArrayTest : public testing::TestWithParam<ViewCase> {
+ protected:
+  /// The double nearest to where the position on the screen lies on the map, or a neighbour of it.
+  double Near(long double position, int clientSize, long double scale, double center) {
+    const double exact = double((position - clientSize / 2.0L) / scale + center);
+    const int side = m_random.Whole(-1, 1);
+    return side == 0 ? exact : std::nextafter(exact, side * Infinity);
+  }
+  /// Points of all sorts: in and about the view, on the middle between two pixels, beside it, and beyond all bounds.
+  std::vector<TMapPoint> Points(const TViewport &view) {
+    const TViewport::Scale scale = view.GetScale();
+    std::vector<TMapPoint> points;
+    for (int i = 0; i < 20000; ++i) {
+      const long double tie = m_random.Whole(-3000, 3000) + 0.5L;
+      points.push_back(
+          {Near(tie, view.ClientWidth, scale.Kx, view.CenterX), Near(tie, view.ClientHeight, -scale.Ky, view.CenterY)});
+      points.push_back({Near(m_random.Real(-3e6, 3e6), view.ClientWidth, scale.Kx, view.CenterX),
+                        Near(m_random.Real(-100, 100), view.ClientHeight, -scale.Ky, view.CenterY)});
+    }
+    const double odd[] = {0, -0.0, NaN, Infinity, -Infinity, 1e308, -1.7e308, 5e-324, 1e15, -4e9, view.CenterX};
+    for (const double x : odd) {
+      for (const double y : odd) points.push_back({x, y});
+    }
+    std::shuffle(points.begin(), points.end(), std::mt19937(5));
+    return points;
+  }
+
+  test::TRandomShapes m_random{20240};
+};
+
+TEST_P(TViewportArrayTest, ConvertsToThePixelsOfTheSinglePoints) {
+  const TViewport &view = GetParam().view;
+  const std::vector<TMapPoint> points = Points(view);
+  std::vector<QPoint> pixels(points.size());
+  view.MapToScreen(points, pixels.data());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const QPoint expected = view.MapToScreen(points[i].X, points[i].Y);
+    ASSERT_EQ(pixels[i], expected) << testing::PrintToString(points[i]);
+    // Points are converted in blocks, where one that is hard to round makes the whole block slow and exact.
+    QPoint alone;
+    view.MapToScreen(std::span(points).subspan(i, 1), &alone);
+    ASSERT_EQ(alone, expected) << testing::PrintToString(points[i]);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Views, TViewportArrayTest,
+    testing::Values(ViewCase{"AtFirst", ViewOf(100, 100)}, ViewCase{"OnePixelAUnit", ViewOf(360, 181)},
+                    ViewCase{"FourPixelsAUnit", {-512, -512, 512, 512, 3.25, -7.5, 4, 1024, 768}},
+                    ViewCase{"FarFromTheOrigin", {-180, -90, 180, 90, 4.5e8 + 1 / 3.0, -7.1e8, 1234.5, 1921, 1079}},
+                    ViewCase{"OfMetres", {0, 0, 2e7, 1e7, 7.4e6, 6.1e6, 4321, 1280, 1024}},
+                    ViewCase{"Mirrored", {-180, -90, 180, 90, 30, 60, -2.5, 800, 600}},
+                    ViewCase{"OfAHugePicture", {-180, -90, 180, 90, 0.1, 0.2, 1, 2'000'000'001, 2'000'000'001}},
+                    ViewCase{"WithoutZoom", {-180, -90, 180, 90, 0.1, 0.2, 0, 801, 600}},
+                    ViewCase{"ZoomedBeyondAllMeasure", {-180, -90, 180, 90, 0.1, 0.2, 1e300, 801, 600}}),
+    [](const auto &row) { return row.param.name; });
+
+}  // namespace
+}  // namespace tessera
