@@ -38,6 +38,12 @@ std::size_t PackedSize(std::string_view bytes) {
   }
 }
 
+/// The text of UTF-8 bytes. A mark of byte order at their beginning, which fromUtf8 passes over, belongs to the text.
+QString DecodedText(std::string_view utf8) {
+  const QString text = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+  return utf8.starts_with("\xEF\xBB\xBF") ? QChar(QChar::ByteOrderMark) + text : text;
+}
+
 template <typename T>
 T Payload(std::string_view packed) {
   T value;
@@ -99,7 +105,7 @@ bool ValueRecordReader::IsText(std::string_view packed, std::string_view &utf8) 
 
 TDataValue ValueRecordReader::Unpack(std::string_view packed) {
   std::string_view utf8;
-  if (IsText(packed, utf8)) return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+  if (IsText(packed, utf8)) return DecodedText(utf8);
   switch (packed.empty() ? char(Unassigned) : packed[0]) {
     case Integer:
       return Payload<std::int32_t>(packed);
@@ -172,7 +178,9 @@ void ValueRecord::Insert(int index, const TDataValue &value) {
 }
 
 void ValueRecord::Remove(int index) {
-  Replace(index, 1, {});
+  ValueRecordReader reader(*this);
+  for (int i = 0; i < index; ++i) reader.NextPacked();
+  if (!reader.AtEnd()) Replace(index, 1, {});
 }
 
 }  // namespace tessera::detail

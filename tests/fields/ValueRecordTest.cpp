@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/data/ValueRecord.h>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+
+namespace tessera::detail {
+namespace {
+
+using Values = std::vector<TDataValue>;
+
+QString Cyrillic(int length) {
+  QString text;
+  for (int i = 0; i < length; ++i) text += QChar(0x0410 + i % 64);
+  return text;
+}
+
+/// One value of every kind, and the texts around the lengths at which their packed form changes.
+Values AllKinds() {
+  using Integers = std::numeric_limits<std::int32_t>;
+  Values values{{},
+                QString(),
+                QStringLiteral("road"),
+                QString(QChar(0)),
+                QString(QChar(QChar::ByteOrderMark)) + QChar(u'x'),
+                QString::fromUcs4(U"\U0001F30D", 1),
+                0,
+                Integers::min(),
+                Integers::max(),
+                -0.5,
+                std::numeric_limits<double>::infinity(),
+                5e-324,
+                true,
+                false,
+                TDateTime{45000.25},
+                TDateTime{-1.75}};
+  for (const int length : {127, 128, 16383, 16384, 300000}) values.push_back(QString(length, QChar(u'a')));
+  for (const int length : {63, 64, 8191, 8192}) values.push_back(Cyrillic(length));
+  return values;
+}
+
+Values Unpacked(const ValueRecord &record) {
+  Values values;
+  for (ValueRecordReader reader(record); !reader.AtEnd();) values.push_back(reader.Next());
+  return values;
+}
+
+TEST(ValueRecordTest, ReadsBackValuesOfEveryKind) {
+  const Values values = AllKinds();
+  ValueRecordWriter writer;
+  for (const TDataValue &value : values) writer.Append(value);
+  ValueRecord record;
+  record.Assign(writer.Bytes());
+  EXPECT_EQ(Unpacked(record), values);
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    EXPECT_EQ(record.Get(int(i)), values[i]) << i;
+    ValueRecord one;
+    one.Set(3, values[i]);
+    EXPECT_EQ(Unpacked(one), (Values{{}, {}, {}, values[i]})) << i;
+  }
+}
+
+TEST(ValueRecordTest, HoldsNoValueBeyondItsEnd) {
+  ValueRecord record;
+  EXPECT_EQ(record.Get(7), TDataValue());
+  record.Set(1, 5);
+  EXPECT_EQ(record.Get(0), TDataValue());
+  EXPECT_EQ(record.Get(2), TDataValue());
+  record.Remove(9);
+  EXPECT_EQ(Unpacked(record), (Values{{}, 5}));
+}
+
+TEST(ValueRecordTest, CostsAByteMoreThanTheValue) {
+  ValueRecord record;
+  record.Set(0, 7);
+  record.Set(1, true);
+  record.Set(2, 0.5);
+  record.Set(3, QStringLiteral("abc"));
+  EXPECT_EQ(record.Bytes().size(), (1 + 4) + 1 + (1 + 8) + (1 + 1 + 3));
+}
+
+TEST(ValueRecordTest, TellsTextsFromOtherValuesWithoutUnpackingThem) {
+  ValueRecord record;
+  record.Set(0, QStringLiteral("abc"));
+  record.Set(1, 7);
+  ValueRecordReader reader(record);
+  std::string_view text;
+  EXPECT_TRUE(ValueRecordReader::IsText(reader.NextPacked(), text));
+  EXPECT_EQ(text, "abc");
+  EXPECT_FALSE(ValueRecordReader::IsText(reader.NextPacked(), text));
+  EXPECT_FALSE(ValueRecordReader::IsText(reader.NextPacked(), text));
+}
+
+TEST(ValueRecordTest, CopiesDeeply) {
+  ValueRecord record;
+  record.Set(0, 7);
+  ValueRecord copy(record);
+  copy.Set(0, 8);
+  EXPECT_EQ(record.Get(0), TDataValue(7));
+  record = copy;
+  const ValueRecord &itself = record;
+  record = itself;
+  EXPECT_EQ(record.Get(0), TDataValue(8));
+  record.Clear();
+  EXPECT_EQ(copy.Get(0), TDataValue(8));
+}
+
+TEST(ValueRecordTest, FollowsAListOfValuesThroughRandomChanges) {
+  std::mt19937 random(31);
+  const Values kinds = AllKinds();
+  const auto any = [&](std::size_t count) { return std::size_t(random() % count); };
+  for (int run = 0; run < 20; ++run) {
+    ValueRecord record;
+    Values model;
+    for (int step = 0; step < 200; ++step) {
+      const std::size_t at = any(model.size() + 3);
+      const TDataValue &value = kinds[any(kinds.size() - 9)];
+      const int what = int(any(3));
+      if (what == 2) {
+        record.Remove(int(at));
+        if (at < model.size()) model.erase(model.begin() + std::ptrdiff_t(at));
+        continue;
+      }
+      if (model.size() < at) model.resize(at);
+      if (what == 0) {
+        record.Insert(int(at), value);
+        model.insert(model.begin() + std::ptrdiff_t(at), value);
+      } else {
+        record.Set(int(at), value);
+        model.resize(std::max(model.size(), at + 1));
+        model[at] = value;
+      }
+      ASSERT_EQ(Unpacked(record), model) << "run " << run << " step " << step;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tessera::detail
