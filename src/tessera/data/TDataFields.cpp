@@ -121,8 +121,12 @@ QString TDataFieldView::GetDataTypeName() const {
   return {};
 }
 
-QString TDataFieldView::GetAsString() const {
-  const TDataValue value = GetValue();
+bool TDataFieldView::IsShownAsStored() const {
+  const TDataType type = GetDataType();
+  return type != TDataType::dtDateTime && type != TDataType::dtDate && type != TDataType::dtTime;
+}
+
+QString TDataFieldView::TextOf(const TDataValue &value) const {
   if (std::holds_alternative<std::monostate>(value)) return {};
   switch (GetDataType()) {
     case TDataType::dtDateTime:

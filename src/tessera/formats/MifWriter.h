@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/formats/StagedFile.h>
+#include <tessera/formats/TFormatReport.h>
+#include <tessera/objects/TCustomMapObject.h>
+
+#include <string>
+#include <string_view>
+
+namespace tessera {
+
+class TMapLayer;
+class TPolyline;
+class TRegion;
+class TSymbol;
+
+namespace detail {
+
+/// Writes the objects of a layer to a MIF file and their values to its data file. Lines end as the format's home
+/// platform ends them, in carriage return and line feed.
+///
+/// The header and its oddities are intended to the last character: a Float column loses its name, a date column is the
+/// word Date alone, a boolean column is counted but has no line, and the small integers miss a letter.
+class MifWriter {
+ public:
+  /// What is given must outlive the writer.
+  MifWriter(const TMapLayer &layer, TStagedFile &mif, TStagedFile &mid, TFormatReport &report);
+
+  /// @throws EInOutError, ERangeError when an object has fewer columns than the layer.
+  void Write();
+
+ private:
+  friend struct KindWriters;
+
+  void WriteHeader();
+  void WriteColumn(const TDataFieldView &column);
+  void WriteValues(const TCustomMapObject &object);
+  void WriteGeometry(const TCustomMapObject &object);
+  void WriteRegion(const TRegion &region);
+  void WritePline(const TPolyline &line);
+  void WritePoint(const TSymbol &symbol);
+  void WritePen(const TObjectStyle &style);
+  void WriteBrush(const TObjectStyle &style);
+  void WriteVertices(std::span<const TMapPoint> vertices);
+  /// "x y" at `out`; answers its end.
+  char *PutVertex(char *out, const TMapPoint &vertex);
+  void AddNumber(int number);
+  void AddText(QStringView text);
+  /// Writes the line put together so far.
+  void EndLine();
+  void WarnOfLosses();
+
+  const TMapLayer &m_layer;
+  TStagedFile &m_mif;
+  TStagedFile &m_mid;
+  TFormatReport &m_report;
+  char m_separator;
+  std::string m_line;
+  std::string m_bytes;
+  std::string m_values;
+  // What was lost.
+  qint64 m_unknownCharacters = 0;
+  qint64 m_brokenValues = 0;
+  qint64 m_droppedParts = 0;
+  qint64 m_badCoordinates = 0;
+  qint64 m_shapeless = 0;
+};
+
+}  // namespace detail
+}  // namespace tessera

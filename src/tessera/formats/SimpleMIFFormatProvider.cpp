@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/DebugTrace.h>
+#include <tessera/base/Exceptions.h>
+#include <tessera/base/MessageSink.h>
+#include <tessera/formats/MifReader.h>
+#include <tessera/formats/MifText.h>
+#include <tessera/formats/MifWriter.h>
+#include <tessera/formats/SimpleMIFFormatProvider.h>
+#include <tessera/layers/TMapLayer.h>
+
+#include <QFileInfo>
+#include <QScopeGuard>
+
+namespace tessera {
+namespace {
+
+/// The data file that belongs to a .mif file: the one with the extension .mid, or one that only differs in the case of
+/// these letters when just that is there.
+QString DataFileName(const QString &fileName) {
+  const qsizetype dot = fileName.lastIndexOf(u'.');
+  const QString bare = dot > fileName.lastIndexOf(u'/') ? fileName.first(dot) : fileName;
+  QString usual = bare + QStringLiteral(".mid");
+  if (QFileInfo::exists(usual)) return usual;
+  constexpr unsigned LetterCount = 3;
+  for (unsigned capitals = 1; capitals < 1U << LetterCount; ++capitals) {
+    QString extension = QStringLiteral("MID");
+    for (unsigned i = 0; i < LetterCount; ++i) {
+      if ((capitals >> i & 1U) == 0) extension[i] = extension[i].toLower();
+    }
+    if (const QString other = bare + u'.' + extension; QFileInfo::exists(other)) return other;
+  }
+  return usual;
+}
+
+/// Brackets the loading of a layer with what its map is told.
+class TLoadBracket {
+ public:
+  explicit TLoadBracket(TMapHost &map) : m_map(map) {
+    m_map.BeginUpdate();
+    m_map.SetIsLoading(true);
+  }
+  ~TLoadBracket() {
+    m_map.StopProgress();
+    m_map.EndUpdate(true);
+    m_map.SetIsLoading(false);
+  }
+  TLoadBracket(const TLoadBracket &) = delete;
+  TLoadBracket &operator=(const TLoadBracket &) = delete;
+
+ private:
+  TMapHost &m_map;
+};
+
+void ReportError(TFormatReport &report, int line, const std::exception &error) {
+  report.Fail(line, MessageOf(error));
+  ShowMessage(FormatMessage(QStringLiteral("Error reading mif-file at line %d with message: %s!"),
+                            {QString::number(line), MessageOf(error)}));
+}
+
+/// @throws EInOutError when a file cannot be opened.
+void ReadPair(TMapLayer &layer, const QString &fileName, TFormatReport &report) {
+  const detail::MappedFile mif(fileName);
+  std::optional<detail::MappedFile> mid;
+  std::optional<std::string_view> values;
+  if (const QString name = DataFileName(fileName); QFileInfo(name).isFile()) {
+    values = mid.emplace(name).Bytes();
+  } else {
+    DebugTrace(QStringLiteral("missing data file for vector file %S!"), {fileName});
+    report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
+  }
+  const auto size = qint64(mif.Bytes().size());
+  layer.GetMapHost()->StartProgress(0, detail::MifReader::ProgressPosition(size, size), QStringLiteral("Loading file"));
+  detail::MifReader reader(layer, mif.Bytes(), values, report);
+  try {
+    reader.Read();
+  } catch (const std::exception &error) {
+    ReportError(report, reader.GetLine(), error);
+  }
+  reader.FinishReport();
+}
+
+}  // namespace
+
+QString TSimpleMIFFormatProvider::GetDescription() const {
+  return QStringLiteral("MapInfo Interchange Format (MIF) Provider (simple edition)");
+}
+
+QString TSimpleMIFFormatProvider::GetFilter() const {
+  return QStringLiteral("MapInfo Interchange Format Files (*.mif)|*.mif");
+}
+
+QUuid TSimpleMIFFormatProvider::GetGUID() const {
+  return QUuid(QStringLiteral("{830DF284-6671-4CD9-BE3C-CAF9B6DB2E2C}"));
+}
+
+bool TSimpleMIFFormatProvider::CanProcessFile(const QString &fileName) const {
+  return QFileInfo(fileName).suffix().compare(QStringLiteral("mif"), Qt::CaseInsensitive) == 0;
+}
+
+TObjectAttribute TSimpleMIFFormatProvider::IsObjAttrString(const QString &line) const {
+  return detail::ClassifyClause(line.toLatin1().toStdString());
+}
+
+bool TSimpleMIFFormatProvider::Load(TMapLayer *layer, const QString &fileName) {
+  TFormatReport &report = NewReport();
+  if (layer == nullptr || layer->GetMapHost() == nullptr || !QFileInfo(fileName).isFile()) {
+    report.Fail(0, QStringLiteral("there is no such file, or the layer is on no map"));
+    return false;
+  }
+  const TLoadBracket bracket(*layer->GetMapHost());
+  try {
+    ReadPair(*layer, fileName, report);
+  } catch (const std::exception &error) {
+    ReportError(report, 0, error);
+  }
+  return false;
+}
+
+bool TSimpleMIFFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
+  TFormatReport &report = NewReport();
+  if (layer == nullptr) return false;
+  if (!fileName.isEmpty()) layer->SetFileName(fileName);
+  TMapHost *map = layer->GetMapHost();
+  const auto stopProgress = qScopeGuard([map] {
+    if (map != nullptr) map->StopProgress();
+  });
+  try {
+    const QString dataFileName = DataFileName(fileName);
+    if (dataFileName == fileName) {
+      throw EInOutError(QStringLiteral("Cannot create file \"%1\". It would be its own data file.").arg(fileName));
+    }
+    detail::TStagedFile mif(fileName);
+    detail::TStagedFile mid(dataFileName);
+    if (map != nullptr) map->StartProgress(0, 0, QStringLiteral("Saving..."));
+    detail::MifWriter(*layer, mif, mid, report).Write();
+    mif.Close();
+    mid.Close();
+    detail::TStagedFile::SwapIn(mif, mid);
+  } catch (const std::exception &error) {
+    report.Fail(0, MessageOf(error));
+    throw;
+  }
+  return false;
+}
+
+}  // namespace tessera

@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+#include "../base/LocaleGuard.h"
+#include "MifFixture.h"
+
+#include <QString>
+
+namespace tessera {
+namespace {
+
+using test::TVertices;
+
+class MifReadTest : public test::TMifTest {};
+
+TEST_F(MifReadTest, ReadsEveryKindWithItsValues) {
+  LoadData(QStringLiteral("town"));
+  EXPECT_EQ(messages, std::vector<std::string>());
+  ASSERT_EQ(layer.GetObjectCount(), 4);
+
+  ASSERT_NE(As<TRegion>(0), nullptr);
+  EXPECT_EQ(VerticesOf(0, 0), (TVertices{{0, 0}, {10, 0}, {10, 10.5}, {0, 0}}));
+  EXPECT_EQ(VerticesOf(0, 1), (TVertices{{2, 2}, {4, 2}, {-3.25, 4}}));
+  EXPECT_EQ(ObjectAt(0).GetBounds(), (TBounds{-3.25, 0, 10, 10.5}));
+  EXPECT_EQ(ObjectAt(0).GetPen().GetColor(), RGB(0, 0, 255));
+  EXPECT_EQ(ObjectAt(0).GetBrush().GetColor(), clRed);
+
+  ASSERT_NE(As<TPolyline>(1), nullptr);
+  EXPECT_EQ(VerticesOf(1, 0), (TVertices{{1, 1}, {2.5, -2.5}, {300, 0.5}}));
+  EXPECT_EQ(ObjectAt(1).GetPen().GetColor(), RGB(0, 255, 0));
+
+  auto *moscow = As<TSymbol>(2);
+  ASSERT_NE(moscow, nullptr);
+  EXPECT_EQ(moscow->GetBounds(), (TBounds{37.618423, 55.751244, 37.618423, 55.751244}));
+  EXPECT_EQ(moscow->GetShape(), 57);
+  EXPECT_EQ(moscow->GetFont(), TFont(QStringLiteral("Карта Знаки"), 24, clRed));
+  EXPECT_EQ(As<TSymbol>(3)->GetFont(), TFont(QStringLiteral("MapInfo Symbol"), 9, RGB(0, 0, 255)));
+
+  const char *expected[][4] = {{"Область", "120", "10.25", ""},
+                               {"Дорога", "", "0.5", ""},
+                               {"Москва", "12506468", "2511", ""},
+                               {"O'Neil \"\"X\"\"", "7", "1", ""}};
+  for (int object = 0; object < 4; ++object) {
+    for (int field = 0; field < 4; ++field) EXPECT_EQ(ValueOf(object, field), expected[object][field]);
+  }
+  EXPECT_EQ(provider.GetReport().objects,
+            (std::map<QString, qint64>{
+                {QStringLiteral("Region"), 1}, {QStringLiteral("Pline"), 1}, {QStringLiteral("Point"), 2}}));
+  EXPECT_EQ(Warnings(), "");
+}
+
+TEST_F(MifReadTest, BracketsTheLoadWithWhatTheMapIsTold) {
+  LoadText("Point 1 2\n");
+  const std::vector<QString> expected{QStringLiteral("BeginUpdate"),
+                                      QStringLiteral("SetIsLoading true"),
+                                      QStringLiteral("StartProgress 0 15 Loading file"),
+                                      QStringLiteral("StopProgress"),
+                                      QStringLiteral("EndUpdate true"),
+                                      QStringLiteral("SetIsLoading false")};
+  EXPECT_EQ(map.calls, expected);
+  EXPECT_EQ(map.addedObjects, 1);
+  EXPECT_EQ(map.addedOutsideUpdate, 0);
+}
+
+TEST_F(MifReadTest, ShowsRisingProgressNoMoreThanItsStepsAllow) {
+  QByteArray points;
+  for (int i = 0; i < 5000; ++i) points += "Point 1 2\n";
+  LoadText(points);
+  EXPECT_GT(map.progress.size(), 200U);
+  EXPECT_LT(map.progress.size(), 260U);
+  EXPECT_TRUE(std::is_sorted(map.progress.begin(), map.progress.end()));
+  EXPECT_LE(map.progress.back(), points.size() + 5);
+}
+
+TEST_F(MifReadTest, AlwaysAnswersFalseAndLeavesTheNamesAlone) {
+  WriteFile(QStringLiteral("a.mif"), "Point 1 2\n\n\n");
+  EXPECT_FALSE(layer.LoadFromFile(PathOf(QStringLiteral("a.mif")), QStringLiteral("Towns")));
+  EXPECT_EQ(layer.GetObjectCount(), 1);
+  EXPECT_EQ(layer.GetName(), QString());
+  EXPECT_EQ(layer.GetFileName(), QString());
+}
+
+TEST_F(MifReadTest, DoesNothingWithoutFileLayerOrMap) {
+  EXPECT_FALSE(provider.Load(&layer, PathOf(QStringLiteral("missing.mif"))));
+  EXPECT_FALSE(provider.GetReport().ok());
+  WriteFile(QStringLiteral("a.mif"), "Point 1 2\n\n\n");
+  EXPECT_FALSE(provider.Load(nullptr, PathOf(QStringLiteral("a.mif"))));
+  layer.SetMap(nullptr);
+  EXPECT_FALSE(provider.Load(&layer, PathOf(QStringLiteral("a.mif"))));
+  EXPECT_EQ(layer.GetObjectCount(), 0);
+  EXPECT_TRUE(map.calls.empty());
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(MifReadTest, ReadsShapesWithoutADataFileAndSaysSoInTheReportOnly) {
+  WriteFile(QStringLiteral("a.mif"), "Columns 1\n Name Char(5)\nPoint 1 2\n\n\n");
+  provider.Load(&layer, PathOf(QStringLiteral("a.mif")));
+  ASSERT_EQ(layer.GetObjectCount(), 1);
+  EXPECT_EQ(ValueOf(0, 0), "");
+  EXPECT_TRUE(messages.empty());
+  EXPECT_EQ(Warnings(), "there is no data file, so the objects have no values");
+}
+
+TEST_F(MifReadTest, FindsADataFileWhoseExtensionIsInCapitals) {
+  WriteFile(QStringLiteral("a.MIF"), "Columns 1\n Name Char(5)\nPoint 1 2\n\n\n");
+  WriteFile(QStringLiteral("a.MID"), "\"x\"\n");
+  provider.Load(&layer, PathOf(QStringLiteral("a.MIF")));
+  EXPECT_EQ(ValueOf(0, 0), "x");
+}
+
+TEST_F(MifReadTest, NeverLooksAtTheLastLine) {
+  LoadData(QStringLiteral("one_point_last"));
+  EXPECT_EQ(layer.GetObjectCount(), 0);
+  EXPECT_EQ(provider.GetReport().skippedLines.at(QStringLiteral("Point")), 1);
+}
+
+TEST_F(MifReadTest, GivesEverySectionTheCountOfTheFirst) {
+  LoadData(QStringLiteral("sections"));
+  ASSERT_EQ(layer.GetObjectCount(), 2);
+  ASSERT_EQ(ObjectAt(0).GetParts().GetCount(), 2);
+  EXPECT_EQ(VerticesOf(0, 0), (TVertices{{0, 0}, {1, 1}, {2, 2}}));
+  EXPECT_EQ(VerticesOf(0, 1), (TVertices{{4, 10}, {11, 11}, {12, 12}}));
+  EXPECT_EQ(ObjectAt(0).GetPen().GetColor(), clBlack) << "the clause comes after a line that was left over";
+  EXPECT_EQ(Warnings(), "line 7: only the first section of a Pline Multiple is read as it is meant");
+}
+
+TEST_F(MifReadTest, PassesOverOtherKindsButNotTheirValues) {
+  LoadData(QStringLiteral("foreign_kinds"));
+  ASSERT_EQ(layer.GetObjectCount(), 2);
+  EXPECT_EQ(ValueOf(0, 0), "1");
+  EXPECT_EQ(ValueOf(1, 0), "2");
+  EXPECT_EQ(VerticesOf(1, 0), (TVertices{{7, 8}, {9, 10}}));
+  const auto &skipped = provider.GetReport().skippedLines;
+  for (const char *kind : {"Line", "Arc", "Text", "None", "Ellipse", "Version"}) {
+    EXPECT_EQ(skipped.at(QString::fromLatin1(kind)), 1) << kind;
+  }
+  EXPECT_EQ(skipped.at(QStringLiteral("other")), 3) << "the lines of numbers and quotes";
+  EXPECT_EQ(Warnings(), "the data file has more lines than there are objects");
+}
+
+TEST_F(MifReadTest, TakesColumnTypesFromTheWordsInTheirLines) {
+  LoadText(
+      "Columns 9\n  a Char(30)\n b Float\nc Decimal(9, 2)\nd INTEGER\ne smallint\nf Date\ng Logical\nh "
+      "DateTime\nInteger\n");
+  using enum TDataType;
+  const std::pair<const char *, TDataType> expected[] = {{"a", dtString},  {"b", dtFloat},    {"c", dtDecimal},
+                                                         {"d", dtInteger}, {"e", dtSmallInt}, {"f", dtDate},
+                                                         {"g", dtFloat},   {"h", dtDate},     {"Integer", dtFloat}};
+  ASSERT_EQ(layer.GetFields().GetCount(), 9);
+  for (int i = 0; i < 9; ++i) {
+    const TDataFieldView field = std::as_const(layer).GetFields().GetFields(i);
+    EXPECT_EQ(field.GetName().toStdString(), expected[i].first);
+    EXPECT_EQ(field.GetDataType(), expected[i].second) << i;
+    EXPECT_EQ(field.GetSize(), 0) << i;
+  }
+}
+
+TEST_F(MifReadTest, GivesValuesToTextsAndNumbersOnly) {
+  LoadText(
+      "Delimiter \",\"\nColumns 6\na SmallInt\nb Char(9)\nc Date\nd Integer\ne Float\nf Logical\nPoint 1 1\nPoint 2 "
+      "2\n",
+      "1,xabcx,3, 4 ,five,6,7\n,\"\n");
+  const char *expected[] = {"", "abc", "", " 4 ", "five", "6"};
+  for (int i = 0; i < 6; ++i) EXPECT_EQ(ValueOf(0, i), expected[i]) << i;
+  EXPECT_EQ(ValueOf(1, 1), "");
+}
+
+TEST_F(MifReadTest, SplitsValuesAtADelimiterOfSeveralCharacters) {
+  LoadText("Delimiter \"\\t\"\nColumns 2\na Char(9)\nb Integer\nPoint 1 1\n", "\"x\ty\"\\t5\n");
+  EXPECT_EQ(ValueOf(0, 0), "x\ty");
+  EXPECT_EQ(ValueOf(0, 1), "5");
+}
+
+TEST_F(MifReadTest, SplitsWithinQuotesToo) {
+  LoadText("Delimiter \",\"\nColumns 2\na Char(9)\nb Char(9)\nPoint 1 1\n", "\"x,y\",\"z\"\n");
+  EXPECT_EQ(ValueOf(0, 0), "");
+  EXPECT_EQ(ValueOf(0, 1), "");
+}
+
+TEST_F(MifReadTest, CountsObjectsThatFindNoValues) {
+  LoadText("Columns 1\na Integer\nPoint 1 1\nPoint 2 2\nPoint 3 3\n", "7\n");
+  EXPECT_EQ(ValueOf(0, 0), "7");
+  EXPECT_EQ(ValueOf(2, 0), "");
+  EXPECT_EQ(Warnings(), "the data file has no line for the last 2 objects");
+}
+
+TEST_F(MifReadTest, MakesAnObjectForEveryKindThatALineNames) {
+  LoadText("Columns 1\na Integer\nRegion Point 5 6\n", "7\n");
+  ASSERT_EQ(layer.GetObjectCount(), 2);
+  EXPECT_NE(As<TRegion>(0), nullptr);
+  EXPECT_EQ(ValueOf(0, 0), "");
+  EXPECT_EQ(Error(), "3: 'Point' is not a valid floating point value");
+}
+
+TEST_F(MifReadTest, TakesAWordInATextForAnObject) {
+  LoadText("Text\n  \"Meeting point\"\n 0 0 1 1\n");
+  EXPECT_EQ(layer.GetObjectCount(), 1);
+  EXPECT_EQ(messages.size(), 1U);
+}
+
+TEST_F(MifReadTest, TakesLinesEndedByReturnsAlone) {
+  LoadText("Columns 1\r a Integer\rPoint 29 1\rPline 2\r1 2\r3 4\rPen (1,2,255)\r", "1\r2\r");
+  ASSERT_EQ(layer.GetObjectCount(), 2);
+  EXPECT_EQ(VerticesOf(1, 0), (TVertices{{1, 2}, {3, 4}}));
+  EXPECT_EQ(ValueOf(1, 0), "2");
+  EXPECT_EQ(ObjectAt(1).GetPen().GetColor(), RGB(0, 0, 255));
+}
+
+TEST_F(MifReadTest, ReadsNumbersWithTheSeparatorOfTheProcess) {
+  const test::TLocaleGuard locale(test::Russian());
+  LoadText("Pline 2\n1,5 2\n3 -4,25\nPoint 0,5 7,125\n    Symbol (40,255,9)\n");
+  EXPECT_EQ(VerticesOf(0, 0), (TVertices{{1.5, 2}, {3, -4.25}}));
+  EXPECT_EQ(VerticesOf(1, 0), (TVertices{{0.5, 7.125}}));
+  EXPECT_EQ(As<TSymbol>(1)->GetShape(), 40);
+  EXPECT_EQ(Error(), "");
+}
+
+TEST_F(MifReadTest, LetsALeadingTabShiftTheItemsOfALine) {
+  LoadText("\tPoint 1 2\n");
+  EXPECT_EQ(Error(), "1: 'Point' is not a valid floating point value");
+}
+
+TEST_F(MifReadTest, SharesStylesBetweenObjectsWithTheSameClauses) {
+  LoadText(
+      "Pline 1\n1 1\nPen (1,2,255)\nPline 1\n2 2\nPen (1,2,255)\nPline 1\n3 3\nPen (1,2,256)\n"
+      "Region 1\n1\n0 0\nPen (1,2,255)\nBrush (1,7)\n");
+  EXPECT_EQ(ObjectAt(0).GetStyle().constData(), ObjectAt(1).GetStyle().constData());
+  EXPECT_EQ(ObjectAt(2).GetPen().GetColor(), RGB(0, 1, 0));
+  EXPECT_EQ(ObjectAt(3).GetPen().GetColor(), RGB(0, 0, 255));
+  EXPECT_EQ(ObjectAt(3).GetBrush().GetColor(), RGB(0, 0, 7));
+  EXPECT_EQ(ObjectAt(1).GetBrush().GetColor(), map.defaultStyle->brush.GetColor());
+}
+
+TEST_F(MifReadTest, ReadsMoreDifferentClausesThanAreKept) {
+  constexpr int Count = 20'000;
+  QByteArray mif;
+  for (int i = 0; i < Count; ++i) mif += "Pline 1\n1 1\nPen (1,2," + QByteArray::number(i % 9000) + ")\n";
+  LoadText(mif);
+  ASSERT_EQ(layer.GetObjectCount(), Count);
+  for (int i = 0; i < Count; ++i) {
+    ASSERT_EQ(detail::ColorToMif(ObjectAt(i).GetPen().GetColor()), i % 9000) << i;
+  }
+}
+
+TEST_F(MifReadTest, TakesTheNameOfASymbolFontFromSixItems) {
+  LoadText(
+      "Point 1 1\nSymbol (35,0,12,\"Arial\",0)\nPoint 1 1\nSymbol (35,0,12,\"Arial\")\nPoint 1 1\nSymbol (20,0,12)\n");
+  EXPECT_EQ(ObjectAt(0).GetFont().GetName().toStdString(), "Arial");
+  EXPECT_EQ(ObjectAt(1).GetFont().GetName().toStdString(), "MapInfo Symbol");
+  EXPECT_EQ(As<TSymbol>(2)->GetShape(), TSymbol::NoShape);
+}
+
+struct Defect {
+  const char *mif;
+  int line;
+  const char *words;
+  int objects;
+};
+
+class MifDefectTest : public test::TMifTest, public testing::WithParamInterface<Defect> {};
+
+TEST_P(MifDefectTest, IsReportedWithLineAndWordsAndWhatWasReadStays) {
+  const Defect &defect = GetParam();
+  LoadText(defect.mif);
+  const std::string words = defect.words;
+  EXPECT_EQ(Error(), std::to_string(defect.line) + ": " + words);
+  EXPECT_EQ(messages, std::vector<std::string>{"Error reading mif-file at line " + std::to_string(defect.line) +
+                                               " with message: " + words + "!"});
+  EXPECT_EQ(layer.GetObjectCount(), defect.objects);
+  EXPECT_EQ(map.calls.back(), QStringLiteral("SetIsLoading false"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, MifDefectTest,
+    testing::Values(Defect{"Point 1 2\nPoint 1\n", 2, "Syntax item index out of bounds (2)", 2},
+                    Defect{"Point nan 2\n", 1, "'nan' is not a valid floating point value", 1},
+                    Defect{"Multipoint 3\n", 1, "Syntax item index out of bounds (2)", 1},
+                    Defect{"Region\n", 1, "'' is not a valid integer value", 1},
+                    Defect{"Region 99999999999\n", 1, "'99999999999' is not a valid integer value", 1},
+                    Defect{"Region 1\n\nx\n", 3, "'x' is not a valid integer value", 1},
+                    Defect{"Pline 3\n0 0\n1 inf\n", 3, "'inf' is not a valid floating point value", 1},
+                    Defect{"Pline 2000000000\n0 0\n", 4, "'End' is not a valid floating point value", 1},
+                    Defect{"Pline 1\n0 0\n  Pen (1,2)\n", 3, "Syntax item index out of bounds (3)", 1},
+                    Defect{"Pline 1\n0 0\n  Pen (1,2,red)\n", 3, "'red' is not a valid integer value", 1},
+                    Defect{"Point 1 1\n  Symbol (\"PIN.BMP\",0,12,0)\n", 2,
+                           "'\"PIN.BMP\"' is not a valid integer value", 1},
+                    Defect{"Columns x\n", 1, "'x' is not a valid integer value", 0},
+                    Defect{"Columns 2000000000\n", 1, "2000000000 columns are too many", 0},
+                    Defect{"Pline Multiple 2000000000\n0\n", 2, "there are too many parts without points", 1}));
+
+TEST_F(MifReadTest, TakesANegativeCountForNone) {
+  LoadText("Region -5\nPline -3\n0 0\nPoint 1 1\n");
+  ASSERT_EQ(layer.GetObjectCount(), 3);
+  EXPECT_EQ(ObjectAt(0).GetParts().GetCount(), 0);
+  EXPECT_EQ(VerticesOf(1, 0), TVertices());
+  EXPECT_EQ(Error(), "");
+}
+
+TEST_F(MifReadTest, KeepsThePointsOfAnObjectThatTheFileEndsIn) {
+  WriteFile(QStringLiteral("a.mif"), "Pline 2000000000\n0 0\n1 1\n2");
+  WriteFile(QStringLiteral("a.mid"), "");
+  provider.Load(&layer, PathOf(QStringLiteral("a.mif")));
+  EXPECT_EQ(VerticesOf(0, 0), (TVertices{{0, 0}, {1, 1}}));
+  EXPECT_TRUE(messages.empty());
+  EXPECT_NE(Warnings().find("2000000000 points are announced, but the file ends after 2"), std::string::npos);
+}
+
+TEST_F(MifReadTest, SurvivesBytesThatAreNoText) {
+  QByteArray junk;
+  for (int i = 0; i < 4000; ++i) junk += char(i * 7919 >> 3);
+  LoadText(junk + QByteArray("\nPoint 1 2\n\0 x", 13), junk);
+  EXPECT_EQ(layer.GetObjectCount(), 1);
+}
+
+TEST_F(MifReadTest, ClassifiesALineByItsLastKeyword) {
+  using enum TObjectAttribute;
+  const std::pair<const char *, TObjectAttribute> lines[] = {{"Pen (1,2,0)", oaPen},
+                                                             {"  brush (2,0)", oaBrush},
+                                                             {"Center 1 1", oaCenter},
+                                                             {"Font (\"Arial\")", oaFont},
+                                                             {"Symbol (1,2,3)", oaSymbol},
+                                                             {"symbol pen font", oaSymbol},
+                                                             {"Font center", oaFont},
+                                                             {"reopen", oaPen},
+                                                             {"Brush and pencil", oaBrush},
+                                                             {"Smooth", oaNone},
+                                                             {"", oaNone}};
+  for (const auto &[line, attribute] : lines) {
+    EXPECT_EQ(provider.IsObjAttrString(QString::fromLatin1(line)), attribute) << line;
+  }
+}
+
+}  // namespace
+}  // namespace tessera

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/formats/MifScanner.h>
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+namespace tessera {
+namespace {
+
+using detail::MifScanner;
+
+std::vector<std::string> LinesOf(std::string_view text) {
+  MifScanner scanner(text, '.');
+  std::vector<std::string> lines;
+  while (!scanner.AtEnd()) lines.emplace_back(scanner.ReadLine());
+  return lines;
+}
+
+TEST(MifScannerTest, EndsLinesAtFeedsReturnsAndPairsOfThem) {
+  const std::vector<std::string> lines{"a", "", "b"};
+  EXPECT_EQ(LinesOf("a\n\nb"), lines);
+  EXPECT_EQ(LinesOf("a\r\n\r\nb\r\n"), lines);
+  EXPECT_EQ(LinesOf("a\r\rb\r"), lines);
+  EXPECT_EQ(LinesOf("a\r\n\rb\n"), lines);
+  EXPECT_EQ(LinesOf(""), std::vector<std::string>());
+}
+
+TEST(MifScannerTest, CountsLinesAsItReadsThem) {
+  std::mt19937 random(5);
+  for (int i = 0; i < 2000; ++i) {
+    std::string text(random() % 40, 'x');
+    for (char &c : text) c = "\r\nx"[random() % 3];
+    MifScanner scanner(text, '.');
+    for (int line = 1; !scanner.AtEnd(); ++line) {
+      scanner.ReadLine();
+      if (random() % 2 != 0) continue;
+      ASSERT_EQ(scanner.GetLine(), line);
+    }
+  }
+}
+
+TEST(MifScannerTest, ReadsVerticesAcrossLinesAndPassesTheRestOfALine) {
+  MifScanner scanner(" 1 2 rest 9 9\r\n\n\t3\n4\r5 6", '.');
+  TMapPoint vertices[4];
+  TBounds bounds = TBounds::Empty();
+  ASSERT_EQ(scanner.ReadVertices(vertices, 4, bounds), 3U);
+  EXPECT_EQ(vertices[0], (TMapPoint{1, 2}));
+  EXPECT_EQ(vertices[1], (TMapPoint{3, 4}));
+  EXPECT_EQ(vertices[2], (TMapPoint{5, 6}));
+  EXPECT_EQ(bounds, (TBounds{1, 2, 5, 6}));
+  EXPECT_NO_THROW(scanner.ThrowIfMalformed());
+  EXPECT_TRUE(scanner.AtEnd());
+}
+
+TEST(MifScannerTest, StopsBeforeAMalformedNumberAndNamesIt) {
+  for (const char *bad : {"1x", "nan", "inf", "1,5", "--1", "1e999", "\"1\"", "."}) {
+    const std::string text = "1 1\n2 2\n3 " + std::string(bad) + "\n4 4\n";
+    MifScanner scanner(text, '.');
+    TMapPoint vertices[4];
+    TBounds bounds = TBounds::Empty();
+    EXPECT_EQ(scanner.ReadVertices(vertices, 4, bounds), 2U) << bad;
+    EXPECT_EQ(scanner.GetLine(), 3) << bad;
+    try {
+      scanner.ThrowIfMalformed();
+      ADD_FAILURE() << bad;
+    } catch (const EConvertError &error) {
+      EXPECT_EQ(std::string(error.what()), "'" + std::string(bad) + "' is not a valid floating point value");
+    }
+  }
+}
+
+TEST(MifScannerTest, ReadsACountAndPassesTheRestOfItsLine) {
+  MifScanner scanner("\n  12 points\n-3\r\n x", '.');
+  int count = 0;
+  ASSERT_TRUE(scanner.ReadCount(count));
+  EXPECT_EQ(count, 12);
+  ASSERT_TRUE(scanner.ReadCount(count));
+  EXPECT_EQ(count, -3);
+  EXPECT_THROW(scanner.ReadCount(count), EConvertError);
+  EXPECT_EQ(scanner.GetLine(), 4);
+  MifScanner blank(" \n\t", '.');
+  EXPECT_FALSE(blank.ReadCount(count));
+}
+
+TEST(MifScannerTest, KnowsHowManyVerticesMayFollowAtMost) {
+  for (std::size_t lines = 0; lines < 10; ++lines) {
+    std::string text;
+    for (std::size_t i = 0; i < lines; ++i) text += "0 0\n";
+    EXPECT_GE(MifScanner(text, '.').MostVertices(), lines);
+    EXPECT_LE(MifScanner(text, '.').MostVertices(), lines + 1);
+  }
+}
+
+}  // namespace
+}  // namespace tessera

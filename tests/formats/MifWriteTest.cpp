@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+#include "../base/LocaleGuard.h"
+#include "MifFixture.h"
+
+#include <tessera/base/Exceptions.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+namespace tessera {
+namespace {
+
+using test::TVertices;
+
+class MifWriteTest : public test::TMifTest {
+ protected:
+  [[nodiscard]] QByteArray Mif() const { return ReadFile(QStringLiteral("b.mif")); }
+  [[nodiscard]] QByteArray Mid() const { return ReadFile(QStringLiteral("b.mid")); }
+  /// What follows the header of a layer without columns.
+  [[nodiscard]] std::string Shapes() const {
+    const QByteArray mif = Mif();
+    return mif.mid(mif.indexOf("Data\r\n") + 6).toStdString();
+  }
+  static void AddPart(TCustomMapObject &object, const TVertices &vertices) {
+    TPart &part = object.GetParts().Add();
+    for (const auto &[x, y] : vertices) part.GetPoints().Add(x, y);
+  }
+};
+
+constexpr char Header[] =
+    "Version 300\r\nCharset \"WindowsCyrillic\"\r\nDelimiter \",\"\r\nCoordSys Earth Projection 1, 0\r\n";
+
+TEST_F(MifWriteTest, WritesAColumnLineForEachType) {
+  using enum TDataType;
+  const std::pair<const char *, TDataType> columns[] = {{"Имя", dtString}, {"B", dtFloat},    {"C", dtDecimal},
+                                                        {"D", dtInteger},  {"E", dtSmallInt}, {"F", dtDateTime},
+                                                        {"G", dtDate},     {"H", dtTime},     {"I", dtBoolean}};
+  for (const auto &[name, type] : columns) layer.GetFields().Add(QString::fromUtf8(name), type, 12);
+  Save();
+  EXPECT_EQ(Mif(), QByteArray(Header) +
+                       "Columns 9\r\n\xC8\xEC\xFF Char(12)\r\n%S Float\r\nC Decimal(9, 2)\r\nD Integer\r\n"
+                       "E SmalInt\r\nDate\r\nDate\r\nDate\r\nData\r\n");
+  EXPECT_EQ(Mid(), "");
+}
+
+TEST_F(MifWriteTest, WritesRegionsWithAllParts) {
+  auto *region = layer.NewObject<TRegion>();
+  AddPart(*region, {{0, 0}, {1.5, -2.25}, {1e7, 0.0000005}});
+  AddPart(*region, {{3, 4}});
+  AddPart(*layer.NewObject<TRegion>(), {});
+  Save();
+  EXPECT_EQ(Shapes(),
+            "Region 2\r\n3\r\n0.000000 0.000000\r\n1.500000 -2.250000\r\n10000000.000000 0.000000\r\n1\r\n"
+            "3.000000 4.000000\r\nPen (1,2,0)\r\nBrush (2,16777215)\r\nRegion 1\r\n0\r\nPen (1,2,0)\r\n"
+            "Brush (2,16777215)\r\n");
+  EXPECT_EQ(Mid(), "\r\n\r\n");
+}
+
+TEST_F(MifWriteTest, WritesOnlyTheFirstPartOfAPolyline) {
+  auto *line = layer.NewObject<TPolyline>();
+  AddPart(*line, {{0, 0}, {1, 1}});
+  AddPart(*line, {{2, 2}});
+  layer.NewObject<TPolyline>();
+  Save();
+  EXPECT_EQ(Shapes(), "Pline 2\r\n0.000000 0.000000\r\n1.000000 1.000000\r\nPen (1,2,0)\r\nPline 0\r\nPen (1,2,0)\r\n");
+  EXPECT_EQ(Warnings(), "1 parts of polylines, those beyond the first, were not written");
+}
+
+TEST_F(MifWriteTest, WritesSymbolsWithTheirFont) {
+  auto *symbol = layer.NewObject<TSymbol>();
+  symbol->SetX(37.5);
+  symbol->SetY(-55.125);
+  symbol->SetShape(65);
+  TFont font(QStringLiteral("Знаки"), 24, clRed);
+  font.SetStyle(TFontStyle::fsBold | TFontStyle::fsUnderline | TFontStyle::fsStrikeOut);
+  symbol->SetFont(font);
+  Save();
+  EXPECT_EQ(Shapes(), "Point 37.500000 -55.125000\r\nSymbol (65,16711680,24,\"\xC7\xED\xE0\xEA\xE8\",5,0)\r\n");
+}
+
+TEST_F(MifWriteTest, WritesPatternsOfPensAndBrushes) {
+  using enum TPenStyle;
+  using enum TBrushStyle;
+  const std::pair<TPenStyle, int> pens[] = {{psSolid, 2},       {psDash, 12}, {psDot, 9},        {psDashDot, 14},
+                                            {psDashDotDot, 20}, {psClear, 1}, {psInsideFrame, 2}};
+  const std::pair<TBrushStyle, int> brushes[] = {{bsSolid, 2},    {bsClear, 1},     {bsHorizontal, 3},
+                                                 {bsVertical, 4}, {bsFDiagonal, 6}, {bsBDiagonal, 5},
+                                                 {bsCross, 7},    {bsDiagCross, 8}};
+  std::string expected;
+  const auto add = [&](TPenStyle penStyle, int linePattern, TBrushStyle brushStyle, int fillPattern) {
+    auto *region = layer.NewObject<TRegion>();
+    TPen pen;
+    pen.SetStyle(penStyle);
+    pen.SetWidth(3);
+    pen.SetColor(RGB(1, 2, 3));
+    TBrush brush;
+    brush.SetStyle(brushStyle);
+    brush.SetColor(RGB(3, 2, 1));
+    region->SetPen(pen);
+    region->SetBrush(brush);
+    expected += "Region 0\r\nPen (3," + std::to_string(linePattern) + ",66051)\r\nBrush (" +
+                std::to_string(fillPattern) + ",197121)\r\n";
+  };
+  for (const auto &[style, pattern] : pens) add(style, pattern, bsSolid, 2);
+  for (const auto &[style, pattern] : brushes) add(psSolid, 2, style, pattern);
+  Save();
+  EXPECT_EQ(Shapes(), expected);
+}
+
+TEST_F(MifWriteTest, WritesTheBackgroundColourUnlessTheBrushIsClear) {
+  for (const TBrushStyle style : {TBrushStyle::bsCross, TBrushStyle::bsClear}) {
+    auto *region = layer.NewObject<TRegion>();
+    TBrush brush;
+    brush.SetStyle(style);
+    brush.SetColor(clBlack);
+    region->SetBrush(brush);
+    region->SetUseBGColor(true);
+    region->SetBGColor(clRed);
+  }
+  Save();
+  EXPECT_EQ(Shapes(), "Region 0\r\nPen (1,2,0)\r\nBrush (7,0,16711680)\r\nRegion 0\r\nPen (1,2,0)\r\nBrush (1,0)\r\n");
+}
+
+TEST_F(MifWriteTest, QuotesTextsAndLeavesOtherValuesAlone) {
+  using enum TDataType;
+  layer.GetFields().Add(QStringLiteral("A"), dtString, 20);
+  layer.GetFields().Add(QStringLiteral("B"), dtFloat, 0);
+  layer.GetFields().Add(QStringLiteral("C"), dtInteger, 0);
+  layer.GetFields().Add(QStringLiteral("D"), dtBoolean, 0);
+  TDataFields &values = layer.NewObject<TSymbol>()->GetFields();
+  values.GetFields(0).SetAsString(QStringLiteral("O'Neil Ж"));
+  values.GetFields(1).SetAsFloat(0.1);
+  values.GetFields(2).SetAsInteger(-7);
+  values.GetFields(3).SetValue(true);
+  layer.NewObject<TSymbol>();
+  TDataFields &odd = layer.NewObject<TSymbol>()->GetFields();
+  odd.GetFields(0).SetAsInteger(5);
+  odd.GetFields(1).SetAsString(QStringLiteral("1,5"));
+  odd.GetFields(2).SetAsString(QStringLiteral("π"));
+  Save();
+  EXPECT_EQ(Mid(), "'O''Neil \xC6',0.1,-7,True\r\n'',,,\r\n'5',1,5,?,\r\n");
+  EXPECT_EQ(Warnings(),
+            "1 characters are not in the character set and became question marks; "
+            "1 values hold a comma or a line end and will not be read back as they are");
+}
+
+TEST_F(MifWriteTest, WritesDatesAsTheLocaleDoes) {
+  layer.GetFields().Add(QStringLiteral("A"), TDataType::dtDate, 0);
+  TDataField field = layer.NewObject<TSymbol>()->GetFields().GetFields(0);
+  field.SetAsDate(36526);
+  Save();
+  EXPECT_EQ(Mid().trimmed().toStdString(), field.GetAsString().toStdString());
+  // A day that is kept as text is still a day.
+  layer.GetObjects(0)->GetFields().GetFields(0).SetAsString(QStringLiteral("36526"));
+  Save();
+  EXPECT_EQ(Mid().trimmed().toStdString(), field.GetAsString().toStdString());
+}
+
+TEST_F(MifWriteTest, WritesNumbersWithTheSeparatorOfTheProcessAndReadsThemBack) {
+  const test::TLocaleGuard locale(test::Russian());
+  AddPart(*layer.NewObject<TPolyline>(), {{1.5, -2.25}});
+  layer.NewObject<TSymbol>()->MoveTo(0.5, 7.125);
+  Save();
+  EXPECT_NE(Shapes().find("1,500000 -2,250000\r\n"), std::string::npos);
+  layer.DeleteObjects();
+  provider.Load(&layer, PathOf(QStringLiteral("b.mif")));
+  EXPECT_EQ(VerticesOf(0, 0), (TVertices{{1.5, -2.25}}));
+  EXPECT_EQ(VerticesOf(1, 0), (TVertices{{0.5, 7.125}}));
+}
+
+TEST_F(MifWriteTest, GivesObjectsOfOtherKindsOnlyTheirValues) {
+  layer.GetFields().Add(QStringLiteral("A"), TDataType::dtInteger, 0);
+  layer.NewObject<TCustomMapObject>()->GetFields().GetFields(0).SetAsInteger(3);
+  Save();
+  EXPECT_EQ(Shapes(), "");
+  EXPECT_EQ(Mid(), "3\r\n");
+  EXPECT_EQ(Warnings(), "1 objects are of a kind that is written without its shape");
+}
+
+TEST_F(MifWriteTest, WarnsOfCoordinatesThatAreNoNumbers) {
+  AddPart(*layer.NewObject<TPolyline>(),
+          {{std::numeric_limits<double>::quiet_NaN(), 1}, {2, std::numeric_limits<double>::infinity()}});
+  Save();
+  EXPECT_EQ(Warnings(), "2 coordinates are no numbers and will not be read back");
+}
+
+TEST_F(MifWriteTest, WritesWhatItReadTheSameAgain) {
+  LoadData(QStringLiteral("town"));
+  Save();
+  const QByteArray mif = Mif();
+  const QByteArray mid = Mid();
+  TMapLayer again;
+  again.SetMap(&map);
+  provider.Load(&again, PathOf(QStringLiteral("b.mif")));
+  ASSERT_EQ(again.GetObjectCount(), 4);
+  provider.Save(&again, PathOf(QStringLiteral("c.mif")));
+  // A date column has lost its name and type.
+  EXPECT_EQ(ReadFile(QStringLiteral("c.mif")), QByteArray(mif).replace("\r\nDate\r\n", "\r\n%S Float\r\n"));
+  // An apostrophe is doubled each time.
+  EXPECT_EQ(ReadFile(QStringLiteral("c.mid")), QByteArray(mid).replace("''", "''''"));
+}
+
+TEST_F(MifWriteTest, ReadsBackRandomVerticesToSixDecimals) {
+  std::mt19937_64 random(99);
+  std::uniform_real_distribution<double> coordinate(-1e6, 1e6);
+  TVertices expected;
+  for (int i = 0; i < 20'000; ++i) expected.emplace_back(coordinate(random), coordinate(random));
+  AddPart(*layer.NewObject<TPolyline>(), expected);
+  Save();
+  layer.DeleteObjects();
+  provider.Load(&layer, PathOf(QStringLiteral("b.mif")));
+  const TVertices found = VerticesOf(0, 0);
+  ASSERT_EQ(found.size(), expected.size());
+  constexpr double HalfUnit = 0.5e-6 + 1e-9;  // of the last decimal, and the spacing of doubles at 1e6
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    ASSERT_NEAR(found[i].first, expected[i].first, HalfUnit);
+    ASSERT_NEAR(found[i].second, expected[i].second, HalfUnit);
+  }
+}
+
+TEST_F(MifWriteTest, NamesTheLayerAndBracketsTheSaveWithProgress) {
+  EXPECT_FALSE(layer.SaveToFile(PathOf(QStringLiteral("b.mif"))));
+  EXPECT_EQ(layer.GetFileName(), PathOf(QStringLiteral("b.mif")));
+  const std::vector<QString> expected{QStringLiteral("StartProgress 0 0 Saving..."), QStringLiteral("StopProgress")};
+  EXPECT_EQ(map.calls, expected);
+  EXPECT_TRUE(map.progress.empty());
+  EXPECT_EQ(Files(), (QStringList{QStringLiteral("b.mid"), QStringLiteral("b.mif")}));
+}
+
+TEST_F(MifWriteTest, ThrowsWhenAFileCannotBeCreated) {
+  EXPECT_THROW(provider.Save(&layer, PathOf(QStringLiteral("missing/b.mif"))), EInOutError);
+  EXPECT_THROW(provider.Save(&layer, QString()), EInOutError);
+  EXPECT_THROW(provider.Save(&layer, PathOf(QStringLiteral("b.mid"))), EInOutError);
+  EXPECT_EQ(map.calls, (std::vector<QString>(3, QStringLiteral("StopProgress"))));
+  EXPECT_FALSE(provider.GetReport().ok());
+  EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(MifWriteTest, LeavesTheOldPairWhenTheDataFileCannotBeWritten) {
+  WriteFile(QStringLiteral("b.mif"), "old");
+  ASSERT_TRUE(QDir(PathOf(QString())).mkdir(QStringLiteral("b.mid")));
+  EXPECT_THROW(Save(), EInOutError);
+  EXPECT_EQ(Mif(), "old");
+  EXPECT_EQ(Files(), (QStringList{QStringLiteral("b.mid"), QStringLiteral("b.mif")}));
+}
+
+TEST_F(MifWriteTest, LeavesTheOldPairWhenAnObjectLacksAColumn) {
+  WriteFile(QStringLiteral("b.mif"), "old");
+  WriteFile(QStringLiteral("b.mid"), "old");
+  layer.NewObject<TSymbol>();
+  layer.GetFields().Add(QStringLiteral("A"), TDataType::dtInteger, 0);
+  EXPECT_THROW(Save(), ERangeError);
+  EXPECT_EQ(Mif(), "old");
+  EXPECT_EQ(Mid(), "old");
+  EXPECT_EQ(Files().size(), 2);
+}
+
+TEST_F(MifWriteTest, SavesALayerThatIsOnNoMap) {
+  TMapLayer loose;
+  loose.NewObject<TRegion>();
+  provider.Save(&loose, PathOf(QStringLiteral("b.mif")));
+  EXPECT_NE(Shapes().find("Region 0"), std::string::npos);
+}
+
+TEST_F(MifWriteTest, AcceptsFilesByTheirExtension) {
+  for (const char *name : {"a.mif", "/x.y/A.MIF", "a.b.Mif", ".mif"}) {
+    EXPECT_TRUE(provider.CanProcessFile(QString::fromLatin1(name))) << name;
+  }
+  for (const char *name : {"a.mid", "mif", "a.mif/b", "a.mif.txt", ""}) {
+    EXPECT_FALSE(provider.CanProcessFile(QString::fromLatin1(name))) << name;
+  }
+}
+
+}  // namespace
+}  // namespace tessera

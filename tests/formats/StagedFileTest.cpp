@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/formats/StagedFile.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
+namespace tessera {
+namespace {
+
+using detail::TStagedFile;
+
+class StagedFileTest : public testing::Test {
+ protected:
+  [[nodiscard]] QString PathOf(const QString &name) const { return m_folder.filePath(name); }
+  void Put(const QString &name, const QByteArray &bytes) const {
+    QFile file(PathOf(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+  }
+  [[nodiscard]] std::string Get(const QString &name) const {
+    QFile file(PathOf(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "(missing)";
+  }
+  [[nodiscard]] qsizetype FileCount() const {
+    return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size();
+  }
+  /// Stages "new a" and "new b" for the files a and b.
+  void Stage() {
+    m_first.emplace(PathOf(QStringLiteral("a")));
+    m_second.emplace(PathOf(QStringLiteral("b")));
+    m_first->Append("new a");
+    m_second->Append("new b");
+    m_first->Close();
+    m_second->Close();
+  }
+  void Swap() { TStagedFile::SwapIn(*m_first, *m_second); }
+  void DropStaged() {
+    m_first.reset();
+    m_second.reset();
+  }
+
+ private:
+  QTemporaryDir m_folder;
+  std::optional<TStagedFile> m_first;
+  std::optional<TStagedFile> m_second;
+};
+
+TEST_F(StagedFileTest, ReplacesBothFilesAndLeavesNothingElse) {
+  Put(QStringLiteral("a"), "old a");
+  Put(QStringLiteral("b"), "old b");
+  Stage();
+  EXPECT_EQ(Get(QStringLiteral("a")), "old a");
+  Swap();
+  DropStaged();
+  EXPECT_EQ(Get(QStringLiteral("a")), "new a");
+  EXPECT_EQ(Get(QStringLiteral("b")), "new b");
+  EXPECT_EQ(FileCount(), 2);
+}
+
+TEST_F(StagedFileTest, RemovesWhatIsNotSwappedIn) {
+  Stage();
+  EXPECT_EQ(FileCount(), 2);
+  DropStaged();
+  EXPECT_EQ(FileCount(), 0);
+}
+
+TEST_F(StagedFileTest, UndoesTheFirstReplacementWhenTheSecondFails) {
+  Put(QStringLiteral("a"), "old a");
+  Stage();
+  ASSERT_TRUE(QDir(PathOf(QString())).mkpath(QStringLiteral("b/c")));
+  EXPECT_THROW(Swap(), EInOutError);
+  DropStaged();
+  EXPECT_EQ(Get(QStringLiteral("a")), "old a");
+  EXPECT_EQ(FileCount(), 2);
+}
+
+TEST_F(StagedFileTest, RemovesAFirstFileThatWasNotThereWhenTheSecondFails) {
+  Stage();
+  ASSERT_TRUE(QDir(PathOf(QString())).mkpath(QStringLiteral("b/c")));
+  EXPECT_THROW(Swap(), EInOutError);
+  DropStaged();
+  EXPECT_EQ(FileCount(), 1);
+}
+
+TEST_F(StagedFileTest, LeavesBothWhenTheFirstFails) {
+  Put(QStringLiteral("b"), "old b");
+  Stage();
+  ASSERT_TRUE(QDir(PathOf(QString())).mkpath(QStringLiteral("a/c")));
+  EXPECT_THROW(Swap(), EInOutError);
+  DropStaged();
+  EXPECT_TRUE(QFileInfo(PathOf(QStringLiteral("a/c"))).isDir());
+  EXPECT_EQ(Get(QStringLiteral("b")), "old b");
+}
+
+TEST_F(StagedFileTest, KeepsPermissionsAndLinks) {
+  Put(QStringLiteral("a"), "old a");
+  Put(QStringLiteral("c"), "old c");
+  const auto permissions = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadUser |
+                           QFileDevice::WriteUser | QFileDevice::ReadOther;
+  ASSERT_TRUE(QFile::setPermissions(PathOf(QStringLiteral("a")), permissions));
+  ASSERT_TRUE(QFile::link(PathOf(QStringLiteral("c")), PathOf(QStringLiteral("b"))));
+  Stage();
+  Swap();
+  EXPECT_EQ(QFileInfo(PathOf(QStringLiteral("a"))).permissions(), permissions);
+  EXPECT_TRUE(QFileInfo(PathOf(QStringLiteral("b"))).isSymLink());
+  EXPECT_EQ(Get(QStringLiteral("c")), "new b");
+}
+
+TEST_F(StagedFileTest, WritesPiecesOfAnySizeInOrder) {
+  std::string expected;
+  TStagedFile file(PathOf(QStringLiteral("a")));
+  TStagedFile other(PathOf(QStringLiteral("b")));
+  for (std::size_t i = 1; i < 40; ++i) {
+    const std::string piece(i * i * 600, char('a' + i % 26));
+    file.Append(piece);
+    char *room = file.Room(3);
+    std::fill_n(room, 3, '-');
+    file.Advance(room + 3);
+    expected += piece + "---";
+  }
+  file.Close();
+  other.Close();
+  TStagedFile::SwapIn(file, other);
+  EXPECT_EQ(Get(QStringLiteral("a")), expected);
+}
+
+TEST_F(StagedFileTest, RefusesWhatIsNoFile) {
+  ASSERT_TRUE(QDir(PathOf(QString())).mkdir(QStringLiteral("a")));
+  EXPECT_THROW(TStagedFile(PathOf(QStringLiteral("a"))), EInOutError);
+  EXPECT_THROW(TStagedFile(PathOf(QStringLiteral("none/a"))), EInOutError);
+  EXPECT_THROW(TStagedFile{QString()}, EInOutError);
+}
+
+#ifdef Q_OS_UNIX
+/// Lets no file grow beyond a size, as a disk that is full.
+class TFullDisk {
+ public:
+  explicit TFullDisk(rlim_t size) : m_handlerBefore(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &m_before);
+    const rlimit limit{size, m_before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~TFullDisk() {
+    setrlimit(RLIMIT_FSIZE, &m_before);
+    std::signal(SIGXFSZ, m_handlerBefore);
+  }
+  TFullDisk(const TFullDisk &) = delete;
+  TFullDisk &operator=(const TFullDisk &) = delete;
+
+ private:
+  rlimit m_before{};
+  void (*m_handlerBefore)(int);
+};
+
+TEST_F(StagedFileTest, ThrowsWhenTheDiskIsFull) {
+  Put(QStringLiteral("a"), "old a");
+  {
+    const TFullDisk full(1000);
+    TStagedFile small(PathOf(QStringLiteral("a")));
+    small.Append(std::string(2000, 'x'));
+    EXPECT_THROW(small.Close(), EInOutError);
+    TStagedFile big(PathOf(QStringLiteral("a")));
+    EXPECT_THROW(big.Append(std::string(1'000'000, 'x')), EInOutError);
+  }
+  EXPECT_EQ(Get(QStringLiteral("a")), "old a");
+  EXPECT_EQ(FileCount(), 1);
+}
+#endif
+
+}  // namespace
+}  // namespace tessera
