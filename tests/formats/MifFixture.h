@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "../support/FakeMapHost.h"
+#include "LoadingMapHost.h"
 
 #include <tessera/base/MessageSink.h>
 #include <tessera/formats/SimpleMIFFormatProvider.h>
@@ -81,7 +81,7 @@ class TMifTest : public testing::Test {
     return error ? std::to_string(error->line) + ": " + error->words.toStdString() : std::string();
   }
 
-  TFakeMapHost map;
+  TLoadingMapHost map;
   TMapLayer layer;
   TSimpleMIFFormatProvider provider;
   std::vector<std::string> messages;

@@ -2,92 +2,172 @@
 #pragma once
 
 #include <tessera/graphics/TCanvas.h>
+#include <tessera/layers/TMapLayers.h>
+#include <tessera/layers/TSelection.h>
 #include <tessera/objects/PartToScreen.h>
-#include <tessera/objects/TMapHost.h>
 
-#include <QString>
-
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace tessera::test {
 
-/// A map without a window: it keeps the update protocol and writes down what it is told.
-class TFakeMapHost final : public TMapHost {
+/// A map without a control: it draws on a bitmap of its own and writes down what it is told.
+///
+/// At first the client is 100 by 100 pixels and shows the map units 0 to 100, one to a pixel: the point (x, y) lies at
+/// the pixel (x, 100 - y). Events are words such as "AddSelection road", with the names that were given to objects and
+/// layers.
+class TFakeMapHost : public TMapHost {
  public:
-  ~TFakeMapHost() = default;
+  TFakeMapHost() {
+    ResizeClient(100, 100);
+    selection.SetMap(this);
+    QImage pattern(8, 8, QImage::Format_RGB32);
+    pattern.fill(ToRgb(PatternColor));
+    selectionPattern->GetImage() = pattern;
+    textStyle->font.SetName(QStringLiteral("Courier New"));
+  }
 
-  std::vector<QString> calls;  ///< The update protocol and the beginning and end of progress, in order.
-  std::vector<int> progress;   ///< Every position shown.
-  int addedObjects = 0;        ///< How often mdlAddObject was sent.
-  int addedOutsideUpdate = 0;  ///< Those of them that came outside of BeginUpdate and EndUpdate.
-  TObjectStylePtr defaultStyle{new TObjectStyle};
+  static constexpr TColor PatternColor = RGB(1, 2, 3);
 
-  [[nodiscard]] const TViewport &GetViewport() const override { return m_viewport; }
-  [[nodiscard]] const TViewFlags &GetViewFlags() const override { return m_flags; }
-  [[nodiscard]] TCanvas &GetCanvas() override { return m_canvas; }
-  [[nodiscard]] TScreenOutliner &GetOutliner() override { return m_outliner; }
-  [[nodiscard]] const QSharedPointer<TBitmap> &GetSelectionPattern() const override { return m_pattern; }
-  [[nodiscard]] bool IsReadyToPaint() const override { return false; }
-  [[nodiscard]] bool IsBeingDestroyed() const override { return false; }
+  /// Gives an object or a layer its name in the events.
+  void Name(const TObject *object, const std::string &name) { m_names[object] = name; }
+  /// The events since the last call.
+  std::vector<std::string> TakeEvents() { return std::exchange(m_events, {}); }
+  void ClearPicture() { picture.GetImage().fill(ToRgb(clWhite)); }
+  void ResizeClient(int width, int height) {
+    viewport = {0, 0, double(width), double(height), width / 2.0, height / 2.0, 1, width, height};
+    picture.SetSize(width, height);
+  }
+  /// The colour of a pixel of the picture.
+  [[nodiscard]] TColor At(int x, int y) const { return FromQColor(picture.GetImage().pixelColor(x, y)); }
 
-  void DoUpdate(bool) override {}
+  TViewport viewport;
+  TViewFlags flags;
+  TBitmap picture;
+  TCanvas canvas{&picture};
+  TSelection selection;
+  TDisplayedObjects displayed;
+  TMapLayers *layers = nullptr;
+  QSharedPointer<TBitmap> selectionPattern = QSharedPointer<TBitmap>::create();
+  TObjectStylePtr symbolStyle{new TObjectStyle};
+  TObjectStylePtr textStyle{new TObjectStyle};
+  /// Asked when a layer is about to be deleted.
+  std::function<void(TMapLayer &layer, bool &allowDelete)> onBeforeDelLayer;
+  TBounds shownBounds{};
+  bool isReady = true;
+  bool isBeingDestroyed = false;
+  bool isInUpdate = false;
+  bool isRotated = false;
+
+  [[nodiscard]] const TViewport &GetViewport() const override { return viewport; }
+  [[nodiscard]] const TViewFlags &GetViewFlags() const override { return flags; }
+  [[nodiscard]] TCanvas &GetCanvas() override { return canvas; }
+  [[nodiscard]] TScreenOutliner &GetOutliner() override {
+    if (!m_outliner || !m_outliner->IsFor(viewport, flags)) m_outliner.emplace(viewport, flags);
+    return *m_outliner;
+  }
+  [[nodiscard]] const QSharedPointer<TBitmap> &GetSelectionPattern() const override { return selectionPattern; }
+  [[nodiscard]] bool IsReadyToPaint() const override { return isReady; }
+  [[nodiscard]] bool IsBeingDestroyed() const override { return isBeingDestroyed; }
+
+  void DoUpdate(bool) override { Note("DoUpdate"); }
   void BeginUpdate() override {
-    m_inUpdate = true;
-    calls.push_back(QStringLiteral("BeginUpdate"));
+    isInUpdate = true;
+    Note("BeginUpdate");
   }
   void EndUpdate(bool update) override {
-    m_inUpdate = false;
-    calls.push_back(QStringLiteral("EndUpdate ") + (update ? QStringLiteral("true") : QStringLiteral("false")));
+    isInUpdate = false;
+    Note(update ? "EndUpdate(true)" : "EndUpdate(false)");
   }
-  [[nodiscard]] bool GetInUpdate() const override { return m_inUpdate; }
-  void SetModified(bool) override {}
-  void SetIsLoading(bool isLoading) override {
-    calls.push_back(QStringLiteral("SetIsLoading ") + (isLoading ? QStringLiteral("true") : QStringLiteral("false")));
-  }
+  [[nodiscard]] bool GetInUpdate() const override { return isInUpdate; }
+  void SetModified(bool modified) override { Note(modified ? "SetModified(true)" : "SetModified(false)"); }
+  void SetIsLoading(bool isLoading) override { Note(isLoading ? "SetIsLoading(true)" : "SetIsLoading(false)"); }
 
-  void RegisterDisplayed(TCustomMapObject &) override {}
-  void UnregisterDisplayed(TCustomMapObject &) override {}
-  [[nodiscard]] bool IsSelected(const TCustomMapObject &) const override { return false; }
-  void SelectAlone(TCustomMapObject &) override {}
-  void Deselect(TCustomMapObject &) override {}
-  void DeselectLayer(TMapLayer &) override {}
-  void DrawSelectionOf(const TMapLayer &) override {}
-
-  void TraceMapEvent(TMapDataLinkEvent event, TObject *) override {
-    if (event != mdlAddObject) return;
-    ++addedObjects;
-    if (!m_inUpdate) ++addedOutsideUpdate;
+  void RegisterDisplayed(TCustomMapObject &object) override { displayed.Add(object); }
+  void UnregisterDisplayed(TCustomMapObject &object) override { displayed.Remove(object); }
+  [[nodiscard]] bool IsSelected(const TCustomMapObject &object) const override { return selection.Holds(&object); }
+  void SelectAlone(TCustomMapObject &object) override { selection.Add(&object, true); }
+  void Deselect(TCustomMapObject &object) override {
+    while (selection.Holds(&object)) selection.Remove(&object);
   }
-  void FireAddLayer(TMapLayer &) override {}
-  void FireBeforeDelLayer(TMapLayer &, bool, bool &) override {}
-  void FireAfterDelLayer() override {}
-  void FireAddObject(TCustomMapObject &) override {}
-  void FireDeleteObject(TCustomMapObject &) override {}
-  void FireAddSelection(TCustomMapObject &) override {}
-  void FireDelSelection(TCustomMapObject &) override {}
-  void FireUpdate() override {}
+  void DeselectLayer(TMapLayer &layer) override { selection.RemoveLayer(&layer); }
+  void DrawSelectionOf(const TMapLayer &layer) override { Note("DrawSelectionOf", &layer); }
+
+  void TraceMapEvent(TMapDataLinkEvent event, TObject *sender) override {
+    constexpr const char *Names[] = {"mdlBeforeAddLayer",
+                                     "mdlAfterAddLayer",
+                                     "mdlBeforeDelLayer",
+                                     "mdlDelLayer",
+                                     "mdlAfterDelLayer",
+                                     "mdlMoveLayer",
+                                     "mdlExchangeLayer",
+                                     "mdlLayerVisibleChanged",
+                                     "mdlLayerSelectableChanged",
+                                     "mdlLayerEditableChanged",
+                                     "mdlLayerAutolabelChanged",
+                                     "mdlAddObject",
+                                     "mdlRemoveObject",
+                                     "mdlAddSelection",
+                                     "mdlDelSelection"};
+    Note(Names[event], sender);
+  }
+  void FireAddLayer(TMapLayer &layer) override { Note("AddLayer", &layer); }
+  void FireBeforeDelLayer(TMapLayer &layer, bool confirmDelete, bool &allowDelete) override {
+    Note(confirmDelete ? "BeforeDelLayer(confirm)" : "BeforeDelLayer", &layer);
+    if (onBeforeDelLayer) onBeforeDelLayer(layer, allowDelete);
+  }
+  void FireAfterDelLayer() override { Note("AfterDelLayer"); }
+  void FireAddObject(TCustomMapObject &object) override { Note("AddObject", &object); }
+  void FireDeleteObject(TCustomMapObject &object) override { Note("DeleteObject", &object); }
+  void FireAddSelection(TCustomMapObject &object) override { Note("AddSelection", &object); }
+  void FireDelSelection(TCustomMapObject &object) override { Note("DelSelection", &object); }
+  void FireUpdate() override { Note("Update"); }
   void StartProgress(int min, int max, const QString &caption) override {
-    calls.push_back(QStringLiteral("StartProgress %1 %2 %3").arg(min).arg(max).arg(caption));
+    Note("StartProgress " + std::to_string(min) + ' ' + std::to_string(max) + ' ' + caption.toStdString());
   }
-  void ShowProgress(int position) override { progress.push_back(position); }
-  void StopProgress() override { calls.push_back(QStringLiteral("StopProgress")); }
+  void ShowProgress(int position) override { Note("ShowProgress " + std::to_string(position)); }
+  void StopProgress() override { Note("StopProgress"); }
 
-  [[nodiscard]] const TObjectStylePtr &GetDefaultStyle(TObjectFont) const override { return defaultStyle; }
-  void EndEditingOfOthers(TMapLayer &) override {}
-  void ShowBounds(const TBounds &) override {}
-  [[nodiscard]] bool GetisMapRotated() const override { return false; }
-  bool UnRotate() override { return false; }
+  [[nodiscard]] const TObjectStylePtr &GetDefaultStyle(TObjectFont font) const override {
+    return font == TObjectFont::Text ? textStyle : symbolStyle;
+  }
+  void EndEditingOfOthers(TMapLayer &layer) override {
+    if (layers == nullptr) return;
+    for (const auto &other : layers->Items()) {
+      if (other.get() != &layer && other->GetEditable()) other->SetEditable(false);
+    }
+  }
+  void ShowBounds(const TBounds &bounds) override {
+    shownBounds = bounds;
+    Note("ShowBounds");
+  }
+  [[nodiscard]] bool GetisMapRotated() const override { return isRotated; }
+  bool UnRotate() override {
+    Note("UnRotate");
+    return std::exchange(isRotated, false);
+  }
 
  private:
-  static constexpr int SidePx = 100;
+  void Note(std::string event) { m_events.push_back(std::move(event)); }
+  void Note(const std::string &event, const TObject *subject) {
+    const auto name = m_names.find(subject);
+    Note(event + ' ' + (name == m_names.end() ? "?" : name->second));
+  }
 
-  TViewport m_viewport{.ClientWidth = SidePx, .ClientHeight = SidePx};
-  TViewFlags m_flags;
-  TBitmap m_bitmap{QImage(SidePx, SidePx, QImage::Format_RGB32)};
-  TCanvas m_canvas{&m_bitmap};
-  TScreenOutliner m_outliner{m_viewport, m_flags};
-  QSharedPointer<TBitmap> m_pattern;
-  bool m_inUpdate = false;
+  std::optional<TScreenOutliner> m_outliner;
+  std::map<const TObject *, std::string> m_names;
+  std::vector<std::string> m_events;
 };
+
+/// Appends a part to an object and fills it.
+inline TPart &AddPart(TCustomMapObject &object, std::initializer_list<TMapPoint> points) {
+  TPart &part = object.GetParts().Add();
+  for (const TMapPoint &point : points) part.GetPoints().Add(point);
+  return part;
+}
 
 }  // namespace tessera::test

@@ -19,15 +19,14 @@ struct TBounds {
   /// Inverted sentinels: contains nothing, and takes on the first point it is widened with.
   static constexpr TBounds Empty() { return {BoundsSentinel, BoundsSentinel, -BoundsSentinel, -BoundsSentinel}; }
 
-  void Widen(double x, double y) {
-    MaxX = std::max(x, MaxX);
-    MaxY = std::max(y, MaxY);
-    MinX = std::min(x, MinX);
-    MinY = std::min(y, MinY);
-  }
+  /// Takes in a point. Not-a-number widens nothing.
+  void Widen(double x, double y) { Widen({x, y, x, y}); }
+  /// Takes in all of `other`; nothing when that is Empty.
   void Widen(const TBounds &other) {
-    Widen(other.MinX, other.MinY);
-    Widen(other.MaxX, other.MaxY);
+    MaxX = std::max(MaxX, other.MaxX);
+    MaxY = std::max(MaxY, other.MaxY);
+    MinX = std::min(MinX, other.MinX);
+    MinY = std::min(MinY, other.MinY);
   }
   [[nodiscard]] bool IsInverted() const { return MinX > MaxX || MinY > MaxY; }
   [[nodiscard]] bool ContainsPoint(double x, double y) const { return x >= MinX && x <= MaxX && y >= MinY && y <= MaxY; }

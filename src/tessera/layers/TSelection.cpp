@@ -2,6 +2,8 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/layers/TSelection.h>
 
+#include <algorithm>
+
 namespace tessera {
 namespace {
 
@@ -16,6 +18,12 @@ bool TSelection::IsFast() const {
 void TSelection::Leave(const TCustomMapObject *object) {
   const auto found = m_members.find(object);
   if (--found->second == 0) m_members.erase(found);
+}
+
+int TSelection::PositionOf(const TCustomMapObject *object) const {
+  if (m_members.at(object) > 1) return IndexOf(object);
+  // Most objects that leave have come last, as all do when the selection is cleared.
+  return int(std::find(m_items.rbegin(), m_items.rend(), object).base() - m_items.begin()) - 1;
 }
 
 void TSelection::SetItem(int index, TCustomMapObject *object) {
@@ -61,7 +69,7 @@ void TSelection::Delete(int index) {
 
 void TSelection::Remove(TCustomMapObject *object) {
   if (!Holds(object)) return;
-  Delete(IndexOf(object));
+  Delete(PositionOf(object));
   GetMapHost()->FireDelSelection(*object);
   GetMapHost()->TraceMapEvent(mdlDelSelection, object);
   if (GetMapHost()->GetViewFlags().FastSelection) GetMapHost()->FireUpdate();

@@ -39,6 +39,8 @@ class TESSERA_CORE_EXPORT TSelection : public TMapObjectsList {
 
  private:
   [[nodiscard]] bool IsFast() const;
+  /// First position of a member.
+  [[nodiscard]] int PositionOf(const TCustomMapObject *object) const;
   void Enter(TCustomMapObject *object) { ++m_members[object]; }
   void Leave(const TCustomMapObject *object);
 

@@ -40,6 +40,7 @@ bool CornersOrSidesMeet(const TBounds &bounds, const TBounds &rect) {
 }
 
 bool BoundsMeetRect(const TBounds &bounds, const TBounds &rect) {
+  if (bounds == TBounds::Empty()) return false;
   if (bounds.IsInverted() || rect.IsInverted()) return CornersOrSidesMeet(bounds, rect);
   return bounds.MinX <= rect.MaxX && rect.MinX <= bounds.MaxX && bounds.MinY <= rect.MaxY && rect.MinY <= bounds.MaxY;
 }

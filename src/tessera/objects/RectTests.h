@@ -7,9 +7,8 @@
 namespace tessera {
 
 /// Whether the bounds of an object and a rectangle meet: a corner of one lies in the other, or their sides cross.
-/// Borders count. For two rectangles whose corners are in order this is a plain test of overlap; an inverted one (of an
-/// object without vertices, or a rectangle passed the wrong way round) is put through the corners and sides as they
-/// are.
+/// Borders count. For two rectangles whose corners are in order this is a plain test of overlap; one that was passed
+/// the wrong way round is put through the corners and sides as they are. An object without vertices meets nothing.
 [[nodiscard]] TESSERA_CORE_EXPORT bool BoundsMeetRect(const TBounds &bounds, const TBounds &rect);
 
 /// The same by corners and sides alone, whatever the order of the corners. Slow; the yardstick of the above.

@@ -22,8 +22,8 @@ void TMapObjectsList::SetItem(int index, TCustomMapObject *object) {
 }
 
 int TMapObjectsList::IndexOf(const TCustomMapObject *object) const {
-  const auto found = std::find(m_items.rbegin(), m_items.rend(), object);
-  return int(m_items.rend() - found) - 1;
+  const auto found = std::find(m_items.begin(), m_items.end(), object);
+  return found == m_items.end() ? -1 : int(found - m_items.begin());
 }
 
 bool TDisplayedObjects::Holds(const TCustomMapObject &object) const {

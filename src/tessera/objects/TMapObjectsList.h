@@ -22,7 +22,7 @@ class TESSERA_CORE_EXPORT TMapObjectsList {
   /// @throws ERangeError outside the count.
   virtual void SetItem(int index, TCustomMapObject *object);
   [[nodiscard]] std::span<TCustomMapObject *const> Items() const { return m_items; }
-  /// Position of the object, found from the end of the list on; -1 when it is not there.
+  /// First position of the object; -1 when it is not there.
   [[nodiscard]] int IndexOf(const TCustomMapObject *object) const;
 
   [[nodiscard]] TMapHost *GetMapHost() const { return m_map; }

@@ -17,8 +17,6 @@ class TParts;
 class TESSERA_CORE_EXPORT TMapPoints {
  public:
   TMapPoints() = default;
-  TMapPoints(TMapPoints &&other) noexcept : m_block(std::exchange(other.m_block, nullptr)) {}
-  TMapPoints &operator=(TMapPoints &&other) noexcept;
   ~TMapPoints();
   TMapPoints(const TMapPoints &) = delete;
   TMapPoints &operator=(const TMapPoints &) = delete;
@@ -74,6 +72,10 @@ class TESSERA_CORE_EXPORT TMapPoints {
   friend class TParts;
   friend class TPart;
   struct Block;
+
+  // Only parts move, within their list: the owner goes with the vertices.
+  TMapPoints(TMapPoints &&other) noexcept : m_block(std::exchange(other.m_block, nullptr)) {}
+  TMapPoints &operator=(TMapPoints &&other) noexcept;
 
   [[nodiscard]] TParts *GetOwner() const;
   void SetOwner(TParts *owner);

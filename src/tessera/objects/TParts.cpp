@@ -21,7 +21,9 @@ static_assert(sizeof(TPart) == sizeof(std::uintptr_t) && alignof(TPart) == align
 
 void TPart::SetPoints(TMapPoints &&points) {
   TParts *owner = m_points.GetOwner();
-  m_points = std::move(points);
+  TParts *otherOwner = points.GetOwner();
+  std::swap(m_points.m_block, points.m_block);
+  points.SetOwner(otherOwner);
   m_points.SetOwner(owner);
   detail::GeometryVersion::Change();
 }

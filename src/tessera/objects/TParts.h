@@ -18,7 +18,7 @@ class TESSERA_CORE_EXPORT TPart {
 
   [[nodiscard]] TMapPoints &GetPoints() { return m_points; }
   [[nodiscard]] const TMapPoints &GetPoints() const { return m_points; }
-  /// Takes over a list of vertices. The bounds of the object stay as they are.
+  /// Exchanges the vertices for those of a list. The bounds of the object stay as they are.
   void SetPoints(TMapPoints &&points);
   /// Replaces the vertices by copies of those of `source`.
   void Assign(const TPart &source);
