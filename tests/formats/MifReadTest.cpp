@@ -226,7 +226,7 @@ TEST_F(MifReadTest, SharesStylesBetweenObjectsWithTheSameClauses) {
   EXPECT_EQ(ObjectAt(2).GetPen().GetColor(), RGB(0, 1, 0));
   EXPECT_EQ(ObjectAt(3).GetPen().GetColor(), RGB(0, 0, 255));
   EXPECT_EQ(ObjectAt(3).GetBrush().GetColor(), RGB(0, 0, 7));
-  EXPECT_EQ(ObjectAt(1).GetBrush().GetColor(), map.defaultStyle->brush.GetColor());
+  EXPECT_EQ(ObjectAt(1).GetBrush().GetColor(), map.symbolStyle->brush.GetColor());
 }
 
 TEST_F(MifReadTest, ReadsMoreDifferentClausesThanAreKept) {

@@ -85,12 +85,15 @@ TEST(PartToScreenTest, KeepsThePartsOwnCountWithoutThinning) {
 }
 
 TEST(PartToScreenTest, DoesNotTrustBoundsThatAreTooSmall) {
-  const Points points{{50, 50}, {500, 50}, {50, 70}};
   TViewFlags flags;
+  flags.UseGeneralization = false;
   TScreenOutliner outliner(ViewOf(100, 100), flags);
-  Outline outline;
-  outliner.PartToScreen(points, {50, 50, 60, 60}, outline);
-  EXPECT_EQ(outline, PlainOutline(ViewOf(100, 100), flags, points));
+  for (double x = 99; x < 105; x += 0.25) {
+    const Points points{{50, 50}, {x, 50}, {50, 70}};
+    Outline outline;
+    outliner.PartToScreen(points, {50, 50, 60, 60}, outline);
+    EXPECT_EQ(outline, PlainOutline(ViewOf(100, 100), flags, points)) << x;
+  }
 }
 
 TEST(PartToScreenTest, IsForTheViewItWasMadeFor) {

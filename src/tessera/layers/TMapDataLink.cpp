@@ -12,7 +12,10 @@ constexpr char LinkIndex[] = "Data link";
 }  // namespace
 
 TMapDataLinks::~TMapDataLinks() {
-  for (TMapDataLink *link : m_links) link->m_links = nullptr;
+  // A link that was only entered into this list may follow another map.
+  for (TMapDataLink *link : m_links) {
+    if (link->m_links == this) link->m_links = nullptr;
+  }
 }
 
 void TMapDataLinks::Insert(int index, TMapDataLink *link) {

@@ -63,14 +63,21 @@ void TMapLayer::ForgetObject(TCustomMapObject &object) {
   m_extents.Invalidate();
 }
 
-void TMapLayer::Destroy(TCustomMapObject *object) {
-  // The object takes itself out of the list while it is destroyed.
-  std::default_delete<TCustomMapObject>()(object);
+bool TMapLayer::Destroy(std::size_t at) {
+  TCustomMapObject *object = m_objects[at].get();
+  const bool isOwn = object->GetObjectLayer() == this;
+  if (isOwn) {
+    // The object takes itself out of the list while it is destroyed.
+    std::default_delete<TCustomMapObject>()(object);
+  } else {
+    // One that SetObjects has put in knows nothing of this list.
+    RemoveObject(object).reset();
+  }
+  return isOwn;
 }
 
 void TMapLayer::DeleteObject(int index) {
-  if (index != -1) {
-    Destroy(GetObjects(index));
+  if (index != -1 && Destroy(CheckedIndex(index, m_objects.size(), ObjectIndex))) {
     const std::size_t next = CheckedIndex(index, m_objects.size(), ObjectIndex);
     static_cast<void>(m_objects[next].release());
     m_objects.erase(m_objects.begin() + index);
@@ -80,7 +87,7 @@ void TMapLayer::DeleteObject(int index) {
 }
 
 void TMapLayer::DeleteObjects() {
-  while (!m_objects.empty()) Destroy(m_objects.back().get());
+  while (!m_objects.empty()) Destroy(m_objects.size() - 1);
   UpdateMap();
 }
 

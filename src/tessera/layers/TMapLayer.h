@@ -125,7 +125,8 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
  private:
   [[nodiscard]] std::size_t PositionOf(const TCustomMapObject *object) const;
   [[nodiscard]] bool MeetsRect(std::size_t id, const TBounds &rect) const;
-  static void Destroy(TCustomMapObject *object);
+  /// Destroys an object, which leaves the list. Answers whether it belonged to this layer and did so by itself.
+  bool Destroy(std::size_t at);
   void UpdateMap();
   void TraceToMap(TMapDataLinkEvent event);
 

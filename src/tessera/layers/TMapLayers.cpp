@@ -70,8 +70,9 @@ void TMapLayers::Delete(int index) {
     if (!allowDelete) return;
     m_map->TraceMapEvent(mdlDelLayer, layer);
   }
-  // The layer is destroyed while it still has its place.
-  m_layers[std::size_t(index)].reset();
+  // The layer is destroyed while it still has its place, where those who are told meanwhile may look.
+  std::default_delete<TMapLayer>()(layer);
+  static_cast<void>(m_layers[std::size_t(index)].release());
   m_layers.erase(m_layers.begin() + index);
   if (m_map) {
     m_map->DoUpdate(true);
@@ -81,7 +82,11 @@ void TMapLayers::Delete(int index) {
 }
 
 void TMapLayers::Clear() {
-  while (!m_layers.empty()) m_layers.erase(m_layers.begin());
+  while (!m_layers.empty()) {
+    // The list holds no gap while the layer is destroyed.
+    const std::unique_ptr<TMapLayer> layer = std::move(m_layers.front());
+    m_layers.erase(m_layers.begin());
+  }
   if (m_map) m_map->DoUpdate(true);
 }
 

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "../support/FakeMapHost.h"
+
+#include <tessera/base/DebugTrace.h>
+#include <tessera/base/Exceptions.h>
+#include <tessera/objects/TPolyline.h>
+
+#include <QDir>
+#include <gtest/gtest.h>
+
+namespace tessera {
+namespace {
+
+using test::TFakeMapHost;
+using Events = std::vector<std::string>;
+
+/// A map with the layers a, b and c, and what was traced.
+class TMapLayersTest : public testing::Test {
+ protected:
+  TMapLayersTest()
+      : m_sink(SetDebugTraceSink([this](const QString &format, std::initializer_list<QString> arguments) {
+          traced += FormatMessage(format, arguments);
+        })) {
+    host.layers = &layers;
+    layers.SetMap(&host);
+    for (const char name : {'a', 'b', 'c'}) {
+      TMapLayer *layer = layers.Insert(QString(), layers.GetCount());
+      layer->SetName(QChar::fromLatin1(name));
+      host.Name(layer, std::string(1, name));
+    }
+    host.Name(&layers, "layers");
+    host.TakeEvents();
+  }
+  ~TMapLayersTest() override { SetDebugTraceSink(m_sink); }
+  TMapLayersTest(const TMapLayersTest &) = delete;
+  TMapLayersTest &operator=(const TMapLayersTest &) = delete;
+
+  QString Names() const {
+    QString names;
+    for (const auto &layer : layers.Items()) names += layer ? layer->GetName() : QStringLiteral("-");
+    return names;
+  }
+
+  TFakeMapHost host;
+  TMapLayers layers;
+  QStringList traced;
+
+ private:
+  TTraceSink m_sink;
+};
+
+TEST_F(TMapLayersTest, AddsANamedLayerWhereThereIsNoFile) {
+  const TMapLayer *layer = layers.Add(QStringLiteral("no such.road"), QStringLiteral("Roads"));
+  EXPECT_EQ(layers.Last(), layer);
+  EXPECT_EQ(layer->GetName(), QStringLiteral("Roads"));
+  EXPECT_EQ(layer->GetMapHost(), &host);
+  EXPECT_EQ(host.TakeEvents(), (Events{"AddLayer ?", "mdlAfterAddLayer ?"}));
+  layers.Add(QString(), QStringLiteral("New"));
+  EXPECT_EQ(
+      traced,
+      (QStringList{
+          QStringLiteral("File \"%1\" does not exists!").arg(QDir().absoluteFilePath(QStringLiteral("no such.road"))),
+          QStringLiteral("File \"\" does not exists!")}));
+}
+
+TEST_F(TMapLayersTest, InsertsALayerWithoutTellingDataLinks) {
+  layers.Insert(QStringLiteral("no such.road"), 1)->SetName(QStringLiteral("x"));
+  layers.Insert(QString(), 4)->SetName(QStringLiteral("y"));
+  EXPECT_EQ(Names(), QStringLiteral("axbcy"));
+  EXPECT_EQ(host.TakeEvents(), (Events{"AddLayer ?", "AddLayer ?"}));
+  EXPECT_EQ(traced, QStringList(QStringLiteral("File \"no such.road\" does not exists!")));
+  EXPECT_THROW(layers.Insert(QString(), 6), ERangeError);
+}
+
+TEST_F(TMapLayersTest, DeletesALayerUnlessItIsForbidden) {
+  layers.Delete(1);
+  EXPECT_EQ(Names(), QStringLiteral("ac"));
+  EXPECT_EQ(host.TakeEvents(), (Events{"BeforeDelLayer(confirm) b", "mdlDelLayer b", "BeforeDelLayer b", "DoUpdate",
+                                       "DoUpdate", "AfterDelLayer", "mdlAfterDelLayer layers"}));
+  host.onBeforeDelLayer = [](TMapLayer &, bool &allowDelete) { allowDelete = false; };
+  layers.Delete(1);
+  EXPECT_EQ(Names(), QStringLiteral("ac"));
+  EXPECT_EQ(host.TakeEvents(), Events{"BeforeDelLayer(confirm) c"});
+  EXPECT_THROW(layers.Delete(2), ERangeError);
+}
+
+TEST_F(TMapLayersTest, CanBeReadWhileALayerIsDestroyed) {
+  QStringList seen;
+  host.onBeforeDelLayer = [&](TMapLayer &, bool &) {
+    seen += Names();
+    static_cast<void>(layers.GetEditableLayer());
+    static_cast<void>(layers.Search(QStringLiteral("c")));
+  };
+  layers.Delete(1);
+  layers.Clear();
+  EXPECT_EQ(seen, (QStringList{QStringLiteral("abc"), QStringLiteral("abc"), QStringLiteral("c"), QString()}));
+}
+
+TEST_F(TMapLayersTest, ClearsWithoutAskingOrTellingDataLinks) {
+  host.onBeforeDelLayer = [](TMapLayer &, bool &allowDelete) { allowDelete = false; };
+  layers.Clear();
+  EXPECT_EQ(layers.GetCount(), 0);
+  EXPECT_EQ(host.TakeEvents(), (Events{"BeforeDelLayer a", "DoUpdate", "BeforeDelLayer b", "DoUpdate",
+                                       "BeforeDelLayer c", "DoUpdate", "DoUpdate"}));
+}
+
+TEST_F(TMapLayersTest, MovesAndExchangesLayers) {
+  struct Row {
+    int from, to;
+    const char *names;
+    const char *event;
+  };
+  for (const Row &row : {Row{0, 2, "bca", "mdlMoveLayer a"}, Row{2, 0, "abc", "mdlMoveLayer a"},
+                         Row{1, 2, "acb", "mdlMoveLayer b"}, Row{0, 0, "acb", "mdlMoveLayer a"}}) {
+    layers.Move(row.from, row.to);
+    EXPECT_EQ(Names(), QString::fromLatin1(row.names));
+    EXPECT_EQ(host.TakeEvents(), (Events{"DoUpdate", row.event}));
+  }
+  layers.Exchange(0, 2);
+  EXPECT_EQ(Names(), QStringLiteral("bca"));
+  EXPECT_EQ(host.TakeEvents(), (Events{"DoUpdate", "mdlExchangeLayer layers"}));
+  EXPECT_THROW(layers.Move(0, 3), ERangeError);
+  EXPECT_THROW(layers.Move(-1, 0), ERangeError);
+  EXPECT_THROW(layers.Exchange(3, 0), ERangeError);
+}
+
+TEST_F(TMapLayersTest, FindsTheFirstLayerOfAName) {
+  layers.GetLayer(1)->SetName(QString::fromUtf8("Улицы"));
+  layers.GetLayer(2)->SetName(QString::fromUtf8("УЛИЦЫ"));
+  EXPECT_EQ(layers.Search(QString::fromUtf8("улицы")), layers.GetLayer(1));
+  EXPECT_EQ(layers.Search(QStringLiteral("A")), layers.First());
+  EXPECT_EQ(layers.Search(QStringLiteral("d")), nullptr);
+  layers.SetMap(nullptr);
+  EXPECT_EQ(layers.Search(QStringLiteral("a")), nullptr);
+  layers.SetMap(&host);
+}
+
+TEST_F(TMapLayersTest, KnowsTheEditableLayer) {
+  EXPECT_EQ(layers.GetEditableLayer(), nullptr);
+  layers.GetLayer(1)->SetEditable(true);
+  EXPECT_EQ(layers.GetEditableLayer(), layers.GetLayer(1));
+}
+
+TEST_F(TMapLayersTest, PutsALayerIntoThePlaceOfAnother) {
+  auto layer = std::make_unique<TMapLayer>();
+  TMapLayer *put = layer.get();
+  const std::unique_ptr<TMapLayer> replaced = layers.SetLayer(1, std::move(layer));
+  EXPECT_EQ(layers.GetLayer(1), put);
+  EXPECT_EQ(replaced->GetName(), QStringLiteral("b"));
+  EXPECT_THROW(static_cast<void>(layers.GetLayer(3)), ERangeError);
+  EXPECT_THROW(static_cast<void>(TMapLayers().First()), ERangeError);
+}
+
+TEST_F(TMapLayersTest, TakesObjectsOutOfTheSelectionWithTheirLayer) {
+  TCustomMapObject *object = layers.First()->NewObject<TPolyline>();
+  object->Select();
+  layers.Delete(0);
+  EXPECT_EQ(host.selection.GetCount(), 0);
+}
+
+}  // namespace
+}  // namespace tessera
