@@ -60,6 +60,15 @@ TEST_F(TMapLayerTest, TellsOfNewObjectsAndPaintsThem) {
   EXPECT_EQ(layer->Last(), object);
 }
 
+TEST_F(TMapLayerTest, TakesObjectsWhileTheMapHasNoArea) {
+  host.ResizeClient(0, 100);
+  host.isReady = false;
+  auto line = std::make_unique<TPolyline>();
+  AddPart(*line, {{10, 10}, {90, 90}});
+  EXPECT_NO_THROW(layer->AddObject(std::move(line), true));
+  EXPECT_EQ(layer->GetObjectCount(), 1);
+}
+
 /// A kind of object that starts with the text font.
 class TWriting : public TPolyline {
  public:

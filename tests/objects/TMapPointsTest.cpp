@@ -20,7 +20,6 @@ Points PointsOf(const TMapPoints &points) {
   return {points.Points().begin(), points.Points().end()};
 }
 
-/// The points with one added, which makes a fresh list's bounds differ from those that must not shrink.
 void Fill(TMapPoints &points, std::initializer_list<TMapPoint> vertices) {
   for (const TMapPoint &vertex : vertices) points.Add(vertex);
 }

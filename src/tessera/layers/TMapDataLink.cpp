@@ -11,13 +11,6 @@ constexpr char LinkIndex[] = "Data link";
 
 }  // namespace
 
-TMapDataLinks::~TMapDataLinks() {
-  // A link that was only entered into this list may follow another map.
-  for (TMapDataLink *link : m_links) {
-    if (link->m_links == this) link->m_links = nullptr;
-  }
-}
-
 void TMapDataLinks::Insert(int index, TMapDataLink *link) {
   m_links.insert(m_links.begin() + std::ptrdiff_t(CheckedIndex(index, m_links.size() + 1, LinkIndex)), link);
 }
@@ -44,9 +37,16 @@ TMapDataLink::~TMapDataLink() {
 }
 
 void TMapDataLink::SetLinks(TMapDataLinks *links) {
-  if (m_links) m_links->Remove(this);
-  m_links = links;
-  if (m_links) m_links->Add(this);
+  if (TMapDataLinks *present = GetLinks()) present->Remove(this);
+  m_links.reset();
+  if (links == nullptr) return;
+  m_links = links->m_self;
+  links->Add(this);
+}
+
+TMapDataLinks *TMapDataLink::GetLinks() const {
+  const auto links = m_links.lock();
+  return links ? *links : nullptr;
 }
 
 void TMapDataLink::MapEvent(TMapDataLinkEvent /*event*/, TObject * /*sender*/, int /*info*/) {}

@@ -4,6 +4,7 @@
 #include <tessera/base/TObject.h>
 #include <tessera/objects/TMapDataLinkEvent.h>
 
+#include <memory>
 #include <vector>
 
 namespace tessera {
@@ -11,12 +12,11 @@ namespace tessera {
 class TMapDataLink;
 class TTessera;
 
-/// The links of one map, which it tells of every change of its layers, objects and selection. Does not own them.
+/// The links of one map, which it tells of every change of its layers, objects and selection. Does not own them; links
+/// and list may be destroyed in any order.
 class TESSERA_CORE_EXPORT TMapDataLinks {
  public:
   TMapDataLinks() = default;
-  /// Detaches every link.
-  ~TMapDataLinks();
   TMapDataLinks(const TMapDataLinks &) = delete;
   TMapDataLinks &operator=(const TMapDataLinks &) = delete;
 
@@ -37,8 +37,12 @@ class TESSERA_CORE_EXPORT TMapDataLinks {
   void TraceMapEvent(TMapDataLinkEvent event, TObject *sender) const;
 
  private:
+  friend class TMapDataLink;
+
   std::vector<TMapDataLink *> m_links;
   TTessera *m_map = nullptr;
+  /// What links that follow this map hold on to: it tells them whether the list is still there.
+  std::shared_ptr<TMapDataLinks *const> m_self = std::make_shared<TMapDataLinks *const>(this);
 };
 
 /// What a companion control derives from to follow a map. Attach it with TTessera's links: SetMap.
@@ -50,9 +54,10 @@ class TESSERA_CORE_EXPORT TMapDataLink : public TObject {
   /// Leaves the present map and follows `links`' map from now on, as the last of its links; none when null. Following
   /// the same map again moves the link to the end.
   void SetLinks(TMapDataLinks *links);
-  [[nodiscard]] TMapDataLinks *GetLinks() const { return m_links; }
+  /// None when no map is followed, or it is gone.
+  [[nodiscard]] TMapDataLinks *GetLinks() const;
   /// The map that is followed; may be none.
-  [[nodiscard]] TTessera *GetMap() const { return m_links ? m_links->GetMap() : nullptr; }
+  [[nodiscard]] TTessera *GetMap() const { return GetLinks() ? GetLinks()->GetMap() : nullptr; }
   /// Follows a map, for callers that include TTessera.h.
   template <class Map = TTessera>
   void SetMap(Map *map) {
@@ -64,8 +69,7 @@ class TESSERA_CORE_EXPORT TMapDataLink : public TObject {
   void RemoveNotify() {}
 
  private:
-  friend class TMapDataLinks;
-  TMapDataLinks *m_links = nullptr;
+  std::weak_ptr<TMapDataLinks *const> m_links;
 };
 
 }  // namespace tessera

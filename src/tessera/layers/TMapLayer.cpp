@@ -34,7 +34,7 @@ TCustomMapObject *TMapLayer::AddObject(std::unique_ptr<TCustomMapObject> object,
   m_map->SetModified(true);
   if (paintNow) m_map->FireAddObject(*added);
   m_map->TraceMapEvent(mdlAddObject, this);
-  if (!m_map->GetInUpdate()) added->Paint();
+  if (!m_map->GetInUpdate() && m_map->IsReadyToPaint()) added->Paint();
   return added;
 }
 

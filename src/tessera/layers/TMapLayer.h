@@ -25,7 +25,8 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   // Objects.
 
   /// Appends an object, gives it the layer's columns and the tools of the map's options, and paints it at once unless
-  /// the map is in a batch of updates. `paintNow` is for an object that a person has just made: OnAddObject is called.
+  /// the map is in a batch of updates or has no area. `paintNow` is for an object that a person has just made:
+  /// OnAddObject is called.
   TCustomMapObject *AddObject(std::unique_ptr<TCustomMapObject> object, bool paintNow);
   /// Makes an object of a kind and appends it: `layer.NewObject<TRegion>()`.
   template <class Kind>
