@@ -42,6 +42,31 @@ std::string_view WithoutQuotes(std::string_view bytes) {
   return bytes.size() > 2 ? bytes.substr(1, bytes.size() - 2) : std::string_view();
 }
 
+/// Whether the line is the word Point and two numbers with nothing but blanks around: so are nearly all points, and
+/// they need not be cut into items.
+bool ReadPlainPoint(std::string_view line, char separator, TMapPoint &point) {
+  constexpr std::string_view Word = "POINT";
+  const char *at = line.data();
+  const char *last = at + line.size();
+  const auto skipBlanks = [&] {
+    const char *first = at;
+    while (at != last && *at == ' ') ++at;
+    return at != first;
+  };
+  skipBlanks();
+  for (const char letter : Word) {
+    if (at == last || UpperAscii(*at) != letter) return false;
+    ++at;
+  }
+  if (!skipBlanks()) return false;
+  at = ReadFloat(at, last, separator, point.X);
+  if (at == nullptr || !skipBlanks()) return false;
+  at = ReadFloat(at, last, separator, point.Y);
+  if (at == nullptr) return false;
+  skipBlanks();
+  return at == last;
+}
+
 bool IsLetter(char c) {
   return UpperAscii(c) >= 'A' && UpperAscii(c) <= 'Z';
 }
@@ -79,6 +104,13 @@ void MifReader::ShowProgress() {
 }
 
 std::string_view MifReader::ReadLine(std::string_view line) {
+  if (m_nextIsPlainPoint) {
+    m_nextIsPlainPoint = false;
+    auto &symbol = static_cast<TSymbol &>(NewObject(Point));
+    m_mid.ReadValues(symbol.GetFields());
+    symbol.MoveTo(m_plainPoint.X, m_plainPoint.Y);
+    return ReadClauses(symbol);
+  }
   const auto places = Keywords.Find(line);
   const auto has = [&places](std::size_t word) { return places[word] != std::string_view::npos; };
   const auto after = [&](std::size_t word) { return TrimBytes(Keywords.After(line, word, places[word])); };
@@ -195,8 +227,11 @@ void MifReader::ReadPoint(TSymbol &symbol, std::string_view line) {
 }
 
 std::string_view MifReader::ReadClauses(TCustomMapObject &object) {
-  std::string_view line = m_mif.ReadLine();
-  while (m_styles.Apply(line, object)) line = m_mif.ReadLine();
+  std::string_view line;
+  do {
+    line = m_mif.ReadLine();
+    m_nextIsPlainPoint = ReadPlainPoint(line, m_mif.GetSeparator(), m_plainPoint);
+  } while (!m_nextIsPlainPoint && m_styles.Apply(line, object));
   return line;
 }
 

@@ -67,6 +67,9 @@ class MifReader {
   qint64 m_size;
   /// Parts without points take memory and nearly nothing of the file, so that they must not be many.
   qint64 m_emptyPartsLeft;
+  // The line after an object is a plain point, and that is it.
+  TMapPoint m_plainPoint{};
+  bool m_nextIsPlainPoint = false;
   std::array<qint64, KindCount> m_counts{};
   std::map<std::string, qint64, std::less<>> m_skipped;
 };

@@ -93,6 +93,8 @@ bool MifStyles::Apply(std::string_view line, TCustomMapObject &object) {
   }
   const TObjectAttribute attribute = ClassifyClause(line);
   if (attribute == TObjectAttribute::oaNone) return false;
+  // Clauses that say nothing would only take the room of the others: no two centres are the same.
+  if (attribute == TObjectAttribute::oaCenter || attribute == TObjectAttribute::oaFont) return true;
   Known clause = Read(attribute, line, before);
   apply(clause);
   if (isKept) Keep(std::move(clause), home);

@@ -8,8 +8,7 @@
 namespace tessera {
 
 TSymbol::TSymbol() {
-  SetAnchorX(0);
-  SetAnchorY(0);
+  MoveAnchor(0, 0);
 }
 
 void TSymbol::SetShape(int shape) {
