@@ -25,7 +25,7 @@ constexpr std::array<const char *, 3> KindNames = {"Region", "Pline", "Point"};
 constexpr int MaxColumns = 1000;
 /// Parts without points are believed in up to this number, and further ones for so many bytes of the file.
 constexpr qint64 MaxEmptyParts = 1000;
-constexpr qint64 EmptyPartBytes = 16;
+constexpr qint64 EmptyPartBytes = 4;
 /// Progress is shown whenever a further 256th of the file has been read, not for every line.
 constexpr qint64 ProgressSteps = 256;
 

@@ -23,7 +23,7 @@ namespace detail {
 ///
 /// A line is understood by the keywords that occur in it, wherever that is. A line without any is passed over. The last
 /// line of the file is never looked at; an object there is not read, which is intended.
-class MifReader {
+class TESSERA_CORE_EXPORT MifReader {
  public:
   /// What is given must outlive the reader. @pre the layer is on a map.
   MifReader(TMapLayer &layer, std::string_view mif, std::optional<std::string_view> mid, TFormatReport &report);
