@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+namespace tessera::apps {
+
+/// Whether the ending of the name is that of a kind of picture that can be written, letter case aside.
+[[nodiscard]] bool IsPictureName(const QString &fileName);
+
+/// Writes a picture in the kind that the name's ending stands for; an earlier file is replaced only by a whole new one.
+/// Returns what went wrong, in one line with the file's name; an empty text when all went well.
+[[nodiscard]] QString SavePicture(const QImage &picture, const QString &fileName);
+
+/// A filter for file dialogs: "Pictures (*.png …)", PNG first.
+[[nodiscard]] QString PictureNameFilter();
+
+}  // namespace tessera::apps

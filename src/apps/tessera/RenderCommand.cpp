@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include <apps/common/FitView.h>
+#include <apps/common/PictureFile.h>
+#include <apps/tessera/CommandLine.h>
+#include <apps/tessera/LayerInfo.h>
+#include <apps/tessera/RenderCommand.h>
+#include <apps/tessera/RenderOptions.h>
+#include <apps/tessera/TerminalProgress.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <numeric>
+
+namespace tessera::apps {
+namespace {
+
+double MsSince(const QElapsedTimer &timer) {
+  return double(timer.nsecsElapsed()) / 1e6;
+}
+
+/// False when nothing could be read of some file. Every file is looked at, so that all complaints come at once.
+bool LoadAll(TTessera &map, const QStringList &files) {
+  bool isWhole = true;
+  for (const QString &file : files) {
+    const TLoadedFile loaded = LoadMapFile(map, file);
+    PrintComplaints(loaded);
+    isWhole = isWhole && loaded.layer != nullptr;
+  }
+  return isWhole;
+}
+
+void SetView(TTessera &map, const TRenderOptions &options) {
+  FitView(map);
+  if (options.center) {
+    map.SetCenterX(options.center->X);
+    map.SetCenterY(options.center->Y);
+  }
+  map.SetZoom(options.zoom);
+}
+
+/// The most memory the process ever held, in KiB; null where the system does not tell.
+QJsonValue PeakMemoryKiB() {
+  QFile status(QStringLiteral("/proc/self/status"));
+  if (!status.open(QIODevice::ReadOnly)) return QJsonValue::Null;
+  const QByteArray name("VmHWM:");
+  for (const QByteArray &line : status.readAll().split('\n')) {
+    if (line.startsWith(name)) return line.mid(name.size()).simplified().split(' ').first().toLongLong();
+  }
+  return QJsonValue::Null;
+}
+
+/// Makes the picture as often as asked and prints what it took.
+void PrintTimings(TTessera &map, int rebuilds, double loadMs) {
+  QJsonArray rebuildMs;
+  for (int i = 0; i < rebuilds; ++i) {
+    QElapsedTimer timer;
+    timer.start();
+    map.PaintMapToBitmap();
+    rebuildMs.append(MsSince(timer));
+  }
+  const auto drawn = map.GetDisplayed()->Items();
+  const qint64 vertices =
+      std::accumulate(drawn.begin(), drawn.end(), qint64(0),
+                      [](qint64 sum, const TCustomMapObject *object) { return sum + CountVertices(*object); });
+  const QJsonObject line{{QStringLiteral("loadMs"), loadMs},
+                         {QStringLiteral("rebuildMs"), rebuildMs},
+                         {QStringLiteral("objectsDrawn"), qint64(drawn.size())},
+                         {QStringLiteral("verticesDrawn"), vertices},
+                         {QStringLiteral("peakMemoryKiB"), PeakMemoryKiB()}};
+  Print(QString::fromUtf8(QJsonDocument(line).toJson(QJsonDocument::Compact)) + u'\n');
+}
+
+}  // namespace
+
+int RunRender(const QStringList &arguments) {
+  const auto options = ParseRenderOptions(arguments);
+  if (!options) return esDone;
+
+  TTessera map;
+  const TerminalProgress progress(map);
+  map.resize(options->sizePx);
+  QElapsedTimer timer;
+  timer.start();
+  if (!LoadAll(map, options->files)) return esFailed;
+  const double loadMs = MsSince(timer);
+
+  SetView(map, *options);
+  if (options->timedRebuilds > 0) {
+    PrintTimings(map, options->timedRebuilds, loadMs);
+  } else {
+    map.PaintMapToBitmap();
+  }
+  TBitmap picture;
+  map.AssignToBitmap(picture);
+  if (const QString error = SavePicture(picture.GetImage(), options->picture); !error.isEmpty()) {
+    PrintComplaint(error);
+    return esFailed;
+  }
+  return esDone;
+}
+
+}  // namespace tessera::apps

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include <apps/common/PictureFile.h>
+#include <apps/tessera/CommandLine.h>
+#include <apps/tessera/RenderOptions.h>
+#include <tessera/base/Numbers.h>
+
+namespace tessera::apps {
+namespace {
+
+const QString OutOption = QStringLiteral("out");
+const QString SizeOption = QStringLiteral("size");
+const QString CenterOption = QStringLiteral("center");
+const QString ZoomOption = QStringLiteral("zoom");
+const QString FitOption = QStringLiteral("fit");
+const QString TimingsOption = QStringLiteral("timings");
+
+constexpr int MaxSidePx = 32767;
+constexpr int MaxRebuilds = 10000;
+
+EUsageError BadValue(const QString &option, const QString &wanted, const QString &value) {
+  return EUsageError(QStringLiteral("--%1 takes %2, not '%3'").arg(option, wanted, value));
+}
+
+void AddOptions(QCommandLineParser &parser) {
+  parser.addOptions({
+      {OutOption, QStringLiteral("Writes the picture here; its ending (.png, …) tells the kind."),
+       QStringLiteral("PICTURE")},
+      {SizeOption, QStringLiteral("The picture's size in pixels, 1024x768 without."), QStringLiteral("WxH"),
+       QStringLiteral("1024x768")},
+      {CenterOption, QStringLiteral("The map point in the middle; without, the middle of the data."),
+       QStringLiteral("X,Y")},
+      {ZoomOption, QStringLiteral("1 shows all of the data, 2 half of its width and height, and so on."),
+       QStringLiteral("Z")},
+      {FitOption, QStringLiteral("Shows all of the data. This is so without --center and --zoom.")},
+      {TimingsOption,
+       QStringLiteral("Makes the picture N times (5 without =N) and prints a line of JSON: the milliseconds of "
+                      "loading and of each time, what was drawn, and the most memory used in KiB."),
+       QStringLiteral("N")},
+  });
+}
+
+/// The one option whose value may be left out, which QCommandLineParser does not know.
+QStringList WithFullTimings(QStringList arguments) {
+  const QString bare = QStringLiteral("--") + TimingsOption;
+  for (QString &argument : arguments) {
+    if (argument == bare) argument = bare + QStringLiteral("=5");
+  }
+  return arguments;
+}
+
+QSize SizeOf(const QString &text) {
+  const QStringList sides = text.toLower().split(u'x');
+  int width = 0;
+  int height = 0;
+  const bool isSize = sides.size() == 2 && TryStrToInt(sides[0], width) && TryStrToInt(sides[1], height) && width > 0 &&
+                      height > 0 && width <= MaxSidePx && height <= MaxSidePx;
+  if (!isSize) throw BadValue(SizeOption, QStringLiteral("WxH with sides from 1 to %1").arg(MaxSidePx), text);
+  return {width, height};
+}
+
+TMapPoint PointOf(const QString &text) {
+  const QStringList numbers = text.split(u',');
+  TMapPoint point{};
+  if (numbers.size() != 2 || !TryStrToFloat(numbers[0], point.X) || !TryStrToFloat(numbers[1], point.Y)) {
+    throw BadValue(CenterOption, QStringLiteral("X,Y"), text);
+  }
+  return point;
+}
+
+double ZoomOf(const QString &text) {
+  double zoom = 0;
+  if (!TryStrToFloat(text, zoom) || !(zoom > 0)) {
+    throw BadValue(ZoomOption, QStringLiteral("a number above 0"), text);
+  }
+  return zoom;
+}
+
+int RebuildsOf(const QString &text) {
+  int count = 0;
+  if (!TryStrToInt(text, count) || count < 1 || count > MaxRebuilds) {
+    throw BadValue(TimingsOption, QStringLiteral("a count from 1 to %1").arg(MaxRebuilds), text);
+  }
+  return count;
+}
+
+}  // namespace
+
+std::optional<TRenderOptions> ParseRenderOptions(const QStringList &arguments) {
+  QCommandLineParser parser;
+  SetUpParser(parser, QStringLiteral("Draws map files to a picture."), QStringLiteral("render FILE… --out PICTURE"));
+  AddOptions(parser);
+  if (!Parse(parser, WithFullTimings(arguments))) return std::nullopt;
+
+  TRenderOptions options;
+  options.files = FilesOf(parser);
+  options.picture = parser.value(OutOption);
+  options.sizePx = SizeOf(parser.value(SizeOption));
+  if (options.picture.isEmpty()) throw EUsageError(QStringLiteral("--out PICTURE is missing"));
+  if (!IsPictureName(options.picture)) {
+    throw EUsageError(options.picture + QStringLiteral(": pictures of this kind cannot be written"));
+  }
+  if (parser.isSet(CenterOption)) options.center = PointOf(parser.value(CenterOption));
+  if (parser.isSet(ZoomOption)) options.zoom = ZoomOf(parser.value(ZoomOption));
+  if (parser.isSet(FitOption) && (parser.isSet(CenterOption) || parser.isSet(ZoomOption))) {
+    throw EUsageError(QStringLiteral("--fit leaves nothing to --center and --zoom"));
+  }
+  if (parser.isSet(TimingsOption)) options.timedRebuilds = RebuildsOf(parser.value(TimingsOption));
+  return options;
+}
+
+}  // namespace tessera::apps
