@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include <apps/editor/ProgressPanel.h>
+#include <apps/editor/StatusPanel.h>
+#include <tessera/base/Numbers.h>
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tessera::apps {
+namespace {
+
+/// As many decimals as it takes for neighbouring pixels to differ.
+int DecimalsOf(const TViewport &viewport) {
+  constexpr double MaxDecimals = 9;
+  const auto pixelsPerUnit = double(viewport.GetScale().Kx);
+  return int(std::clamp(std::ceil(std::log10(std::abs(pixelsPerUnit))), 0.0, MaxDecimals));
+}
+
+}  // namespace
+
+StatusPanel::StatusPanel(const TTessera &map, QWidget *parent)
+    : QWidget(parent), m_summary(new QLabel(this)), m_coordinates(new QLabel(this)), m_zoom(new QLabel(this)) {
+  m_summary->setTextFormat(Qt::PlainText);
+  // A long summary does not keep the window from becoming narrow.
+  m_summary->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  auto *row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(2 * row->spacing());
+  row->addWidget(m_summary, 1);
+  row->addWidget(new ProgressPanel(map, this));
+  row->addWidget(m_coordinates);
+  row->addWidget(m_zoom);
+  ShowZoom(map);
+  connect(&map, &TTessera::OnZoom, this, [this](const TTessera *sender) { ShowZoom(*sender); });
+  connect(&map, &TTessera::OnMouseMove, this, [this](const TTessera *sender, Qt::KeyboardModifiers, int x, int y) {
+    m_cursor = QPoint(x, y);
+    ShowCoordinates(*sender);
+  });
+  // The map has moved under the cursor.
+  connect(&map, &TTessera::OnUpdate, this, [this](const TTessera *sender) { ShowCoordinates(*sender); });
+}
+
+void StatusPanel::SetSummary(const QString &text) {
+  m_summary->setText(text);
+  m_summary->setToolTip(text.toHtmlEscaped());
+}
+
+QString StatusPanel::GetSummary() const {
+  return m_summary->text();
+}
+QString StatusPanel::GetCoordinates() const {
+  return m_coordinates->text();
+}
+QString StatusPanel::GetZoom() const {
+  return m_zoom->text();
+}
+
+void StatusPanel::ShowCoordinates(const TTessera &map) {
+  if (!m_cursor) return;
+  const TMapPoint point = map.GetViewport().ScreenToMap(m_cursor->x(), m_cursor->y());
+  const int decimals = DecimalsOf(map.GetViewport());
+  m_coordinates->setText(QString::number(point.X, 'f', decimals) + QStringLiteral(", ") +
+                         QString::number(point.Y, 'f', decimals));
+}
+
+void StatusPanel::ShowZoom(const TTessera &map) {
+  m_zoom->setText(tr("Zoom %1").arg(FloatToStr(map.GetZoom())));
+}
+
+}  // namespace tessera::apps

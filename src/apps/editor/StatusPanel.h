@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/map/TTessera.h>
+
+#include <QPoint>
+#include <QWidget>
+
+#include <optional>
+
+class QLabel;
+
+namespace tessera::apps {
+
+/// What a status bar shows of a map: what the last load came to, the progress of loading, the map point under the
+/// cursor, and the zoom.
+class StatusPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit StatusPanel(const TTessera &map, QWidget *parent = nullptr);
+
+  /// Shows one line; what does not fit can be read as a tool tip.
+  void SetSummary(const QString &text);
+
+  [[nodiscard]] QString GetSummary() const;
+  [[nodiscard]] QString GetCoordinates() const;
+  [[nodiscard]] QString GetZoom() const;
+
+ private:
+  void ShowCoordinates(const TTessera &map);
+  void ShowZoom(const TTessera &map);
+
+  QLabel *m_summary;
+  QLabel *m_coordinates;
+  QLabel *m_zoom;
+  std::optional<QPoint> m_cursor;  // where it was last seen on the map
+};
+
+}  // namespace tessera::apps
