@@ -26,9 +26,9 @@ QString ToText(const std::optional<double> &value, int decimals) {
 QString ToLine(const BenchResult &result) {
   // Three digits or more of what is below a hundred.
   const auto toText = [](const std::optional<double> &value) { return ToText(value, value < 100.0 ? 3 : 1); };
+  const QString target = result.limit ? QStringLiteral("ours ≤ %1").arg(*result.limit) : ToText(result.target, 3);
   return QStringLiteral("| %1 | %2 | %3 | %4 | %5 | %6 |")
-      .arg(result.name, result.unit, toText(result.ours), toText(result.reference), ToText(result.Ratio(), 2),
-           ToText(result.target, 2));
+      .arg(result.name, result.unit, toText(result.ours), toText(result.reference), ToText(result.Ratio(), 3), target);
 }
 
 }  // namespace
@@ -45,7 +45,8 @@ void BenchTable::Measure(const BenchRow &row, int runs) {
     if (row.reference) reference.push_back(row.reference());
     if (row.ours) ours.push_back(row.ours());
   }
-  m_results.push_back({row.name, row.unit, Median(std::move(ours)), Median(std::move(reference)), row.target});
+  m_results.push_back(
+      {row.name, row.unit, Median(std::move(ours)), Median(std::move(reference)), row.target, row.limit});
   QTextStream(stderr) << ToLine(m_results.back()) << Qt::endl;
 }
 
@@ -64,7 +65,8 @@ QByteArray BenchTable::ToJson() const {
                             {QStringLiteral("ours"), toValue(result.ours)},
                             {QStringLiteral("reference"), toValue(result.reference)},
                             {QStringLiteral("ratio"), toValue(result.Ratio())},
-                            {QStringLiteral("target"), toValue(result.target)}});
+                            {QStringLiteral("target"), toValue(result.target)},
+                            {QStringLiteral("limit"), toValue(result.limit)}});
   }
   return QJsonDocument(rows).toJson();
 }

@@ -20,7 +20,9 @@ struct BenchRow {
   BenchSide ours;
   BenchSide reference;
   /// The highest ratio of ours to the reference that is good enough.
-  std::optional<double> target;
+  std::optional<double> target = std::nullopt;
+  /// The highest value of ours that is good enough.
+  std::optional<double> limit = std::nullopt;
 };
 
 struct BenchResult {
@@ -29,6 +31,7 @@ struct BenchResult {
   std::optional<double> ours;
   std::optional<double> reference;
   std::optional<double> target;
+  std::optional<double> limit;
 
   [[nodiscard]] std::optional<double> Ratio() const;
 };

@@ -1,67 +1,39 @@
 // SPDX-License-Identifier: MIT
 #include "TesseraSide.h"
 
-#include <tessera/objects/TPolyline.h>
-#include <tessera/objects/TRegion.h>
-#include <tessera/objects/TSymbol.h>
-
-#include <map>
+#include <stdexcept>
 
 namespace tessera::bench {
 namespace {
 
-constexpr int FilledCircle = 34;
-
-TCustomMapObject *NewObject(TMapLayer &layer, FlatKind kind) {
-  switch (kind) {
-    case FlatKind::Ring:
-      return layer.NewObject<TRegion>();
-    case FlatKind::Line:
-      return layer.NewObject<TPolyline>();
-    case FlatKind::Point:
-      break;
-  }
-  TSymbol *symbol = layer.NewObject<TSymbol>();
-  symbol->SetShape(FilledCircle);
-  return symbol;
-}
-
-TObjectStylePtr MakeStyle(const FlatShape &shape) {
-  const TColor color = FromQColor(QColor::fromRgb(shape.color));
-  TObjectStylePtr style(new TObjectStyle);
-  style->pen.SetColor(shape.kind == FlatKind::Ring ? FromQColor(QColor::fromRgb(OutlineColor)) : color);
-  style->brush.SetColor(color);
-  style->font = TFont(QStringLiteral("MapInfo Symbol"), 8, color);
-  return style;
+/// Providers answer a loading or saving only through their report.
+void ThrowUnlessOk(const TFormatReport &report) {
+  if (!report.ok()) throw std::runtime_error(report.Summary().toStdString());
 }
 
 }  // namespace
 
-TesseraSide::TesseraSide(const FlatMap &map, QSize size) {
+TesseraSide::TesseraSide(const QString &mifPath, QSize size) {
   m_control.resize(size);
   m_control.SetColor(clWhite);
-  m_control.BeginUpdate();
-  Fill(*m_control.GetLayers()->Add(QString(), QStringLiteral("map")), map);
-  m_control.EndUpdate(false);
+  m_control.GetLayers()->Add(mifPath, QStringLiteral("map"));
+  ThrowUnlessOk(m_provider.GetReport());
 }
 
-void TesseraSide::Fill(TMapLayer &layer, const FlatMap &map) {
-  std::map<std::pair<FlatKind, QRgb>, TObjectStylePtr> styles;
-  layer.ReserveObjects(map.Shapes().size());
-  for (const FlatShape &shape : map.Shapes()) {
-    TCustomMapObject *object = NewObject(layer, shape.kind);
-    TObjectStylePtr &style = styles[{shape.kind, shape.color}];
-    if (!style) style = MakeStyle(shape);
-    object->SetStyle(style);
-    const std::span<const FlatVertex> vertices = map.VerticesOf(shape);
-    if (shape.kind == FlatKind::Point) {
-      static_cast<TSymbol *>(object)->MoveTo(vertices.front().x, vertices.front().y);
-      continue;
+void TesseraSide::Write(const QString &mifPath) {
+  m_control.GetLayers()->First()->SaveToFile(mifPath);
+  ThrowUnlessOk(m_provider.GetReport());
+}
+
+std::size_t TesseraSide::CountVertices() const {
+  const TMapLayer &layer = *m_control.GetLayers()->First();
+  std::size_t count = 0;
+  for (int i = 0; i < layer.GetObjectCount(); ++i) {
+    for (const TPart &part : std::as_const(*layer.GetObjects(i)).GetParts().Items()) {
+      count += part.GetPoints().Points().size();
     }
-    TMapPoints &points = object->GetParts().Add().GetPoints();
-    points.Reserve(vertices.size());
-    for (const FlatVertex &vertex : vertices) points.Add(vertex.x, vertex.y);
   }
+  return count;
 }
 
 void TesseraSide::Show(const BareView &view) {

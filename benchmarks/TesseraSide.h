@@ -3,14 +3,23 @@
 
 #include "BareLoop.h"
 
+#include <tessera/formats/SimpleMIFFormatProvider.h>
 #include <tessera/map/TTessera.h>
 
 namespace tessera::bench {
 
-/// A map control, never shown, with a map's shapes as objects of one layer.
+/// A map control, never shown, with a MIF file as its one layer.
 class TesseraSide {
  public:
-  TesseraSide(const FlatMap &map, QSize size);
+  /// @throws std::runtime_error when the file cannot be read.
+  TesseraSide(const QString &mifPath, QSize size);
+
+  /// Writes everything as a MIF and MID file.
+  /// @throws std::runtime_error when that fails.
+  void Write(const QString &mifPath);
+  [[nodiscard]] int GetObjectCount() const { return m_control.GetLayers()->First()->GetObjectCount(); }
+  /// Vertices of all objects.
+  [[nodiscard]] std::size_t CountVertices() const;
 
   /// Turns the control to a view. Nothing is drawn yet.
   void Show(const BareView &view);
@@ -19,8 +28,7 @@ class TesseraSide {
   [[nodiscard]] QImage Picture() const;
 
  private:
-  void Fill(TMapLayer &layer, const FlatMap &map);
-
+  TSimpleMIFFormatProvider m_provider;
   TTessera m_control;
 };
 
