@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <random>
+
 namespace tessera {
 namespace {
 
@@ -211,6 +214,25 @@ TEST_F(MifReadTest, ReadsNumbersWithTheSeparatorOfTheProcess) {
   EXPECT_EQ(VerticesOf(1, 0), (TVertices{{0.5, 7.125}}));
   EXPECT_EQ(As<TSymbol>(1)->GetShape(), 40);
   EXPECT_EQ(Error(), "");
+}
+
+TEST_F(MifReadTest, ReadsAPlainPointAsOneThatIsCutIntoItems) {
+  std::mt19937 random(8);
+  const char *numbers[] = {"1", "-2.5", "+.5", "7.", "1e3", "-1.25E-2", "123456789.123456789", "0", "-0.000001"};
+  const auto number = [&] { return QByteArray(numbers[random() % std::size(numbers)]); };
+  QByteArray mif;
+  constexpr int Count = 300;
+  for (int i = 0; i < Count; ++i) {
+    const QByteArray x = number();
+    const QByteArray y = number();
+    mif += "  pOInt  " + x + "  " + y + " \nPOINT (" + x + ',' + y + ")\n";
+  }
+  LoadText(mif);
+  ASSERT_EQ(layer.GetObjectCount(), 2 * Count);
+  for (int i = 0; i < Count; ++i) {
+    ASSERT_EQ(VerticesOf(2 * i, 0), VerticesOf(2 * i + 1, 0)) << i;
+    ASSERT_EQ(ObjectAt(2 * i).GetBounds(), ObjectAt(2 * i + 1).GetBounds()) << i;
+  }
 }
 
 TEST_F(MifReadTest, LetsALeadingTabShiftTheItemsOfALine) {
