@@ -58,6 +58,12 @@ void TCustomMapObject::DrawSelection() {
   if (m_map && m_map->GetViewFlags().ShowSelection) PrepareCanvasAtributes();
 }
 
+void TCustomMapObject::DrawFigureAsSelection() {
+  if (m_map == nullptr || !m_map->GetViewFlags().ShowSelection) return;
+  TCustomMapObject::DrawSelection();
+  Draw();
+}
+
 bool TCustomMapObject::ContainsPoint(double x, double y) const {
   return GetBounds().ContainsPoint(x, y);
 }
@@ -85,6 +91,10 @@ bool TCustomMapObject::WithinRect(double x1, double y1, double x2, double y2) co
 
 bool TCustomMapObject::ContainsRect(double x1, double y1, double x2, double y2) const {
   return ContainsPoint(x1, y1) && ContainsPoint(x2, y1) && ContainsPoint(x2, y2) && ContainsPoint(x1, y2);
+}
+
+bool TCustomMapObject::ContainsSomeCorner(double x1, double y1, double x2, double y2) const {
+  return ContainsPoint(x1, y1) || ContainsPoint(x2, y1) || ContainsPoint(x2, y2) || ContainsPoint(x1, y2);
 }
 
 std::optional<TBounds> TCustomMapObject::GetVertexExtent() const {

@@ -109,8 +109,14 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   void SetTag(int tag) { m_tag = tag; }
 
  protected:
+  /// DrawSelection of the kinds whose highlight is their figure: draws it with the tools of the highlight.
+  void DrawFigureAsSelection();
+  /// Whether some corner passes ContainsPoint.
+  [[nodiscard]] bool ContainsSomeCorner(double x1, double y1, double x2, double y2) const;
   /// The extent of a kind that keeps the rectangle tests of this class.
   [[nodiscard]] std::optional<TBounds> GetVertexExtent() const;
+  /// The first part, which is made when missing.
+  TPart &FirstPart();
   /// Coordinates of the first vertex, for the kinds that stand on a point; the part and the vertex are made when
   /// missing.
   [[nodiscard]] TMapPoint GetAnchor();
@@ -126,7 +132,6 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   friend class TDisplayedObjects;
   void AssignToolsToCanvas(TCanvas &canvas) const;
   void DrawLabel(TCanvas &canvas);
-  TPart &FirstPart();
 
   TMapHost *m_map = nullptr;
   TObjectLayer *m_layer = nullptr;

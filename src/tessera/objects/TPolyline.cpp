@@ -19,10 +19,4 @@ void TPolyline::Draw() {
   }
 }
 
-void TPolyline::DrawSelection() {
-  if (GetMapHost() == nullptr || !GetMapHost()->GetViewFlags().ShowSelection) return;
-  TCustomMapObject::DrawSelection();
-  Draw();
-}
-
 }  // namespace tessera

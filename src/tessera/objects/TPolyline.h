@@ -9,7 +9,7 @@ namespace tessera {
 class TESSERA_CORE_EXPORT TPolyline : public TCustomMapObject {
  public:
   void Draw() override;
-  void DrawSelection() override;
+  void DrawSelection() override { DrawFigureAsSelection(); }
   [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
 };
 

@@ -96,10 +96,4 @@ void TRegion::DrawAsPolygons(TScreenOutliner &outliner, TCanvas &canvas) {
   }
 }
 
-void TRegion::DrawSelection() {
-  if (GetMapHost() == nullptr || !GetMapHost()->GetViewFlags().ShowSelection) return;
-  TCustomMapObject::DrawSelection();
-  Draw();
-}
-
 }  // namespace tessera

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/graphics/TCanvas.h>
+#include <tessera/objects/GeoCircle.h>
+#include <tessera/objects/GeoRing.h>
+#include <tessera/objects/PartToScreen.h>
+#include <tessera/objects/TGeoCircle.h>
+
+namespace tessera::geocircle {
+
+TGeoCircle::TGeoCircle() : m_radius(tessera::TGeoCircle::DefaultRadius) {
+  TMapPoints &points = FirstPart().GetPoints();
+  for (const TMapPoint &corner : {TMapPoint{0, 0}, {0, 1}, {1, 1}, {1, 0}}) points.Add(corner);
+}
+
+void TGeoCircle::SetX(double longitude) {
+  m_centre.X = longitude;
+  RecalculatePoints();
+}
+
+void TGeoCircle::SetY(double latitude) {
+  m_centre.Y = latitude;
+  RecalculatePoints();
+}
+
+void TGeoCircle::SetRadius(double radius) {
+  m_radius = radius;
+  RecalculatePoints();
+}
+
+void TGeoCircle::RecalculatePoints() {
+  GetParts().Clear();
+  GetParts().SetBounds(TBounds::Empty());
+  const detail::GeoRing ring{m_centre, m_radius, tessera::TGeoCircle::DefaultPieCount};
+  ring.AppendTo(FirstPart().GetPoints());
+}
+
+void TGeoCircle::Draw() {
+  constexpr int FewestPoints = 4;
+  TCustomMapObject::Draw();
+  TMapHost *map = GetMapHost();
+  const auto parts = std::as_const(*this).GetParts().Items();
+  if (map == nullptr || parts.empty() || parts[0].GetPoints().GetCount() < FewestPoints) return;
+  TScreenOutliner &outliner = map->GetOutliner();
+  std::vector<TPoint> &outline = outliner.Scratch();
+  outline.clear();
+  outliner.PartToScreen(parts[0].GetPoints().Points(), GetBounds(), outline);
+  TCanvas &canvas = map->GetCanvas();
+  if (GetUseBGColor()) {
+    const TPen pen = canvas.Pen();
+    const TBrush brush = canvas.Brush();
+    canvas.Pen().SetStyle(TPenStyle::psClear);
+    canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+    canvas.Brush().SetColor(GetBGColor());
+    canvas.Polygon(outline);
+    canvas.Pen() = pen;
+    canvas.Brush() = brush;
+  }
+  canvas.Polygon(outline);
+}
+
+bool TGeoCircle::ContainsPoint(double x, double y) const {
+  if (!GetBounds().ContainsPoint(x, y)) return false;
+  const auto parts = GetParts().Items();
+  return !parts.empty() && detail::IsInRing(parts[0].GetPoints().Points(), x, y);
+}
+
+}  // namespace tessera::geocircle

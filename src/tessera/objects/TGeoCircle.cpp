@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/objects/GeoRing.h>
+#include <tessera/objects/TGeoCircle.h>
+
+namespace tessera {
+
+TGeoCircle::TGeoCircle() {
+  GeneratePoints();
+}
+
+void TGeoCircle::SetCenterX(double longitude) {
+  m_centerX = longitude;
+  GeneratePoints();
+}
+
+void TGeoCircle::SetCenterY(double latitude) {
+  m_centerY = latitude;
+  GeneratePoints();
+}
+
+void TGeoCircle::SetRadius(double radius) {
+  m_radius = radius;
+  GeneratePoints();
+}
+
+void TGeoCircle::SetPieCount(int count) {
+  m_pieCount = count;
+  GeneratePoints();
+}
+
+void TGeoCircle::GeneratePoints() {
+  TParts &parts = GetParts();
+  parts.Clear();
+  parts.SetBounds(TBounds::Empty());
+  const detail::GeoRing ring{{m_centerX, m_centerY}, m_radius, m_pieCount};
+  ring.AppendTo(parts.Add().GetPoints());
+}
+
+}  // namespace tessera
