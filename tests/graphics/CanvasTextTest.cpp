@@ -2,6 +2,7 @@
 #include "CanvasPixels.h"
 
 #include <QFontMetrics>
+#include <QPainter>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -18,6 +19,19 @@ struct TextBoard : Board {
     canvas.Font() = TFont(QStringLiteral("DejaVu Sans"), 12);
   }
 };
+
+/// What the board's font is for QPainter.
+QFont PlainFont(int pixelSize) {
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setPixelSize(pixelSize);
+  font.setKerning(false);
+  font.setStyleStrategy(QFont::StyleStrategy(QFont::NoSubpixelAntialias | QFont::PreferNoShaping));
+  return font;
+}
+
+QString CyrillicText() {
+  return QStringLiteral("\u0413\u0443\u0434\u0456\u2014\u2116 7");
+}
 
 /// The smallest rectangle of device pixels that are not white.
 QRect InkRect(const Board &board) {
@@ -43,10 +57,10 @@ TEST(TFontTest, CountsPointsAtNinetySixPixelsAnInch) {
 
 TEST(CanvasTextTest, MeasuresLikeTheFont) {
   TextBoard board;
-  QFont font(QStringLiteral("DejaVu Sans"));
-  font.setPixelSize(16);
-  const QFontMetrics metrics(font);
-  for (const QString &text : {QStringLiteral("W"), QStringLiteral("Wide words"), QString()}) {
+  const QFontMetrics metrics(PlainFont(16));
+  for (const QString &text :
+       {QStringLiteral("W"), QStringLiteral("Wide words"), QString(), QStringLiteral("AVffi To."), CyrillicText(),
+        QStringLiteral("e\u0301\u0301"), QStringLiteral("\u0633\u0644\u0627\u0645")}) {
     for (int time = 0; time < 2; ++time) {
       EXPECT_EQ(board.canvas.TextExtent(text), QSize(metrics.horizontalAdvance(text), metrics.height()));
     }
@@ -60,26 +74,47 @@ TEST(CanvasTextTest, MeasuresAlikeAtEveryRatio) {
   EXPECT_EQ(one.canvas.TextExtent(QStringLiteral("W")), two.canvas.TextExtent(QStringLiteral("W")));
 }
 
-TEST(CanvasTextTest, DrawsOneCharacterLikeALongerText) {
-  // A space behind it makes the text take the way without the glyph cache.
-  for (const QString &text : {QStringLiteral("A"), QStringLiteral("j"), QStringLiteral("@")}) {
+TEST(CanvasTextTest, DrawsTheLettersWhereThePainterDrawsThem) {
+  for (const QString &text : {QStringLiteral("A"), QStringLiteral("j"), QStringLiteral("AVffi To. Wide"),
+                              CyrillicText(), QStringLiteral("fj"), QStringLiteral("e\u0301a")}) {
     // In the open, and across each border.
-    for (const TPoint at : {TPoint(9, 5), TPoint(-4, -3), TPoint(115, 80), TPoint(109, 50)}) {
-      TextBoard cached;
-      cached.canvas.TextOut(at.x(), at.y(), text);
-      TextBoard plain;
-      plain.canvas.TextOut(at.x(), at.y(), text + QLatin1Char(' '));
-      if (at.x() == 9) {
-        ASSERT_FALSE(InkRect(plain).isEmpty());
-      }
-      for (int y = 0; y < 90; ++y) {
-        for (int x = 0; x < 120; ++x) {
-          // Blending rounds in two ways.
-          ASSERT_NEAR(int(RedOf(cached.At(x, y))), int(RedOf(plain.At(x, y))), 2) << x << ',' << y;
+    for (const TPoint at : {TPoint(9, 5), TPoint(-4, -3), TPoint(115, 80), TPoint(109, 50), TPoint(-60, 40)}) {
+      for (const int ratio : {1, 2}) {
+        TextBoard board(ratio);
+        board.canvas.TextOut(at.x(), at.y(), text);
+        Board plain(120 * ratio, 90 * ratio);
+        QPainter painter(&plain.bitmap.GetImage());
+        painter.setFont(PlainFont(16 * ratio));
+        painter.drawText(at.x() * ratio, at.y() * ratio + painter.fontMetrics().ascent(), text);
+        painter.end();
+        if (at.x() == 9) {
+          ASSERT_FALSE(InkRect(plain).isEmpty());
+        }
+        for (int y = 0; y < 90 * ratio; ++y) {
+          for (int x = 0; x < 120 * ratio; ++x) {
+            // Blending rounds in two ways.
+            ASSERT_NEAR(int(RedOf(board.At(x, y))), int(RedOf(plain.At(x, y))), 2)
+                << text.toStdString() << ' ' << x << ',' << y << " at " << at.x() << " ratio " << ratio;
+          }
         }
       }
     }
   }
+}
+
+TEST(CanvasTextTest, DrawsALineBelowSeveralLetters) {
+  TextBoard board;
+  board.canvas.Font().SetStyle(TFontStyle::fsUnderline);
+  board.canvas.TextOut(10, 10, QStringLiteral("nn nn"));
+  const QImage &image = board.bitmap.GetImage();
+  const int width = board.canvas.TextWidth(QStringLiteral("nn nn"));
+  bool isLined = false;
+  for (int y = 10; y < 40; ++y) {
+    int count = 0;
+    for (int x = 10; x < 10 + width; ++x) count += image.pixel(x, y) == ToRgb(clBlack);
+    isLined |= count >= width - 1;
+  }
+  EXPECT_TRUE(isLined);
 }
 
 TEST(CanvasTextTest, FollowsEveryChangeOfTheFont) {

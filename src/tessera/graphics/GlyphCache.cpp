@@ -24,14 +24,40 @@ QFont ToQFont(const TFont &font, double scale) {
   result.setItalic(font.GetStyle().testFlag(TFontStyle::fsItalic));
   result.setUnderline(font.GetStyle().testFlag(TFontStyle::fsUnderline));
   result.setStrikeOut(font.GetStyle().testFlag(TFontStyle::fsStrikeOut));
+  // Without kerning and ligatures a text is as wide as its characters, which makes measuring and drawing it cheap;
+  // scripts that cannot do without shaping are shaped all the same.
+  result.setKerning(false);
   // Colour fringes would be wrong on a picture that is shown scaled or rotated.
-  result.setStyleStrategy(QFont::NoSubpixelAntialias);
+  result.setStyleStrategy(QFont::StyleStrategy(QFont::NoSubpixelAntialias | QFont::PreferNoShaping));
   return result;
 }
 
 QFont WithHardEdges(QFont font) {
-  font.setStyleStrategy(QFont::NoAntialias);
+  font.setStyleStrategy(QFont::StyleStrategy(QFont::NoAntialias | QFont::PreferNoShaping));
   return font;
+}
+
+/// Whether a character stands for itself whatever its neighbours are: Latin, Greek and Cyrillic letters without
+/// combining marks, and the usual signs between them.
+bool StandsAlone(QChar character) {
+  struct Range {
+    char16_t first, last;
+  };
+  constexpr Range kOthers[] = {{0xA0, 0xAC},     {0xAE, 0x24F},    {0x370, 0x3FF},   {0x400, 0x482},  {0x48A, 0x52F},
+                               {0x2010, 0x2027}, {0x2030, 0x205E}, {0x20AC, 0x20AC}, {0x2116, 0x2116}};
+  const char16_t code = character.unicode();
+  if (code < 0x7F) return code >= 0x20;
+  return std::any_of(std::begin(kOthers), std::end(kOthers),
+                     [code](const Range &range) { return code >= range.first && code <= range.last; });
+}
+
+bool AllStandAlone(const QString &text) {
+  return text.size() == 1 ? !text.front().isSurrogate() : std::all_of(text.begin(), text.end(), StandsAlone);
+}
+
+/// In 64ths of a pixel, the unit of the fonts.
+std::int32_t AdvanceOf(const QFont &font, QChar character) {
+  return std::int32_t(std::lround(std::max(0.0, QFontMetricsF(font).horizontalAdvance(character)) * 64));
 }
 
 /// The pixels of a row from the first to the last that is not clear.
@@ -135,40 +161,68 @@ FontFace::FontFace(const TFont &font, double devicePixelRatio)
       m_deviceFont(ToQFont(font, devicePixelRatio)),
       m_hardEdgedFont(WithHardEdges(m_deviceFont)),
       m_color(ToRgb(font.GetColor())),
-      m_ascentPx(QFontMetrics(m_deviceFont).ascent()) {}
+      m_ascentPx(QFontMetrics(m_deviceFont).ascent()),
+      m_clientHeight(QFontMetrics(m_clientFont).height()) {}
 
-const Glyph &FontFace::GlyphOf(QChar character) {
-  const char16_t code = character.unicode();
-  std::unique_ptr<Glyph> &glyph = code < m_lowGlyphs.size() ? m_lowGlyphs[code] : m_highGlyphs[code];
+FontFace::Letter &FontFace::LetterOf(QChar character) {
+  const int code = character.unicode();
+  const int index = code / kPageSize;
+  std::unique_ptr<Page> &page = index < kLowPages ? m_lowPages[std::size_t(index)] : m_highPages[index];
+  if (!page) {
+    page = std::make_unique<Page>();
+    m_byteCount += sizeof(Page);
+  }
+  return (*page)[std::size_t(code % kPageSize)];
+}
+
+const Glyph &FontFace::GlyphOf(Letter &letter, QChar character, int phase) {
+  std::unique_ptr<Glyph> &glyph = letter.glyphs[std::size_t(phase)];
   if (!glyph) {
-    glyph = Rasterise(character);
+    glyph = Rasterise(character, phase);
     m_byteCount += glyph->ByteCount();
   }
   return *glyph;
 }
 
-QSize FontFace::Extent(const QString &text) {
-  if (text.size() == 1 && KeepsGlyphs()) return GlyphOf(text.front()).extent;
-  if (text == m_lastText) return m_lastExtent;
-  auto found = m_extents.constFind(text);
-  if (found == m_extents.constEnd()) {
-    if (m_extents.size() >= kMostExtents) m_extents.clear();
-    found = m_extents.insert(text, Measure(text));
+bool FontFace::TakesRun(const QString &text) const {
+  if (m_deviceFont.pixelSize() > kLargestGlyphPx) return false;
+  const bool isLined = m_deviceFont.underline() || m_deviceFont.strikeOut();
+  return AllStandAlone(text) && (!isLined || text.size() == 1);
+}
+
+void FontFace::DrawRun(const Surface &surface, std::int64_t x, std::int64_t y, const QString &text) {
+  constexpr int kUnit = 64;
+  std::int64_t position = 1;  // The painter, too, leans a little to the right before it cuts down to a quarter.
+  for (const QChar character : text) {
+    const std::int64_t left = x + position / kUnit;
+    if (left >= surface.right + std::int64_t(kLargestGlyphPx)) return;
+    Letter &letter = LetterOf(character);
+    const Glyph &glyph = GlyphOf(letter, character, int(position % kUnit) * kPhases / kUnit);
+    BlendGlyph(surface, left, y, glyph);
+    if (letter.deviceAdvance == kUnknown) letter.deviceAdvance = AdvanceOf(m_deviceFont, character);
+    position += letter.deviceAdvance;
   }
-  m_lastText = text;
-  m_lastExtent = *found;
-  return m_lastExtent;
 }
 
-QSize FontFace::Measure(const QString &text) const {
-  const QFontMetrics metrics(m_clientFont);
-  return {metrics.horizontalAdvance(text), metrics.height()};
+QSize FontFace::Extent(const QString &text) {
+  if (AllStandAlone(text)) {
+    std::int64_t width = 0;
+    for (const QChar character : text) {
+      Letter &letter = LetterOf(character);
+      if (letter.clientAdvance == kUnknown) letter.clientAdvance = AdvanceOf(m_clientFont, character);
+      width += letter.clientAdvance;
+    }
+    return {int((width + 32) / 64), m_clientHeight};
+  }
+  const auto found = m_extents.constFind(text);
+  if (found != m_extents.constEnd()) return *found;
+  if (m_extents.size() >= kMostExtents) m_extents.clear();
+  return *m_extents.insert(text, {QFontMetrics(m_clientFont).horizontalAdvance(text), m_clientHeight});
 }
 
-std::unique_ptr<Glyph> FontFace::Rasterise(QChar character) const {
+std::unique_ptr<Glyph> FontFace::Rasterise(QChar character, int phase) const {
   auto glyph = std::make_unique<Glyph>();
   const QString text(character);
-  glyph->extent = Measure(text);
   // Letters may hang over their box on every side.
   const QRect ink = QFontMetrics(m_deviceFont).boundingRect(text);
   const int margin = m_deviceFont.pixelSize() + 2;
@@ -179,7 +233,7 @@ std::unique_ptr<Glyph> FontFace::Rasterise(QChar character) const {
   QPainter painter(&image);
   painter.setFont(m_deviceFont);
   painter.setPen(QColor::fromRgb(m_color));
-  painter.drawText(origin + QPoint(0, m_ascentPx), text);
+  painter.drawText(QPointF(origin.x() + double(phase) / kPhases, origin.y() + m_ascentPx), text);
   painter.end();
   CopyVisible(image, origin, *glyph);
   return glyph;

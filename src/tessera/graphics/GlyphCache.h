@@ -15,6 +15,7 @@
 namespace tessera::detail {
 
 /// A character ready to be blended onto a picture: of each row the pixels from the first to the last visible one.
+/// All figures are device pixels.
 struct Glyph {
   static constexpr int kBlock = 4;  ///< Pixels that are blended at once.
 
@@ -28,7 +29,6 @@ struct Glyph {
     int width = 0;  ///< Visible pixels, 0 for none.
   };
 
-  QSize extent;      ///< Of the character's box, in client pixels; all else is in device pixels.
   int top = 0;       ///< Of the first visible row from the box.
   int left = 0;      ///< Of the first visible column from the box.
   int right = 0;     ///< Of the column behind the last visible one.
@@ -53,9 +53,12 @@ class FontFace {
 
   FontFace(const TFont &font, double devicePixelRatio);
 
-  [[nodiscard]] bool KeepsGlyphs() const { return m_deviceFont.pixelSize() <= kLargestGlyphPx; }
-  /// @pre KeepsGlyphs()
-  [[nodiscard]] const Glyph &GlyphOf(QChar character);
+  /// Whether DrawRun takes the text: a single character, or several that stand side by side without influence on each
+  /// other. Other scripts, lines below or through the text and large letters are left to the painter.
+  [[nodiscard]] bool TakesRun(const QString &text) const;
+  /// Blends a text onto opaque pixels, the upper left corner of its box at (x, y) in device pixels; each character at
+  /// the nearest quarter of a pixel to its left. @pre TakesRun(text)
+  void DrawRun(const Surface &surface, std::int64_t x, std::int64_t y, const QString &text);
   /// In client pixels.
   [[nodiscard]] QSize Extent(const QString &text);
 
@@ -67,19 +70,33 @@ class FontFace {
   [[nodiscard]] std::size_t ByteCount() const { return m_byteCount; }
 
  private:
-  [[nodiscard]] QSize Measure(const QString &text) const;
-  [[nodiscard]] std::unique_ptr<Glyph> Rasterise(QChar character) const;
+  /// How many places within a pixel a character is drawn at: the painter's fonts have as many.
+  static constexpr int kPhases = 4;
+  static constexpr int kPageSize = 16;
+  static constexpr int kLowPages = 0x600 / kPageSize;
+  static constexpr std::int32_t kUnknown = -1;
+
+  /// What is known of one character. Advances are 64ths of a pixel.
+  struct Letter {
+    std::array<std::unique_ptr<Glyph>, kPhases> glyphs;
+    std::int32_t clientAdvance = kUnknown;
+    std::int32_t deviceAdvance = kUnknown;
+  };
+  using Page = std::array<Letter, kPageSize>;
+
+  [[nodiscard]] Letter &LetterOf(QChar character);
+  [[nodiscard]] const Glyph &GlyphOf(Letter &letter, QChar character, int phase);
+  [[nodiscard]] std::unique_ptr<Glyph> Rasterise(QChar character, int phase) const;
 
   QFont m_clientFont;
   QFont m_deviceFont;
   QFont m_hardEdgedFont;
   QRgb m_color;
   int m_ascentPx;
-  std::array<std::unique_ptr<Glyph>, 256> m_lowGlyphs;
-  std::unordered_map<char16_t, std::unique_ptr<Glyph>> m_highGlyphs;
-  QHash<QString, QSize> m_extents;
-  QString m_lastText;
-  QSize m_lastExtent;
+  int m_clientHeight;
+  std::array<std::unique_ptr<Page>, kLowPages> m_lowPages;
+  std::unordered_map<int, std::unique_ptr<Page>> m_highPages;
+  QHash<QString, QSize> m_extents;  ///< Of the texts that are more than their characters.
   std::size_t m_byteCount = sizeof(FontFace);
 };
 

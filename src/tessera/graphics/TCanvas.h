@@ -61,7 +61,8 @@ class TESSERA_CORE_EXPORT TCanvas {
   void CopyRect(const QRect &dest, const TCanvas &canvas, const QRect &source);
 
   /// Draws text in the font's colour; (x, y) is its upper left corner. With a brush that is not clear the text's box is
-  /// filled first. A text of one character is rasterised once per font, size, colour and device pixel ratio.
+  /// filled first. Letters stand side by side without kerning and ligatures. Those of upright text are rasterised once
+  /// per font, size, colour and device pixel ratio.
   void TextOut(int x, int y, const QString &text);
   [[nodiscard]] QSize TextExtent(const QString &text);
   [[nodiscard]] int TextWidth(const QString &text) { return TextExtent(text).width(); }

@@ -15,6 +15,8 @@ using detail::PaintStage;
 
 namespace {
 
+constexpr int kFullTurn = 3600;  ///< In tenths of a degree.
+
 /// A text's box, turned about its upper left corner.
 struct TextBox {
   QPointF corner;
@@ -63,14 +65,12 @@ void TCanvas::TextOut(int x, int y, const QString &text) {
   const Fill fill = d->MakeFill();
   const TPenMode mode = d->m_pen.GetMode();
   const TPoint corner = d->ToDevice(TPoint(x, y));
-  const bool isKeptGlyph = text.size() == 1 && mode == TPenMode::pmCopy && d->m_escapement == 0 && face.KeepsGlyphs();
-  if (isKeptGlyph) {
-    const detail::Glyph &glyph = face.GlyphOf(text.front());
-    if (!fill.IsNone()) fill.PaintRect(d->GetSurface(), d->ToDevice(TPoint(x, y), glyph.extent));
-    detail::BlendGlyph(d->GetSurface(), corner.x(), corner.y(), glyph);
+  if (mode == TPenMode::pmCopy && d->m_escapement % kFullTurn == 0 && face.TakesRun(text)) {
+    if (!fill.IsNone()) fill.PaintRect(d->GetSurface(), d->ToDevice(TPoint(x, y), face.Extent(text)));
+    face.DrawRun(d->GetSurface(), corner.x(), corner.y(), text);
     return;
   }
-  const TextBox box{corner, QSizeF(face.Extent(text)) * d->Ratio(), std::fmod(d->m_escapement / 10.0, 360.0)};
+  const TextBox box{corner, QSizeF(face.Extent(text)) * d->Ratio(), d->m_escapement % kFullTurn / 10.0};
   // Letters may hang over their box, but not by more than their height.
   const DeviceRect bounds = box.Bounds(face.DeviceFont().pixelSize() + 2.0);
   if (bounds.Intersected(d->GetSurface().Bounds()).IsEmpty()) return;
