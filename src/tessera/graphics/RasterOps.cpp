@@ -163,7 +163,7 @@ const Tile &TileSource::BitmapTile(const TBitmap &bitmap, double devicePixelRati
     const auto *row = reinterpret_cast<const QRgb *>(source.constScanLine(y));
     m_bitmapTile.pixels.insert(m_bitmapTile.pixels.end(), row, row + source.width());
   }
-  if (bitmap.GetTransparent()) {
+  if (bitmap.HasTransparentColor()) {
     const QRgb transparent = ToRgb(bitmap.GetTransparentColor());
     for (QRgb &pixel : m_bitmapTile.pixels) {
       if (IsTransparentPixel(pixel, transparent)) pixel = 0;

@@ -34,6 +34,11 @@ class TESSERA_CORE_EXPORT TBitmap {
   void SetTransparent(bool transparent) { m_transparent = transparent; }
   /// The transparent colour; when none was set it is that of the bottom left pixel ("automatic").
   [[nodiscard]] TColor GetTransparentColor() const;
+  /// Whether a colour is left out: a transparent picture that is see-through by itself has none but the one that was
+  /// set.
+  [[nodiscard]] bool HasTransparentColor() const {
+    return m_transparent && (m_transparentColor || !m_image.hasAlphaChannel());
+  }
   void SetTransparentColor(std::optional<TColor> color) { m_transparentColor = color; }
 
   [[nodiscard]] const QImage &GetImage() const { return m_image; }

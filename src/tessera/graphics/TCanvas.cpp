@@ -53,7 +53,7 @@ std::array<TPoint, 5> FrameLine(const DeviceRect &rect, int unitPx) {
 
 void TCanvas::Private::Blit(const DeviceRect &dest, const TBitmap &bitmap) {
   std::optional<QRgb> transparent;
-  if (bitmap.GetTransparent()) transparent = ToRgb(bitmap.GetTransparentColor());
+  if (bitmap.HasTransparentColor()) transparent = ToRgb(bitmap.GetTransparentColor());
   // A bitmap drawn on itself is copied here, because the surface must stay the only user of its pixels.
   const QImage image = &bitmap == m_bitmap ? bitmap.GetImage().copy() : bitmap.GetImage();
   detail::BlitScaled(GetSurface(), dest, {image, {0, 0, image.width(), image.height()}, transparent});
@@ -184,6 +184,21 @@ void TCanvas::CopyRect(const QRect &dest, const TCanvas &canvas, const QRect &so
   const QImage &picture = other.m_bitmap->GetImage();
   const QImage image = other.m_bitmap == d->m_bitmap ? picture.copy() : picture;
   detail::BlitScaled(d->GetSurface(), d->ToDevice(dest), {image, other.ToDevice(source), std::nullopt});
+}
+
+TBitmap TCanvas::CopyOf(const QRect &rect) const {
+  TBitmap copy;
+  if (!d->Attach()) return copy;
+  const DeviceRect source = d->ToDevice(rect);
+  copy.SetSize(Saturated(source.right - source.left), Saturated(source.bottom - source.top));
+  if (copy.IsEmpty()) return copy;
+  TCanvas target(&copy);
+  const DeviceRect whole{0, 0, source.right - source.left, source.bottom - source.top};
+  if (target.d->Attach()) {
+    detail::BlitScaled(target.d->GetSurface(), whole, {d->m_bitmap->GetImage(), source, std::nullopt});
+  }
+  copy.GetImage().setDevicePixelRatio(d->Ratio());
+  return copy;
 }
 
 QRect TCanvas::GetClipRect() const {

@@ -59,6 +59,9 @@ class TESSERA_CORE_EXPORT TCanvas {
   void StretchDraw(const QRect &rect, const TBitmap &bitmap);
   /// The pixels `source` of another canvas, scaled to `dest`.
   void CopyRect(const QRect &dest, const TCanvas &canvas, const QRect &source);
+  /// The pixels of a rectangle at the bitmap's full resolution; StretchDraw puts each of them back, at any device pixel
+  /// ratio. Those outside the bitmap are white. Empty when the rectangle or the bitmap is.
+  [[nodiscard]] TBitmap CopyOf(const QRect &rect) const;
 
   /// Draws text in the font's colour; (x, y) is its upper left corner. With a brush that is not clear the text's box is
   /// filled first. Letters stand side by side without kerning and ligatures. Those of upright text are rasterised once

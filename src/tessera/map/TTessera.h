@@ -109,7 +109,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   /// Asks for a repaint of what there is, without making the picture stale.
   void Invalidate();
   /// Set while the off-screen picture is being rebuilt.
-  [[nodiscard]] bool GetIsBusy() const;
+  [[nodiscard]] bool GetIsBusy() const override;
   void SetIsBusy(bool isBusy);
   /// Set while a format provider fills a layer.
   [[nodiscard]] bool GetIsLoading() const;

@@ -95,7 +95,7 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   void SetBGColor(TColor color) { m_style->bgColor = color; }
   /// All drawing tools at once; objects given the same style share it.
   [[nodiscard]] const TObjectStylePtr &GetStyle() const { return m_style; }
-  void SetStyle(const TObjectStylePtr &style) { m_style = style; }
+  virtual void SetStyle(const TObjectStylePtr &style) { m_style = style; }
 
   [[nodiscard]] TParts &GetParts() { return m_parts; }
   [[nodiscard]] const TParts &GetParts() const { return m_parts; }

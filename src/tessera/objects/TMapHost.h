@@ -53,6 +53,12 @@ class TESSERA_CORE_EXPORT TMapHost {
   virtual void SetModified(bool modified) = 0;
   /// Set while a format provider fills a layer.
   virtual void SetIsLoading(bool isLoading) = 0;
+  /// Whether the off-screen picture is being rebuilt, from the background up.
+  [[nodiscard]] virtual bool GetIsBusy() const { return false; }
+  /// Set while a text fits its font to its box or its box to its font, so that the one is not taken for a change that
+  /// the other has to follow.
+  [[nodiscard]] bool GetTextSizingGuard() const { return m_textSizingGuard; }
+  void SetTextSizingGuard(bool guard) { m_textSizingGuard = guard; }
 
   // Displayed and selected objects.
   virtual void RegisterDisplayed(TCustomMapObject &object) = 0;
@@ -89,6 +95,9 @@ class TESSERA_CORE_EXPORT TMapHost {
 
  protected:
   ~TMapHost() = default;
+
+ private:
+  bool m_textSizingGuard = false;
 };
 
 }  // namespace tessera

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/graphics/TCanvas.h>
+#include <tessera/objects/TSprite.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace tessera {
+
+TSprite::TSprite() {
+  m_glyph.SetTransparent(true);
+  SetAnchorX(0);
+  SetAnchorY(0);
+}
+
+TPoint TSprite::GetScreenPosition() const {
+  // Far beyond every picture; keeps boxes within 32 bits.
+  constexpr int FarPx = 1 << 30;
+  const TMapPoint position = GetAnchor();
+  const TPoint at = GetMapHost()->GetViewport().MapToScreen(position.X, position.Y);
+  return {std::clamp(at.x(), -FarPx, FarPx), std::clamp(at.y(), -FarPx, FarPx)};
+}
+
+QRect TSprite::GetBox() const {
+  const TPoint at = GetScreenPosition();
+  const int width = m_glyph.GetWidth();
+  const int height = m_glyph.GetHeight();
+  return {at.x() - width / 2, at.y() - height / 2, width, height};
+}
+
+void TSprite::SaveBackground() {
+  TMapHost *map = GetMapHost();
+  if (map == nullptr) return;
+  // The whole picture, not twice its half: sizes may be odd.
+  m_savedBox = GetBox();
+  m_savedView = map->GetViewport();
+  m_background = map->GetCanvas().CopyOf(m_savedBox);
+}
+
+void TSprite::RestoreBackground() {
+  TMapHost *map = GetMapHost();
+  if (map == nullptr || m_savedBox.isEmpty()) return;
+  const QRect box = std::exchange(m_savedBox, QRect());
+  if (map->GetViewport() == m_savedView) map->GetCanvas().StretchDraw(box, m_background);
+}
+
+void TSprite::Show() {
+  if (m_moving || GetMapHost() == nullptr) return;
+  RestoreBackground();
+  SaveBackground();
+  GetMapHost()->GetCanvas().Draw(m_savedBox.x(), m_savedBox.y(), m_glyph);
+}
+
+void TSprite::Hide() {
+  if (!m_moving) RestoreBackground();
+}
+
+void TSprite::Move(double x, double y) {
+  if (m_visible) Hide();
+  m_moving = true;
+  SetX(x);
+  SetY(y);
+  m_moving = false;
+  if (m_visible) Show();
+}
+
+void TSprite::SetX(double x) {
+  Hide();
+  SetAnchorX(x);
+  Show();
+}
+
+void TSprite::SetY(double y) {
+  Hide();
+  SetAnchorY(y);
+  Show();
+}
+
+void TSprite::SetVisible(bool visible) {
+  if (visible == m_visible) return;
+  m_visible = visible;
+  if (visible) {
+    Show();
+  } else {
+    Hide();
+  }
+}
+
+void TSprite::SetGlyph(const TBitmap &glyph) {
+  Hide();
+  m_glyph.GetImage() = glyph.GetImage();
+  Show();
+}
+
+void TSprite::SetImageList(const TImageList *images) {
+  m_imageList = images;
+  GlyphChanged();
+}
+
+void TSprite::SetImageIndex(int index) {
+  SetVisible(false);
+  m_imageIndex = index;
+  if (m_imageList) m_imageList->GetBitmap(index, m_glyph);
+  GlyphChanged();
+  SetVisible(true);
+}
+
+void TSprite::GlyphChanged(TObject * /*sender*/) {
+  if (!m_visible) return;
+  Hide();
+  Show();
+}
+
+void TSprite::Draw() {
+  TCustomMapObject::Draw();
+  TMapHost *map = GetMapHost();
+  if (map == nullptr) return;
+  // A picture that is being rebuilt has nothing of the sprite in it that would have to go.
+  if (map->GetIsBusy()) m_savedBox = QRect();
+  if (!m_visible) return;
+  const TBounds view = map->GetViewport().GetViewBounds();
+  if (WithinRect(view.MinX, view.MinY, view.MaxX, view.MaxY)) Show();
+}
+
+bool TSprite::ContainsPoint(double x, double y) const {
+  if (GetMapHost() == nullptr) return false;
+  const TPoint at = GetScreenPosition();
+  const TPoint asked = GetMapHost()->GetViewport().MapToScreen(x, y);
+  return std::abs(std::int64_t(asked.x()) - at.x()) <= m_glyph.GetWidth() / 2 &&
+         std::abs(std::int64_t(asked.y()) - at.y()) <= m_glyph.GetHeight() / 2;
+}
+
+bool TSprite::Intersects(const TCustomMapObject & /*object*/) const {
+  return false;
+}
+
+bool TSprite::Contains(const TCustomMapObject & /*object*/) const {
+  return false;
+}
+
+bool TSprite::IntersectsRect(double x1, double y1, double x2, double y2) const {
+  if (GetMapHost() == nullptr) return false;
+  const TPoint at = GetScreenPosition();
+  const int halfWidth = m_glyph.GetWidth() / 2;
+  const int halfHeight = m_glyph.GetHeight() / 2;
+  const std::array<TPoint, 4> corners{TPoint(-halfWidth, -halfHeight), TPoint(halfWidth, -halfHeight),
+                                      TPoint(halfWidth, halfHeight), TPoint(-halfWidth, halfHeight)};
+  const TBounds rect{x1, y1, x2, y2};
+  return std::any_of(corners.begin(), corners.end(), [&](const TPoint &corner) {
+    const TMapPoint point = GetMapHost()->GetViewport().ScreenToMap(at.x() + corner.x(), at.y() + corner.y());
+    return rect.ContainsPoint(point.X, point.Y);
+  });
+}
+
+bool TSprite::WithinRect(double x1, double y1, double x2, double y2) const {
+  const TMapPoint position = GetAnchor();
+  return TBounds{x1, y1, x2, y2}.ContainsPoint(position.X, position.Y);
+}
+
+bool TSprite::ContainsRect(double /*x1*/, double /*y1*/, double /*x2*/, double /*y2*/) const {
+  return false;
+}
+
+}  // namespace tessera
