@@ -43,6 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   const bool hasMid = marker != std::string_view::npos;
 
   static tessera::test::TFakeMapHost map;
+  map.TakeEvents();
   tessera::TMapLayer layer;
   layer.SetMap(&map);
   tessera::TFormatReport report;

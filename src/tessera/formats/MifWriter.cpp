@@ -92,7 +92,12 @@ struct KindWriters {
 };
 
 MifWriter::MifWriter(const TMapLayer &layer, TStagedFile &mif, TStagedFile &mid, TFormatReport &report)
-    : m_layer(layer), m_mif(mif), m_mid(mid), m_report(report), m_separator(DecimalSeparator()) {}
+    : m_layer(layer),
+      m_mif(mif),
+      m_mid(mid),
+      m_report(report),
+      m_separator(DecimalSeparator()),
+      m_counts(std::size(KindWriters::InOrder) + 1) {}
 
 void MifWriter::Write() {
   WriteHeader();
@@ -101,7 +106,7 @@ void MifWriter::Write() {
     WriteValues(object);
     WriteGeometry(object);
   }
-  WarnOfLosses();
+  FinishReport();
 }
 
 void MifWriter::AddNumber(int number) {
@@ -194,12 +199,9 @@ void MifWriter::WriteValues(const TCustomMapObject &object) {
 }
 
 void MifWriter::WriteGeometry(const TCustomMapObject &object) {
-  for (std::size_t i = 0; i < std::size(KindWriters::InOrder); ++i) {
-    if (!KindWriters::InOrder[i].write(*this, object)) continue;
-    m_report.CountObject(QString::fromLatin1(KindWriters::InOrder[i].name));
-    return;
-  }
-  ++m_shapeless;
+  std::size_t kind = 0;
+  while (kind < std::size(KindWriters::InOrder) && !KindWriters::InOrder[kind].write(*this, object)) ++kind;
+  ++m_counts[kind];
 }
 
 void MifWriter::WriteRegion(const TRegion &region) {
@@ -289,7 +291,10 @@ void MifWriter::WriteVertices(std::span<const TMapPoint> vertices) {
   for (const TMapPoint &vertex : vertices) m_mif.Advance(PutVertex(m_mif.Room(MostBytes), vertex));
 }
 
-void MifWriter::WarnOfLosses() {
+void MifWriter::FinishReport() {
+  for (std::size_t kind = 0; kind < std::size(KindWriters::InOrder); ++kind) {
+    if (m_counts[kind] > 0) m_report.CountObject(QString::fromLatin1(KindWriters::InOrder[kind].name), m_counts[kind]);
+  }
   const auto warn = [this](qint64 count, const QString &words) {
     if (count > 0) m_report.Warn(words.arg(count));
   };
@@ -297,7 +302,7 @@ void MifWriter::WarnOfLosses() {
   warn(m_brokenValues, QStringLiteral("%1 values hold a comma or a line end and will not be read back as they are"));
   warn(m_droppedParts, QStringLiteral("%1 parts of polylines, those beyond the first, were not written"));
   warn(m_badCoordinates, QStringLiteral("%1 coordinates are no numbers and will not be read back"));
-  warn(m_shapeless, QStringLiteral("%1 objects are of a kind that is written without its shape"));
+  warn(m_counts.back(), QStringLiteral("%1 objects are of a kind that is written without its shape"));
 }
 
 }  // namespace tessera::detail

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tessera {
 
@@ -49,7 +50,7 @@ class MifWriter {
   void AddText(QStringView text);
   /// Writes the line put together so far.
   void EndLine();
-  void WarnOfLosses();
+  void FinishReport();
 
   const TMapLayer &m_layer;
   TStagedFile &m_mif;
@@ -59,12 +60,12 @@ class MifWriter {
   std::string m_line;
   std::string m_bytes;
   std::string m_values;
+  std::vector<qint64> m_counts;  // of objects by kind; last of those of no kind that has a shape in the format
   // What was lost.
   qint64 m_unknownCharacters = 0;
   qint64 m_brokenValues = 0;
   qint64 m_droppedParts = 0;
   qint64 m_badCoordinates = 0;
-  qint64 m_shapeless = 0;
 };
 
 }  // namespace detail

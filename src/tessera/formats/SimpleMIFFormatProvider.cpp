@@ -27,7 +27,7 @@ QString DataFileName(const QString &fileName) {
     for (unsigned i = 0; i < LetterCount; ++i) {
       if ((capitals >> i & 1U) == 0) extension[i] = extension[i].toLower();
     }
-    if (const QString other = bare + u'.' + extension; QFileInfo::exists(other)) return other;
+    if (QString other = bare + u'.' + extension; QFileInfo::exists(other)) return other;
   }
   return usual;
 }

@@ -20,7 +20,7 @@ constexpr std::size_t BufferSize = 4 * TStagedFile::MaxRoom;
 /// A name beside `fileName` that no file has.
 QString FreeNameBeside(const QString &fileName) {
   for (;;) {
-    const QString name =
+    QString name =
         fileName + u'.' + QString::number(QRandomGenerator::global()->generate(), 16) + QStringLiteral(".tmp");
     if (!QFileInfo::exists(name)) return name;
   }

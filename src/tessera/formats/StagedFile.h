@@ -39,7 +39,7 @@ class TESSERA_CORE_EXPORT TStagedFile {
   /// @throws EInOutError
   static void SwapIn(TStagedFile &first, TStagedFile &second);
 
-  static constexpr std::size_t MaxRoom = 64 * 1024;
+  static constexpr std::size_t MaxRoom = 65536;
 
  private:
   void Flush();
