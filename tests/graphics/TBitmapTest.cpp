@@ -3,6 +3,7 @@
 #include <tessera/graphics/TBitmap.h>
 
 #include <QFile>
+#include <QImageReader>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -56,6 +57,22 @@ TEST(TBitmapTest, ReadsWhatWasSaved) {
   TBitmap bitmap;
   bitmap.LoadFromFile(fileName);
   EXPECT_EQ(bitmap.GetImage(), image);
+}
+
+TEST(TBitmapTest, ReadsPicturesAboveTheLimitOfTheProcessAndLeavesThatAsItWas) {
+  const QTemporaryDir folder;
+  const QString fileName = folder.filePath(QStringLiteral("picture.png"));
+  QImage image(600, 600, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  ASSERT_TRUE(image.save(fileName));
+  const int previousMb = QImageReader::allocationLimit();
+  QImageReader::setAllocationLimit(1);
+  EXPECT_TRUE(QImageReader(fileName).read().isNull());
+  TBitmap bitmap;
+  bitmap.LoadFromFile(fileName);
+  EXPECT_EQ(bitmap.GetImage(), image);
+  EXPECT_EQ(QImageReader::allocationLimit(), 1);
+  QImageReader::setAllocationLimit(previousMb);
 }
 
 TEST(TBitmapTest, NamesTheFileItCannotReadAndStaysAsItWas) {

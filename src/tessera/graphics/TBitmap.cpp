@@ -4,6 +4,7 @@
 
 #include <QImageReader>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tessera {
@@ -16,6 +17,21 @@ QImage ToDrawable(QImage image) {
   }
   return image;
 }
+
+/// Lets pictures of up to `limitMb` megabytes be read as long as it lives; the limit of Qt holds for the whole process.
+class ReadingLimit {
+ public:
+  explicit ReadingLimit(int limitMb) {
+    constexpr int Unlimited = 0;
+    if (m_previousMb != Unlimited) QImageReader::setAllocationLimit(std::max(m_previousMb, limitMb));
+  }
+  ~ReadingLimit() { QImageReader::setAllocationLimit(m_previousMb); }
+  ReadingLimit(const ReadingLimit &) = delete;
+  ReadingLimit &operator=(const ReadingLimit &) = delete;
+
+ private:
+  int m_previousMb = QImageReader::allocationLimit();
+};
 
 int ClientSize(int devicePx, qreal ratio) {
   return int(std::lround(devicePx / ratio));
@@ -55,6 +71,9 @@ void TBitmap::SetSize(int width, int height, qreal devicePixelRatio) {
 }
 
 void TBitmap::LoadFromFile(const QString &fileName) {
+  // Scanned sheets exceed the 256 MB that Qt allows; a few bytes that claim to hold a huge picture are still refused.
+  constexpr int LargestMb = 2048;
+  const ReadingLimit limit(LargestMb);
   QImageReader reader(fileName);
   reader.setAutoTransform(true);
   QImage image;

@@ -45,6 +45,7 @@ bool HasWindows() {
 TTessera::TTessera(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>()) {
   if (HasWindows()) SetDefaultMessageSink(ShowMessageBox);
   d->layers = std::make_unique<TMapLayers>();
+  d->substrates = std::make_unique<TSubstrates>(this);
   d->selection = std::make_unique<TSelection>();
   d->displayed = std::make_unique<TDisplayedObjects>();
   d->dataLinks = std::make_unique<TMapDataLinks>();
@@ -242,6 +243,14 @@ TMapLayers *TTessera::GetLayers() const {
 }
 std::unique_ptr<TMapLayers> TTessera::SetLayers(std::unique_ptr<TMapLayers> layers) {
   return std::exchange(d->layers, std::move(layers));
+}
+TSubstrates *TTessera::GetSubstrates() const {
+  return d->substrates.get();
+}
+std::unique_ptr<TSubstrates> TTessera::SetSubstrates(std::unique_ptr<TSubstrates> substrates) {
+  d->substrates->SetMap(nullptr);
+  substrates->SetMap(this);
+  return std::exchange(d->substrates, std::move(substrates));
 }
 TSelection *TTessera::GetSelection() const {
   return d->selection.get();

@@ -4,6 +4,7 @@
 #include <tessera/layers/TMapDataLink.h>
 #include <tessera/layers/TMapLayers.h>
 #include <tessera/layers/TSelection.h>
+#include <tessera/map/TSubstrates.h>
 #include <tessera/map/TTesseraOptions.h>
 
 #include <QWidget>
@@ -153,6 +154,9 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   std::unique_ptr<TMapLayers> SetLayers(std::unique_ptr<TMapLayers> layers);
   [[nodiscard]] TSelection *GetSelection() const;
   std::unique_ptr<TSelection> SetSelection(std::unique_ptr<TSelection> selection);
+  /// The pictures under the layers, shown when there is a layer.
+  [[nodiscard]] TSubstrates *GetSubstrates() const;
+  std::unique_ptr<TSubstrates> SetSubstrates(std::unique_ptr<TSubstrates> substrates);
   /// The objects of the current picture.
   [[nodiscard]] TDisplayedObjects *GetDisplayed() const;
   std::unique_ptr<TDisplayedObjects> SetDisplayed(std::unique_ptr<TDisplayedObjects> displayed);

@@ -77,6 +77,7 @@ void TTessera::PaintMapToBitmap() {
   if (layerCount == 0) return;
 
   StartProgress(0, layerCount - 1, QString());
+  d->substrates->Paint();
   for (int i = 0; i < layerCount; ++i) {
     d->layers->GetLayer(i)->Paint();
     ShowProgress(i);

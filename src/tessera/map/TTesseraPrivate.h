@@ -39,6 +39,7 @@ struct TTessera::Private {
   std::optional<TScreenOutliner> outliner;
 
   std::unique_ptr<TMapLayers> layers;
+  std::unique_ptr<TSubstrates> substrates;
   std::unique_ptr<TSelection> selection;
   std::unique_ptr<TDisplayedObjects> displayed;
   std::unique_ptr<TMapDataLinks> dataLinks;
