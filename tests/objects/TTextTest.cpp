@@ -81,14 +81,14 @@ TEST_F(TTextTest, EndsWhereTheWalkByPointsEnds) {
   std::mt19937 random(7);
   const auto upTo = [&random](int bound) { return int(random() % unsigned(bound)); };
   const QString letters = QStringLiteral("abcdeiWMQgj .,-\u0416\u0449\u0456AVTo");
-  for (int round = 0; round < 400; ++round) {
+  for (int round = 0; round < 200; ++round) {
     const QString family = upTo(2) == 0 ? QStringLiteral("DejaVu Serif") : QStringLiteral("Liberation Sans");
     text.SetFont(TFont(family, 8 + upTo(20)));
     if (round % 5 == 0) text.SetMinShowTextSize(4 + upTo(30));
     QString label;
     for (int i = upTo(14); i >= 0; --i) label += letters[upTo(int(letters.size()))];
-    const bool isHuge = round % 20 == 0;
-    const QSize box(isHuge ? 40000 : 4 + upTo(round % 3 == 0 ? 60 : 900), 6 + upTo(isHuge ? 1500 : 250));
+    const bool isHuge = round % 40 == 0;
+    const QSize box(isHuge ? 40000 : 4 + upTo(round % 3 == 0 ? 60 : 900), 6 + upTo(isHuge ? 700 : 250));
     text.SetText(label);
     SetBox(box.width(), box.height());
     text.RecalcTextSize();
