@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "TesseraSide.h"
 
+#include <memory>
 #include <stdexcept>
+#include <vector>
 
 namespace tessera::bench {
 namespace {
@@ -46,6 +48,23 @@ void TesseraSide::Show(const BareView &view) {
   m_control.SetMaxY(view.centre.y + halfHeight);
   m_control.SetCenterX(view.centre.x);
   m_control.SetCenterY(view.centre.y);
+  m_control.EndUpdate(true);
+}
+
+void TesseraSide::KeepOnlyShown() {
+  TMapLayer &layer = Layer();
+  TCardinalArray ids;
+  layer.GetAllIdsInRect(Bounds2CellBounds(m_control.GetViewBounds()), ids);
+  std::vector<TCustomMapObject *> shown;
+  for (const std::uint32_t id : std::as_const(ids).Ids()) shown.push_back(layer.GetObjects(static_cast<int>(id)));
+  std::vector<std::unique_ptr<TCustomMapObject>> kept;
+  for (TCustomMapObject *object : shown) kept.push_back(layer.RemoveObject(object));
+  m_control.BeginUpdate();
+  layer.DeleteObjects();
+  for (auto &object : kept) {
+    const TObjectStylePtr style = object->GetStyle();
+    layer.AddObject(std::move(object), false)->SetStyle(style);
+  }
   m_control.EndUpdate(true);
 }
 

@@ -26,6 +26,9 @@ class TesseraSide {
   /// Rebuilds the control's picture.
   void Draw() { m_control.PaintMapToBitmap(); }
   [[nodiscard]] QImage Picture() const;
+  /// Destroys the objects that the view does not show.
+  void KeepOnlyShown();
+  [[nodiscard]] TMapLayer &Layer() { return *m_control.GetLayers()->First(); }
 
  private:
   TSimpleMIFFormatProvider m_provider;

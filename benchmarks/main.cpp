@@ -4,6 +4,7 @@
 #include "BenchTable.h"
 #include "GdalReference.h"
 #include "HeapUse.h"
+#include "IndexBench.h"
 #include "TesseraSide.h"
 
 #include <QApplication>
@@ -28,6 +29,7 @@ struct Settings {
   /// How often a picture is drawn.
   int fastRuns;
   bool drawsOnly;
+  bool indexOnly;
   /// Where the pictures drawn are kept; nowhere when empty.
   QString picturesDir;
 };
@@ -44,16 +46,18 @@ class FileBench {
       : m_file(std::move(file)), m_settings(settings), m_table(table) {}
 
   void Run() {
-    if (!m_settings.drawsOnly) {
+    const bool measuresAll = !m_settings.drawsOnly && !m_settings.indexOnly;
+    if (measuresAll) {
       MeasureLoad();
       MeasureMemory();
     }
     m_gdal = std::make_unique<GdalMap>(m_file.mifPath);
     m_tessera = std::make_unique<TesseraSide>(m_file.mifPath, PictureSize);
-    if (!m_settings.drawsOnly) MeasureSave();
+    if (measuresAll) MeasureSave();
     const FlatMap map = m_gdal->Flatten();
     m_gdal.reset();
-    MeasureDrawing(map);
+    if (!m_settings.indexOnly) MeasureDrawing(map);
+    if (!m_settings.drawsOnly) MeasureIndex(map);
   }
 
  private:
@@ -129,6 +133,30 @@ class FileBench {
     }
   }
 
+  void MeasureIndex(const FlatMap &map) {
+    IndexBench(m_tessera->Layer(), m_file.label, m_table).Run(m_settings.slowRuns, m_settings.fastRuns);
+    if (map.HasOnlyPoints()) return;
+    const BareView view = BareLoop(map).ViewOf(PictureSize, 16);
+    m_tessera->Show(view);
+    TesseraSide alone(m_file.mifPath, PictureSize);
+    alone.Show(view);
+    alone.KeepOnlyShown();
+    const auto drawAlone = [&] { return 1000 * SecondsOf([&] { alone.Draw(); }); };
+    for (const bool useIndex : {false, true}) {
+      m_tessera->Layer().SetUseIndex2D(useIndex);
+      const auto draw = [&] { return 1000 * SecondsOf([&] { m_tessera->Draw(); }); };
+      const QString title = Title(QStringLiteral("picture of 1/256 with%1 the index, or of what it shows alone"))
+                                .arg(useIndex ? QString() : QStringLiteral("out"));
+      m_table.Measure({title, QStringLiteral("ms"), draw, drawAlone, {}}, m_settings.fastRuns);
+    }
+    // One after the other, so that the difference is not that of two moments.
+    const auto search = [&] { return -drawAlone() + 1000 * SecondsOf([&] { m_tessera->Draw(); }); };
+    const auto allowance = [] { return 3.0; };
+    m_table.Measure({Title(QStringLiteral("finding the objects of the picture, or 3 ms")), QStringLiteral("ms"), search,
+                     allowance, 1.0},
+                    m_settings.fastRuns);
+  }
+
   void KeepPicture(const QImage &picture, QString title) const {
     if (m_settings.picturesDir.isEmpty()) return;
     QDir().mkpath(m_settings.picturesDir);
@@ -155,6 +183,7 @@ void DescribeOptions(QCommandLineParser &parser) {
       {QStringLiteral("data"), QStringLiteral("Keep the sets in <directory>."), QStringLiteral("directory"),
        QDir::temp().filePath(QStringLiteral("tessera-bench"))},
       {QStringLiteral("draw"), QStringLiteral("Measure drawing only.")},
+      {QStringLiteral("index"), QStringLiteral("Measure the spatial index only.")},
       {QStringLiteral("pictures"), QStringLiteral("Keep what is drawn in <directory>."), QStringLiteral("directory")},
       {QStringLiteral("json"), QStringLiteral("Write the figures to <file>, too."), QStringLiteral("file")},
   });
@@ -179,7 +208,7 @@ std::vector<MapFile> FilesToMeasure(const QCommandLineParser &parser) {
 void Run(const QCommandLineParser &parser) {
   const int runs = std::max(1, parser.value(QStringLiteral("runs")).toInt());
   const Settings settings = {runs, 3 * runs, parser.isSet(QStringLiteral("draw")),
-                             parser.value(QStringLiteral("pictures"))};
+                             parser.isSet(QStringLiteral("index")), parser.value(QStringLiteral("pictures"))};
   BenchTable table;
   for (const MapFile &file : FilesToMeasure(parser)) FileBench(file, settings, table).Run();
   QTextStream(stdout) << table.ToMarkdown();

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/layers/ExtentCache.h>
-#include <tessera/objects/GeometryVersion.h>
 
 #include <cmath>
 #include <limits>
@@ -29,7 +28,7 @@ ExtentCache::Box ExtentCache::BoxOf(const TCustomMapObject &object) {
 }
 
 void ExtentCache::Update(std::span<const std::unique_ptr<TCustomMapObject>> objects) {
-  if (m_isValid && m_version == GeometryVersion::Get()) return;
+  if (IsUpToDate()) return;
   m_boxes.clear();
   m_boxes.reserve(objects.size());
   for (const auto &object : objects) m_boxes.push_back(BoxOf(*object));

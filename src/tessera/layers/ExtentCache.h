@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tessera/objects/GeometryVersion.h>
 #include <tessera/objects/TCustomMapObject.h>
 
 #include <memory>
@@ -17,6 +18,7 @@ class TESSERA_CORE_EXPORT ExtentCache {
 
   /// To be called when the list of objects changes.
   void Invalidate() { m_isValid = false; }
+  [[nodiscard]] bool IsUpToDate() const { return m_isValid && m_version == GeometryVersion::Get(); }
   /// Brings the extents up to date with the objects.
   void Update(std::span<const std::unique_ptr<TCustomMapObject>> objects);
   /// How the object at `index` lies to a rectangle with its corners in order. Near the border, and for objects that do

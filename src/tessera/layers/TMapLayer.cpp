@@ -158,8 +158,47 @@ bool TMapLayer::MeetsRect(std::size_t id, const TBounds &rect) const {
          object.ContainsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
 }
 
+void TMapLayer::SetUseIndex2D(bool use) {
+  if (m_useIndex2D == use) return;
+  m_useIndex2D = use;
+  m_index2D->SetLayer(use ? this : nullptr);
+}
+
+std::unique_ptr<TIndexCell> TMapLayer::SetIndex2D(std::unique_ptr<TIndexCell> index) {
+  Q_ASSERT(index);
+  return std::exchange(m_index2D, std::move(index));
+}
+
+bool TMapLayer::IsCandidateInRect(std::uint32_t id, const TBounds &rect) const {
+  const TCustomMapObject &object = *m_objects[CheckedIndex(id, m_objects.size(), ObjectIndex)];
+  // The extents are of use as long as nothing changes, but bringing them up to date takes longer than the query.
+  if (m_extents.IsUpToDate() && !rect.IsInverted()) {
+    using Relation = detail::ExtentCache::Relation;
+    const Relation relation = m_extents.RelationOf(id, rect);
+    if (relation != Relation::Unknown) return relation == Relation::Inside;
+  }
+  return object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
+         object.WithinRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
+}
+
+void TMapLayer::KeepThoseInRect(const TBounds &rect, TCardinalArray &ids) const {
+  // From the last to the first; those that stay gather at the end.
+  const std::span<std::uint32_t> all = ids.Ids();
+  std::size_t firstKept = all.size();
+  for (std::size_t i = all.size(); i-- > 0;) {
+    if (IsCandidateInRect(all[i], rect)) all[--firstKept] = all[i];
+  }
+  std::copy(all.begin() + std::ptrdiff_t(firstKept), all.end(), all.begin());
+  ids.Truncate(int(all.size() - firstKept));
+}
+
 bool TMapLayer::GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) const {
   ids.Clear();
+  if (m_useIndex2D) {
+    if (!m_index2D->GetAllIdsInRect(rect, ids)) return false;
+    KeepThoseInRect(CellBounds2Bounds(rect), ids);
+    return true;
+  }
   m_extents.Update(m_objects);
   const TBounds bounds = CellBounds2Bounds(rect);
   for (std::size_t id = 0; id < m_objects.size(); ++id) {

@@ -3,6 +3,7 @@
 
 #include <tessera/base/TCardinalArray.h>
 #include <tessera/layers/ExtentCache.h>
+#include <tessera/layers/TIndexCell.h>
 #include <tessera/objects/TCustomMapObject.h>
 
 #include <memory>
@@ -78,6 +79,15 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   void SetMaxZoom(double zoom) { m_maxZoom = zoom; }
   [[nodiscard]] bool ValidZoom() const;
 
+  /// Whether area queries ask the spatial index. Turning it on builds the index if that is needed; later changes of the
+  /// objects do not reach it. It finds fewer objects: see TIndexCell and GetAllIdsInRect.
+  [[nodiscard]] bool GetUseIndex2D() const { return m_useIndex2D; }
+  /// @throws ERangeError when an index is to be built and there are no objects; the switch is on all the same.
+  void SetUseIndex2D(bool use);
+  [[nodiscard]] TIndexCell *GetIndex2D() const { return m_index2D.get(); }
+  /// Puts a root cell into the place of the present one, which is handed back. @pre `index` is not none.
+  std::unique_ptr<TIndexCell> SetIndex2D(std::unique_ptr<TIndexCell> index);
+
   // What belongs to the layer.
 
   [[nodiscard]] const QString &GetName() const { return m_name; }
@@ -109,6 +119,10 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   // Queries, drawing and files.
 
   /// Fills `ids` with the objects that meet, lie in or contain the rectangle, in order. Answers whether there are any.
+  ///
+  /// With the spatial index on, these are the objects among its candidates that meet or lie in the rectangle, in the
+  /// order of its cells, and the answer is whether there were candidates. @throws ERangeError when the index is stale
+  /// and names an object beyond the count.
   bool GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) const;
   /// Draws the objects in view, unless the layer is hidden or out of its zoom range.
   void Paint();
@@ -126,6 +140,8 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
  private:
   [[nodiscard]] std::size_t PositionOf(const TCustomMapObject *object) const;
   [[nodiscard]] bool MeetsRect(std::size_t id, const TBounds &rect) const;
+  [[nodiscard]] bool IsCandidateInRect(std::uint32_t id, const TBounds &rect) const;
+  void KeepThoseInRect(const TBounds &rect, TCardinalArray &ids) const;
   /// Destroys an object, which leaves the list. Answers whether it belonged to this layer and did so by itself.
   bool Destroy(std::size_t at);
   void UpdateMap();
@@ -133,6 +149,7 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
 
   std::vector<std::unique_ptr<TCustomMapObject>> m_objects;
   mutable detail::ExtentCache m_extents;
+  std::unique_ptr<TIndexCell> m_index2D = std::make_unique<TIndexCell>();
   QString m_fileName;
   QString m_name;
   TDataFields m_fields;
@@ -149,6 +166,7 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   bool m_isVisible = true;
   bool m_isSelectable = true;
   bool m_autoLabel = false;
+  bool m_useIndex2D = false;
 };
 
 }  // namespace tessera

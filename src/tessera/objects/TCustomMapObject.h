@@ -15,6 +15,17 @@ namespace tessera {
 
 class TTessera;
 
+/// How a kind of object answers when Contains asks it about a box, that is, about a plain object whose vertices are the
+/// four corners.
+enum class TBoxContainment {
+  /// As Contains is written for the kind.
+  Refined,
+  /// Whether the corners lie in its bounds.
+  ByBounds,
+  /// Never.
+  Never,
+};
+
 /// Base of everything that is drawn on a map: geometry, drawing tools, attribute values, and the spatial questions that
 /// selection, tools and queries ask. Here they are answered from the bounds and the vertices; kinds refine them.
 ///
@@ -47,9 +58,14 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   /// Whether all four corners pass ContainsPoint.
   virtual bool ContainsRect(double x1, double y1, double x2, double y2) const;
   /// The box that settles the three rectangle tests for most rectangles: one that does not meet it passes none of them,
-  /// one that holds all of it passes one. None when there is no such box, as for an object without vertices and, here,
-  /// for any kind that does not say otherwise. A kind that refines a rectangle test refines this as well.
+  /// one that holds all of it passes IntersectsRect or WithinRect. None when there is no such box, as for an object
+  /// without vertices and, here, for any kind that does not say otherwise. A kind that refines a rectangle test refines
+  /// this as well.
   [[nodiscard]] virtual std::optional<TBounds> GetExtent() const { return std::nullopt; }
+  /// What spares a spatial index the question whether this object contains a cell. A kind that refines ContainsPoint or
+  /// Contains refines this as well. Division of cells ends for a Refined kind on the assumption that a figure that
+  /// holds the corners of a cell holds all of it.
+  [[nodiscard]] virtual TBoxContainment GetBoxContainment() const { return TBoxContainment::Refined; }
   /// Which of the map's default fonts a new object of this kind gets.
   [[nodiscard]] virtual TObjectFont GetFontKind() const { return TObjectFont::Symbol; }
 

@@ -11,6 +11,7 @@ class TESSERA_CORE_EXPORT TPolyline : public TCustomMapObject {
   void Draw() override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
+  [[nodiscard]] TBoxContainment GetBoxContainment() const override { return TBoxContainment::ByBounds; }
 };
 
 }  // namespace tessera

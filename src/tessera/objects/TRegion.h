@@ -18,6 +18,7 @@ class TESSERA_CORE_EXPORT TRegion : public TCustomMapObject {
   void Draw() override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
+  [[nodiscard]] TBoxContainment GetBoxContainment() const override { return TBoxContainment::ByBounds; }
 
  private:
   void DrawAsRegion(TScreenOutliner &outliner, TCanvas &canvas);

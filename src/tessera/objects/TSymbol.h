@@ -27,6 +27,7 @@ class TESSERA_CORE_EXPORT TSymbol : public TCustomMapObject {
   bool WithinRect(double x1, double y1, double x2, double y2) const override;
   bool ContainsRect(double x1, double y1, double x2, double y2) const override;
   [[nodiscard]] std::optional<TBounds> GetExtent() const override;
+  [[nodiscard]] TBoxContainment GetBoxContainment() const override { return TBoxContainment::Never; }
 
   /// Moves the symbol; its bounds stay until UpdateBounds.
   virtual void SetX(double x) { SetAnchorX(x); }
