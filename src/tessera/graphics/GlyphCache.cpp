@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/graphics/GlyphCache.h>
+#include <tessera/graphics/SymbolFont.h>
 
 #include <QFontMetrics>
 #include <QImage>
@@ -27,13 +28,16 @@ QFont ToQFont(const TFont &font, double scale) {
   // Without kerning and ligatures a text is as wide as its characters, which makes measuring and drawing it cheap;
   // scripts that cannot do without shaping are shaped all the same.
   result.setKerning(false);
+  // Without shaping Qt does not find the private use characters that the library's own map signs are.
+  const bool needsShaping = font.GetName() == SymbolFontFamily;
   // Colour fringes would be wrong on a picture that is shown scaled or rotated.
-  result.setStyleStrategy(QFont::StyleStrategy(QFont::NoSubpixelAntialias | QFont::PreferNoShaping));
+  const QFont::StyleStrategy strategy = QFont::NoSubpixelAntialias;
+  result.setStyleStrategy(needsShaping ? strategy : QFont::StyleStrategy(strategy | QFont::PreferNoShaping));
   return result;
 }
 
 QFont WithHardEdges(QFont font) {
-  font.setStyleStrategy(QFont::StyleStrategy(QFont::NoAntialias | QFont::PreferNoShaping));
+  font.setStyleStrategy(QFont::StyleStrategy(QFont::NoAntialias | (font.styleStrategy() & QFont::PreferNoShaping)));
   return font;
 }
 

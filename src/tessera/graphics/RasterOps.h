@@ -96,7 +96,6 @@ class TileSource {
 
   Tile m_bitmapTile;
   TBitmap m_bitmap;  ///< What m_bitmapTile was made from; shares the pixels.
-  double m_bitmapRatio = 0;
   Tile m_hatchTile;
   TBrushStyle m_hatchStyle = TBrushStyle::bsSolid;
   TColor m_hatchColor = 0;
