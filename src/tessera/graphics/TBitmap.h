@@ -26,7 +26,8 @@ class TESSERA_CORE_EXPORT TBitmap {
   /// A size of 0 or less, above 32767 device pixels, or one that cannot be allocated leaves it empty.
   void SetSize(int width, int height, qreal devicePixelRatio = 1.0);
 
-  /// Reads any image format Qt knows, up to 2 GB of pixels. @throws EInOutError with file name and reason; the picture is then unchanged.
+  /// Reads any image format Qt knows, up to 2 GB of pixels. @throws EInOutError with file name and reason; the picture
+  /// is then unchanged.
   void LoadFromFile(const QString &fileName);
 
   /// Whether pixels of the transparent colour are left out when the picture is drawn.
