@@ -3,6 +3,7 @@
 #include "MapFixture.h"
 
 #include <tessera/graphics/TCanvas.h>
+#include <tessera/objects/TSprite.h>
 
 namespace tessera::test {
 namespace {
@@ -43,6 +44,25 @@ TEST_F(HighDpiTest, CopiesThePictureAtItsResolution) {
   EXPECT_EQ(copy.GetWidth(), 200);
   EXPECT_EQ(copy.GetImage().size(), QSize(400, 200));
   EXPECT_EQ(copy.GetImage().pixel(80, 120), shown.pixel(80, 120));
+}
+
+TEST_F(HighDpiTest, MovesASpriteWithoutATrace) {
+  AddSquare(AddLayer(), 20, 20, 40, clRed);
+  auto *sprite = AddLayer()->NewObject<TSprite>();
+  QImage glyph(7, 5, QImage::Format_RGB32);
+  glyph.fill(ToRgb(clNavy));
+  sprite->SetGlyph(TBitmap(glyph));
+  sprite->GetGlyph().SetTransparent(false);
+  sprite->Move(40, 40);
+  map.DoUpdate(true);
+  const QImage start = Shown();
+  EXPECT_EQ(start.pixel(80, 120), Pixel(clNavy));
+  for (int x = -10; x < 210; x += 3) sprite->Move(x, 110 - x / 2.0);
+  sprite->Move(61, 21);
+  const QImage moved = Shown();
+  EXPECT_NE(moved, start);
+  map.DoUpdate(true);
+  EXPECT_EQ(Shown(), moved);
 }
 
 }  // namespace
