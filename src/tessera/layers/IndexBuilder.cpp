@@ -116,7 +116,8 @@ void IndexBuilder::AddChild(TIndexCell &cell, Range range, const TCellBounds &qu
   if (found.count > 0) {
     auto child = std::make_unique<TIndexCell>(&cell);
     child->m_bounds = quadrant;
-    --m_cellsLeft;
+    // The cells that are begun on the way down still get their children when nothing is left.
+    m_cellsLeft -= std::min<std::size_t>(m_cellsLeft, 1);
     const bool isFruitless = found.count == range.count;
     const int levels = isFruitless ? fruitlessLevels + 1 : 0;
     // At the end of their precision, coordinates have no middle between them.
@@ -153,42 +154,45 @@ bool IndexBuilder::EnterBox(Entry &entry, const IndexBox &box) {
   return object.containment == TBoxContainment::Refined && box.IsContainedBy(*object.self);
 }
 
+template <typename Use>
+void IndexBuilder::ForEachRun(const Entry &entry, Use use) const {
+  if (entry.vertices) {
+    use(std::span(entry.vertices, entry.vertexCount));
+  } else {
+    ForEachPart(*m_objects[entry.object].self, use);
+  }
+}
+
 bool IndexBuilder::FindVertex(Entry &entry, const TBounds &bounds) {
+  if (entry.vertexCount > ShortOutline && !CutOutline(entry, bounds)) return false;
   const auto isIn = [&bounds](const TMapPoint &point) { return bounds.ContainsPoint(point.X, point.Y); };
-  const auto forEachRun = [this, &entry](auto use) {
-    if (entry.vertices) {
-      use(std::span(entry.vertices, entry.vertexCount));
-    } else {
-      ForEachPart(*m_objects[entry.object].self, use);
-    }
-  };
   bool isFound = isIn(entry.sample);
-  const auto findFirst = [&](std::span<const TMapPoint> points) {
+  ForEachRun(entry, [&](std::span<const TMapPoint> points) {
     if (isFound) return;
     const auto found = std::find_if(points.begin(), points.end(), isIn);
     if (found == points.end()) return;
     entry.sample = *found;
     isFound = true;
-  };
-  if (entry.vertexCount <= ShortOutline) {
-    forEachRun(findFirst);
-    return isFound;
-  }
+  });
+  return isFound;
+}
+
+bool IndexBuilder::CutOutline(Entry &entry, const TBounds &bounds) {
+  const TBounds in = bounds;
   std::size_t count = 0;
-  forEachRun([&](std::span<const TMapPoint> points) {
-    // Without branches: the compiler looks at several vertices at once.
+  ForEachRun(entry, [&](std::span<const TMapPoint> points) {
+    // Without branches, so that the compiler looks at several vertices at once.
     for (const TMapPoint &p : points) {
-      count += std::size_t((p.X >= bounds.MinX) & (p.X <= bounds.MaxX) & (p.Y >= bounds.MinY) & (p.Y <= bounds.MaxY));
+      count += std::size_t((p.X >= in.MinX) & (p.X <= in.MaxX) & (p.Y >= in.MinY) & (p.Y <= in.MaxY));
     }
   });
-  if (count == 0) return false;
-  forEachRun(findFirst);
-  // An outline is cut when half of it goes, so that the cuts on the way down take no more room than two of it.
-  if (2 * count > entry.vertexCount) return true;
+  // It is cut only when half of it goes, so that all the cuts on the way down take no more room than two of it.
+  if (count == 0 || 2 * count > entry.vertexCount) return count > 0;
   std::vector<TMapPoint> &cut = m_cutOutlines.emplace_back();
   cut.reserve(count);
-  forEachRun([&](std::span<const TMapPoint> points) {
-    std::copy_if(points.begin(), points.end(), std::back_inserter(cut), isIn);
+  ForEachRun(entry, [&](std::span<const TMapPoint> points) {
+    std::copy_if(points.begin(), points.end(), std::back_inserter(cut),
+                 [&in](const TMapPoint &point) { return in.ContainsPoint(point.X, point.Y); });
   });
   entry.vertices = cut.data();
   entry.vertexCount = std::uint32_t(count);

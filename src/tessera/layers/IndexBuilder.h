@@ -62,6 +62,11 @@ class IndexBuilder {
   void Collect(Range range, const IndexBox &box, bool isNested);
   [[nodiscard]] bool EnterBox(Entry &entry, const IndexBox &box);
   [[nodiscard]] bool FindVertex(Entry &entry, const TBounds &bounds);
+  /// Lets the entry have only the vertices within the bounds, when they are much fewer. False when there are none.
+  [[nodiscard]] bool CutOutline(Entry &entry, const TBounds &bounds);
+  /// Hands `use` the vertices of an entry, run by run.
+  template <typename Use>
+  void ForEachRun(const Entry &entry, Use use) const;
   [[nodiscard]] bool EndsHere(const TIndexCell &cell, Range range, int fruitlessLevels) const;
   /// How many objects stay together at some point of the cell, however small the cells about it become: the most that
   /// are found for a few points.

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/layers/TMapLayer.h>
+#include <tessera/objects/TSymbol.h>
+
+#include <QBuffer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace tessera {
+namespace {
+
+/// The bytes of the doubles in these files.
+const char Zero[] = "0000000000000000";
+const char One[] = "000000000000f03f";
+const char Two[] = "0000000000000040";
+
+QByteArray Bytes(const QByteArray &hex) {
+  return QByteArray::fromHex(hex);
+}
+
+QByteArray Written(const TIndexCell &cell) {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  cell.WriteIndex(buffer);
+  return buffer.data();
+}
+
+void Read(TIndexCell &cell, QByteArray bytes) {
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::ReadOnly);
+  cell.ReadIndex(buffer);
+}
+
+QString ErrorOf(TIndexCell &cell, const QByteArray &bytes) {
+  try {
+    Read(cell, bytes);
+  } catch (const EInOutError &error) {
+    return MessageOf(error);
+  }
+  return {};
+}
+
+void AddSymbol(TMapLayer &layer, double x, double y) {
+  layer.NewObject<TSymbol>()->MoveTo(x, y);
+}
+
+/// Three places in the lower left corner and four in the upper right one.
+void Fill(TMapLayer &layer) {
+  for (int i = 0; i < 3; ++i) AddSymbol(layer, 0, 0);
+  for (int i = 0; i < 4; ++i) AddSymbol(layer, 2, 2);
+}
+
+QByteArray RecordsOfFilled() {
+  const QByteArray zero(Zero);
+  const QByteArray one(One);
+  const QByteArray two(Two);
+  return Bytes(zero + two + zero + two + "00000000" + "02000000") +
+         Bytes(zero + one + zero + one + "03000000" + "000000000100000002000000" + "00000000") +
+         Bytes(one + two + one + two + "04000000" + "03000000040000000500000006000000" + "00000000");
+}
+
+TEST(IndexFileTest, WritesTheHeaderAndTheCellsInOrder) {
+  TMapLayer layer;
+  Fill(layer);
+  layer.SetUseIndex2D(true);
+  const QTemporaryDir directory;
+  const QString path = directory.filePath(QStringLiteral("places.idx"));
+  EXPECT_TRUE(layer.GetIndex2D()->SaveToFile(path));
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_EQ(file.readAll().toHex(), ("540065007300730065007200610020004900" + RecordsOfFilled().toHex()));
+}
+
+TEST(IndexFileTest, NeverAcceptsAStoredTree) {
+  TMapLayer layer;
+  Fill(layer);
+  layer.SetUseIndex2D(true);
+  const QTemporaryDir directory;
+  const QString path = directory.filePath(QStringLiteral("places.idx"));
+  layer.GetIndex2D()->SaveToFile(path);
+  EXPECT_FALSE(TIndexCell::LoadFromToFile(path));
+  EXPECT_FALSE(TIndexCell::LoadFromToFile(directory.filePath(QStringLiteral("none.idx"))));
+  // So a layer beside its stored index builds the tree from what it holds.
+  TMapLayer other;
+  other.SetFileName(directory.filePath(QStringLiteral("places.mif")));
+  AddSymbol(other, 9, 9);
+  other.SetUseIndex2D(true);
+  EXPECT_EQ(other.GetIndex2D()->GetBounds(), (TCellBounds{9, 9, 9, 9}));
+}
+
+TEST(IndexFileTest, ReportsAFileThatCannotBeCreated) {
+  EXPECT_THROW(TIndexCell().SaveToFile(QStringLiteral("/no/such/folder/a.idx")), EInOutError);
+}
+
+TEST(IndexFileTest, ReadsWhatItWrites) {
+  TMapLayer layer;
+  std::mt19937 engine(5);
+  std::uniform_real_distribution<double> place(0, 1000);
+  for (int i = 0; i < 500; ++i) AddSymbol(layer, place(engine), place(engine));
+  layer.SetUseIndex2D(true);
+  const QByteArray bytes = Written(*layer.GetIndex2D());
+  TIndexCell cell;
+  Read(cell, bytes);
+  EXPECT_EQ(Written(cell), bytes);
+}
+
+TEST(IndexFileTest, GivesEveryCellTheRootAsItsParent) {
+  const QByteArray zero(Zero);
+  const QByteArray bounds = zero + zero + zero + zero;
+  TIndexCell root;
+  Read(root, Bytes(bounds + "0000000001000000" + bounds + "0000000001000000" + bounds + "0000000000000000"));
+  const TIndexCell *deep = root.GetCell(0)->GetCell(0);
+  EXPECT_EQ(deep->GetParent(), &root);
+  EXPECT_EQ(deep->GetLevel(), 1);
+}
+
+TEST(IndexFileTest, AppendsToWhatIsThere) {
+  TIndexCell root;
+  Read(root, RecordsOfFilled());
+  Read(root, RecordsOfFilled());
+  EXPECT_EQ(root.GetCount(), 4);
+  Read(root, Bytes(QByteArray(Two) + Two + Two + Two + "010000000900000000000000"));
+  EXPECT_EQ(root.GetIdsCount(), 1);
+  EXPECT_EQ(root.GetBounds(), (TCellBounds{2, 2, 2, 2}));
+}
+
+TEST(IndexFileTest, LeavesTheTreeAloneWhenARecordIsCutOff) {
+  const QByteArray whole = RecordsOfFilled();
+  for (qsizetype size = 0; size < whole.size(); ++size) {
+    TIndexCell cell;
+    cell.SetBounds({1, 2, 3, 4});
+    EXPECT_FALSE(ErrorOf(cell, whole.first(size)).isEmpty()) << size;
+    EXPECT_EQ(cell.GetCount(), 0);
+    EXPECT_EQ(cell.GetBounds(), (TCellBounds{1, 2, 3, 4}));
+  }
+}
+
+TEST(IndexFileTest, BelievesNoCountBeyondTheRestOfTheFile) {
+  const QByteArray bounds = QByteArray(Zero) + Zero + Zero + Zero;
+  TIndexCell cell;
+  EXPECT_EQ(ErrorOf(cell, Bytes(bounds + "ffffffff00000000")),
+            QStringLiteral("Damaged index at byte 36: no room for 4294967295 ids"));
+  EXPECT_EQ(ErrorOf(cell, Bytes(bounds + "0000000002000000" + bounds + "0000000000000000")),
+            QStringLiteral("Damaged index at byte 40: no room for 2 cells"));
+}
+
+TEST(IndexFileTest, RefusesCellsThatLieTooDeep) {
+  const QByteArray bounds = QByteArray(Zero) + Zero + Zero + Zero;
+  QByteArray bytes;
+  for (int i = 0; i < 5000; ++i) bytes += Bytes(bounds + "0000000001000000");
+  TIndexCell cell;
+  EXPECT_TRUE(ErrorOf(cell, bytes).endsWith(QStringLiteral("cells lie too deep in each other")));
+}
+
+TEST(IndexFileTest, AnswersQueriesWithIdsThatNoLayerHas) {
+  TIndexCell cell;
+  Read(cell, Bytes(QByteArray(Zero) + Two + Zero + Two + "04000000" + "fffffffffeffffffffffffff00000004" + "00000000"));
+  TCardinalArray ids;
+  EXPECT_TRUE(cell.GetAllIdsInRect({1, 1, 1, 1}, ids));
+  ASSERT_EQ(ids.GetCount(), 3);
+  EXPECT_EQ(ids.GetItem(0), 0xffffffffu);
+  EXPECT_EQ(ids.GetItem(2), 0x04000000u);
+}
+
+TEST(IndexFileTest, SurvivesAnyDamagedByte) {
+  const QByteArray whole = RecordsOfFilled();
+  std::mt19937 engine(7);
+  for (int run = 0; run < 2000; ++run) {
+    QByteArray bytes = whole;
+    for (int i = 0; i < 3; ++i) bytes[qsizetype(engine() % unsigned(bytes.size()))] = char(engine());
+    TIndexCell cell;
+    TCardinalArray ids;
+    if (ErrorOf(cell, bytes).isEmpty()) cell.GetAllIdsInRect({0, 2, 0, 2}, ids);
+    EXPECT_LE(ids.GetCount(), int(whole.size() / 4));
+  }
+}
+
+}  // namespace
+}  // namespace tessera
