@@ -39,22 +39,24 @@ struct FastTransform {
   double centerX, centerY, kx, ky, halfWidth, halfHeight;
 
   [[nodiscard]] bool IsExactEnough() const { return std::max(std::abs(halfWidth), std::abs(halfHeight)) < MaxPosition; }
+  /// Both conditions, without a branch between them.
+  static bool Both(bool a, bool b) { return (int(a) & int(b)) != 0; }
   /// False when the exact way has to decide.
   static bool Round(double position, int &pixel) {
     const double rounded = (position + RoundingShift) - RoundingShift;
     pixel = int(rounded);
-    return (std::abs(position - rounded) < 0.5 - TieMargin) & (std::abs(position) < MaxPosition);
+    return Both(std::abs(position - rounded) < 0.5 - TieMargin, std::abs(position) < MaxPosition);
   }
   bool operator()(const TMapPoint &point, QPoint &out) const {
     const double x = halfWidth + (point.X - centerX) * kx;
     const double y = halfHeight - (point.Y - centerY) * ky;
     // Positions out of range (not-a-number included) must not reach the conversion to int.
-    const bool inRange = (std::abs(x) < MaxPosition) & (std::abs(y) < MaxPosition);
+    const bool inRange = Both(std::abs(x) < MaxPosition, std::abs(y) < MaxPosition);
     int px = 0;
     int py = 0;
-    const bool isSettled = Round(inRange ? x : 0.0, px) & Round(inRange ? y : 0.0, py);
+    const bool isSettled = Both(Round(inRange ? x : 0.0, px), Round(inRange ? y : 0.0, py));
     out = QPoint(px, py);
-    return inRange & isSettled;
+    return Both(inRange, isSettled);
   }
 };
 
