@@ -162,6 +162,8 @@ void TMapLayer::SetUseIndex2D(bool use) {
   if (m_useIndex2D == use) return;
   m_useIndex2D = use;
   m_index2D->SetLayer(use ? this : nullptr);
+  // They settle most candidates without a look at the objects.
+  if (use) m_extents.Update(m_objects);
 }
 
 std::unique_ptr<TIndexCell> TMapLayer::SetIndex2D(std::unique_ptr<TIndexCell> index) {
