@@ -148,7 +148,7 @@ TEST(SymbolFontTest, NoticesAFontThatIsInstalledLater) {
   QFile resource(QStringLiteral(":/tessera/symbols/TesseraSymbols.ttf"));
   ASSERT_TRUE(resource.open(QIODevice::ReadOnly));
   QByteArray renamed = resource.readAll();
-  const auto utf16 = [](char letter) { return QByteArray("\0", 1) + letter; };
+  const auto utf16 = [](char letter) -> QByteArray { return QByteArray("\0", 1) + letter; };
   const QByteArray before = utf16('S') + utf16('y') + utf16('m') + utf16('b');
   const QByteArray after = utf16('S') + utf16('y') + utf16('n') + utf16('b');
   renamed.replace(before, after);
