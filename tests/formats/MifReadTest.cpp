@@ -136,7 +136,8 @@ TEST_F(MifReadTest, PassesOverOtherKindsButNotTheirValues) {
     EXPECT_EQ(skipped.at(QString::fromLatin1(kind)), 1) << kind;
   }
   EXPECT_EQ(skipped.at(QStringLiteral("other")), 3) << "the lines of numbers and quotes";
-  EXPECT_EQ(Warnings(), "the data file has more lines than there are objects");
+  EXPECT_EQ(Warnings(),
+            "the data file has more lines than objects were read, so values may stand with the wrong objects");
 }
 
 TEST_F(MifReadTest, TakesColumnTypesFromTheWordsInTheirLines) {
@@ -182,7 +183,7 @@ TEST_F(MifReadTest, CountsObjectsThatFindNoValues) {
   LoadText("Columns 1\na Integer\nPoint 1 1\nPoint 2 2\nPoint 3 3\n", "7\n");
   EXPECT_EQ(ValueOf(0, 0), "7");
   EXPECT_EQ(ValueOf(2, 0), "");
-  EXPECT_EQ(Warnings(), "the data file has no line for the last 2 objects");
+  EXPECT_EQ(Warnings(), "objects at the end that the data file has no line for: 2");
 }
 
 TEST_F(MifReadTest, MakesAnObjectForEveryKindThatALineNames) {

@@ -3,6 +3,9 @@
 #include "MifFixture.h"
 
 #include <tessera/base/Exceptions.h>
+#include <tessera/objects/TCircle.h>
+#include <tessera/objects/TRectangle.h>
+#include <tessera/objects/TText.h>
 
 #include <cmath>
 #include <limits>
@@ -64,7 +67,7 @@ TEST_F(MifWriteTest, WritesOnlyTheFirstPartOfAPolyline) {
   layer.NewObject<TPolyline>();
   Save();
   EXPECT_EQ(Shapes(), "Pline 2\r\n0.000000 0.000000\r\n1.000000 1.000000\r\nPen (1,2,0)\r\nPline 0\r\nPen (1,2,0)\r\n");
-  EXPECT_EQ(Warnings(), "1 parts of polylines, those beyond the first, were not written");
+  EXPECT_EQ(Warnings(), "parts of polylines beyond the first, not written: 1");
 }
 
 TEST_F(MifWriteTest, WritesSymbolsWithTheirFont) {
@@ -141,8 +144,8 @@ TEST_F(MifWriteTest, QuotesTextsAndLeavesOtherValuesAlone) {
   Save();
   EXPECT_EQ(Mid(), "'O''Neil \xC6',0.1,-7,True\r\n'',,,\r\n'5',1,5,?,\r\n");
   EXPECT_EQ(Warnings(),
-            "1 characters are not in the character set and became question marks; "
-            "1 values hold a comma or a line end and will not be read back as they are");
+            "characters that the character set lacks, written as question marks: 1; "
+            "values with a comma or a line end, which will not be read back as they are: 1");
 }
 
 TEST_F(MifWriteTest, WritesDatesAsTheLocaleDoes) {
@@ -169,20 +172,86 @@ TEST_F(MifWriteTest, WritesNumbersWithTheSeparatorOfTheProcessAndReadsThemBack) 
   EXPECT_EQ(VerticesOf(1, 0), (TVertices{{0.5, 7.125}}));
 }
 
+TEST_F(MifWriteTest, WritesRectanglesAsRegionsOfFiveCorners) {
+  auto *rectangle = layer.NewObject<TRectangle>();
+  rectangle->SetX0(30);
+  rectangle->SetY0(40);
+  rectangle->SetX1(10);
+  rectangle->SetY1(20.5);
+  rectangle->SetUseBGColor(true);
+  rectangle->SetBGColor(clRed);
+  Save();
+  EXPECT_EQ(Shapes(),
+            "Region 1\r\n5\r\n10.000000 20.500000\r\n30.000000 20.500000\r\n30.000000 40.000000\r\n"
+            "10.000000 40.000000\r\n10.000000 20.500000\r\nPen (1,2,0)\r\nBrush (2,16777215,16711680)\r\n");
+}
+
+TEST_F(MifWriteTest, MeasuresTextsWithTheFontThatTheCanvasHas) {
+  auto *text = layer.NewObject<TText>();
+  text->MoveTo(10, 20);
+  text->SetText(QString::fromUtf8("Say \"Жук\""));
+  TFont font(QStringLiteral("DejaVu Sans"), 31, RGB(1, 2, 3));
+  font.SetStyle(TFontStyle::fsItalic);
+  text->SetFont(font);
+  map.viewport.Zoom = 2;
+  map.canvas.Font() = TFont(QStringLiteral("Liberation Serif"), 9);
+  const QSize extent = map.canvas.TextExtent(text->GetText());
+  Save();
+  EXPECT_EQ(
+      Shapes(),
+      QStringLiteral("Text\r\n\"Say \"%1\"\"\r\n10.000000 20.000000 %2 %3\r\nFont (\"DejaVu Sans\",2,31,66051)\r\n")
+          .arg(QString::fromLatin1("\xC6\xF3\xEA"))
+          .arg(10 + extent.width() / 2.0, 0, 'f', 6)
+          .arg(20 - extent.height() / 2.0, 0, 'f', 6)
+          .toLatin1()
+          .toStdString());
+  EXPECT_EQ(Warnings(), "texts with a quotation mark or a line end, which programs may misread: 1");
+}
+
+TEST_F(MifWriteTest, ReadsBackAllShapesThatTheFormatHas) {
+  layer.GetFields().Add(QStringLiteral("A"), TDataType::dtInteger, 0);
+  AddPart(*layer.NewObject<TRegion>(), {{0, 0}, {1, 0}, {1, 1}});
+  AddPart(*layer.NewObject<TPolyline>(), {{5, 6}, {7, 8}});
+  auto *rectangle = layer.NewObject<TRectangle>();
+  rectangle->SetX1(4);
+  rectangle->SetY1(3);
+  layer.NewObject<TSymbol>()->MoveTo(2, 3);
+  layer.NewObject<TText>()->SetText(QStringLiteral("label"));
+  layer.NewObject<TCircle>();
+  layer.NewObject<TSymbol>()->MoveTo(6, 7);
+  for (int i = 0; i < layer.GetObjectCount(); ++i) ObjectAt(i).GetFields().GetFields(0).SetAsInteger(i);
+  Save();
+  EXPECT_EQ(provider.GetReport().Summary().toStdString(),
+            "6 objects (1 Pline, 2 Point, 1 Rectangle, 1 Region, 1 Text); 1 warning");
+  layer.DeleteObjects();
+  provider.Load(&layer, PathOf(QStringLiteral("b.mif")));
+  ASSERT_EQ(layer.GetObjectCount(), 5);
+  EXPECT_NE(As<TRegion>(0), nullptr);
+  EXPECT_NE(As<TPolyline>(1), nullptr);
+  EXPECT_NE(As<TRegion>(2), nullptr);
+  EXPECT_NE(As<TSymbol>(3), nullptr);
+  EXPECT_EQ(VerticesOf(2, 0), (TVertices{{0, 0}, {4, 0}, {4, 3}, {0, 3}, {0, 0}}));
+  EXPECT_EQ(VerticesOf(4, 0), (TVertices{{6, 7}}));
+  EXPECT_EQ(ValueOf(3, 0), "3");
+  EXPECT_EQ(ValueOf(4, 0), "4");  // the line of the text, which is not read
+  EXPECT_EQ(Warnings(),
+            "the data file has more lines than objects were read, so values may stand with the wrong objects");
+}
+
 TEST_F(MifWriteTest, GivesObjectsOfOtherKindsOnlyTheirValues) {
   layer.GetFields().Add(QStringLiteral("A"), TDataType::dtInteger, 0);
   layer.NewObject<TCustomMapObject>()->GetFields().GetFields(0).SetAsInteger(3);
   Save();
   EXPECT_EQ(Shapes(), "");
   EXPECT_EQ(Mid(), "3\r\n");
-  EXPECT_EQ(Warnings(), "1 objects are of a kind that is written without its shape");
+  EXPECT_EQ(Warnings(), "objects of kinds that are written without their shape: 1");
 }
 
 TEST_F(MifWriteTest, WarnsOfCoordinatesThatAreNoNumbers) {
   AddPart(*layer.NewObject<TPolyline>(),
           {{std::numeric_limits<double>::quiet_NaN(), 1}, {2, std::numeric_limits<double>::infinity()}});
   Save();
-  EXPECT_EQ(Warnings(), "2 coordinates are no numbers and will not be read back");
+  EXPECT_EQ(Warnings(), "coordinates that are no numbers and will not be read back: 2");
 }
 
 TEST_F(MifWriteTest, WritesWhatItReadTheSameAgain) {

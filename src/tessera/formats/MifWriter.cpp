@@ -3,10 +3,12 @@
 #include <tessera/formats/MifStyles.h>
 #include <tessera/formats/MifText.h>
 #include <tessera/formats/MifWriter.h>
+#include <tessera/graphics/TCanvas.h>
 #include <tessera/layers/TMapLayer.h>
 #include <tessera/objects/TPolyline.h>
+#include <tessera/objects/TRectangle.h>
 #include <tessera/objects/TRegion.h>
-#include <tessera/objects/TSymbol.h>
+#include <tessera/objects/TText.h>
 
 #include <algorithm>
 #include <charconv>
@@ -16,6 +18,7 @@ namespace {
 
 constexpr char Delimiter = ',';
 constexpr std::string_view LineEnd = "\r\n";
+constexpr std::size_t MostVertexBytes = 2 * Fixed6Size + 1 + LineEnd.size();
 
 int FillPattern(TBrushStyle style) {
   switch (style) {
@@ -87,6 +90,8 @@ struct KindWriters {
   static constexpr Entry InOrder[] = {
       {"Region", WriteAs<TRegion, &MifWriter::WriteRegion>},
       {"Pline", WriteAs<TPolyline, &MifWriter::WritePline>},
+      {"Rectangle", WriteAs<TRectangle, &MifWriter::WriteRectangle>},
+      {"Text", WriteAs<TText, &MifWriter::WriteText>},
       {"Point", WriteAs<TSymbol, &MifWriter::WritePoint>},
   };
 };
@@ -229,12 +234,52 @@ void MifWriter::WritePline(const TPolyline &line) {
   if (parts.size() > 1) m_droppedParts += qint64(parts.size()) - 1;
 }
 
+void MifWriter::WriteRectangle(const TRectangle &rectangle) {
+  const TBounds box = rectangle.GetCorners();
+  const TMapPoint corners[] = {
+      {box.MinX, box.MinY}, {box.MaxX, box.MinY}, {box.MaxX, box.MaxY}, {box.MinX, box.MaxY}, {box.MinX, box.MinY}};
+  m_mif.Append("Region 1\r\n5\r\n");
+  WriteVertices(corners);
+  WritePen(*rectangle.GetStyle());
+  WriteBrush(*rectangle.GetStyle());
+}
+
+TMapPoint MifWriter::FarCornerOf(const TText &text) const {
+  const TMapPoint anchor = text.GetPosition();
+  TMapHost *map = m_layer.GetMapHost();
+  if (map == nullptr) return {anchor.X + text.GetWidth(), anchor.Y - text.GetHeight()};
+  const QSize extent = map->GetCanvas().TextExtent(text.GetText());
+  return map->GetViewport().MovedByPixels(anchor, extent.width(), extent.height());
+}
+
+void MifWriter::WriteText(const TText &text) {
+  m_line = "Text";
+  EndLine();
+  m_line = '"';
+  AddText(text.GetText());
+  if (m_line.find_first_of("\"\r\n", 1) != std::string::npos) ++m_brokenTexts;
+  m_line += '"';
+  EndLine();
+  char *room = m_mif.Room(4 * Fixed6Size + 3 + LineEnd.size());
+  room = PutPoint(room, text.GetPosition());
+  *room++ = ' ';
+  m_mif.Advance(PutVertex(room, FarCornerOf(text)));
+  const TFont &font = text.GetFont();
+  m_line = "Font (\"";
+  AddText(font.GetName());
+  m_line += "\",";
+  AddNumber(FontStyleNumber(font.GetStyle()));
+  m_line += Delimiter;
+  AddNumber(font.GetSize());
+  m_line += Delimiter;
+  AddNumber(ColorToMif(font.GetColor()));
+  m_line += ')';
+  EndLine();
+}
+
 void MifWriter::WritePoint(const TSymbol &symbol) {
-  const auto parts = symbol.GetParts().Items();
-  const bool hasVertex = !parts.empty() && parts[0].GetPoints().GetCount() > 0;
   m_mif.Append("Point ");
-  char *room = m_mif.Room(2 * Fixed6Size + LineEnd.size());
-  m_mif.Advance(PutVertex(room, hasVertex ? parts[0].GetPoints().GetPoint(0) : TMapPoint{0, 0}));
+  m_mif.Advance(PutVertex(m_mif.Room(MostVertexBytes), symbol.GetPosition()));
   const TFont &font = symbol.GetFont();
   m_line = "Symbol (";
   AddNumber(symbol.GetShape());
@@ -274,21 +319,24 @@ void MifWriter::WriteBrush(const TObjectStyle &style) {
   EndLine();
 }
 
-char *MifWriter::PutVertex(char *out, const TMapPoint &vertex) {
+char *MifWriter::PutPoint(char *out, const TMapPoint &point) {
   const auto put = [this](char *at, double value) {
     char *end = WriteFixed6(at, value, m_separator);
     if (end[-1] > '9') ++m_badCoordinates;  // a word, not a digit
     return end;
   };
-  out = put(out, vertex.X);
+  out = put(out, point.X);
   *out++ = ' ';
-  out = put(out, vertex.Y);
+  return put(out, point.Y);
+}
+
+char *MifWriter::PutVertex(char *out, const TMapPoint &vertex) {
+  out = PutPoint(out, vertex);
   return std::copy(LineEnd.begin(), LineEnd.end(), out);
 }
 
 void MifWriter::WriteVertices(std::span<const TMapPoint> vertices) {
-  constexpr std::size_t MostBytes = 2 * Fixed6Size + 3;
-  for (const TMapPoint &vertex : vertices) m_mif.Advance(PutVertex(m_mif.Room(MostBytes), vertex));
+  for (const TMapPoint &vertex : vertices) m_mif.Advance(PutVertex(m_mif.Room(MostVertexBytes), vertex));
 }
 
 void MifWriter::FinishReport() {
@@ -298,11 +346,13 @@ void MifWriter::FinishReport() {
   const auto warn = [this](qint64 count, const QString &words) {
     if (count > 0) m_report.Warn(words.arg(count));
   };
-  warn(m_unknownCharacters, QStringLiteral("%1 characters are not in the character set and became question marks"));
-  warn(m_brokenValues, QStringLiteral("%1 values hold a comma or a line end and will not be read back as they are"));
-  warn(m_droppedParts, QStringLiteral("%1 parts of polylines, those beyond the first, were not written"));
-  warn(m_badCoordinates, QStringLiteral("%1 coordinates are no numbers and will not be read back"));
-  warn(m_counts.back(), QStringLiteral("%1 objects are of a kind that is written without its shape"));
+  warn(m_unknownCharacters, QStringLiteral("characters that the character set lacks, written as question marks: %1"));
+  warn(m_brokenValues,
+       QStringLiteral("values with a comma or a line end, which will not be read back as they are: %1"));
+  warn(m_droppedParts, QStringLiteral("parts of polylines beyond the first, not written: %1"));
+  warn(m_brokenTexts, QStringLiteral("texts with a quotation mark or a line end, which programs may misread: %1"));
+  warn(m_badCoordinates, QStringLiteral("coordinates that are no numbers and will not be read back: %1"));
+  warn(m_counts.back(), QStringLiteral("objects of kinds that are written without their shape: %1"));
 }
 
 }  // namespace tessera::detail

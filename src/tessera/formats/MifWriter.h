@@ -13,8 +13,10 @@ namespace tessera {
 
 class TMapLayer;
 class TPolyline;
+class TRectangle;
 class TRegion;
 class TSymbol;
+class TText;
 
 namespace detail {
 
@@ -40,11 +42,18 @@ class MifWriter {
   void WriteGeometry(const TCustomMapObject &object);
   void WriteRegion(const TRegion &region);
   void WritePline(const TPolyline &line);
+  void WriteRectangle(const TRectangle &rectangle);
+  void WriteText(const TText &text);
   void WritePoint(const TSymbol &symbol);
   void WritePen(const TObjectStyle &style);
   void WriteBrush(const TObjectStyle &style);
   void WriteVertices(std::span<const TMapPoint> vertices);
+  /// The map point across the text as it would be drawn with the font that the map's canvas has just now, which is
+  /// intended: to the right of the anchor and below it. Of a text without a map, that of its own box.
+  [[nodiscard]] TMapPoint FarCornerOf(const TText &text) const;
   /// "x y" at `out`; answers its end.
+  char *PutPoint(char *out, const TMapPoint &point);
+  /// The point and the line end.
   char *PutVertex(char *out, const TMapPoint &vertex);
   void AddNumber(int number);
   void AddText(QStringView text);
@@ -65,6 +74,7 @@ class MifWriter {
   qint64 m_unknownCharacters = 0;
   qint64 m_brokenValues = 0;
   qint64 m_droppedParts = 0;
+  qint64 m_brokenTexts = 0;
   qint64 m_badCoordinates = 0;
 };
 

@@ -66,7 +66,6 @@ void ReadPair(TMapLayer &layer, const QString &fileName, TFormatReport &report) 
     values = mid.emplace(name).Bytes();
   } else {
     DebugTrace(QStringLiteral("missing data file for vector file %S!"), {fileName});
-    report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
   }
   const auto size = qint64(mif.Bytes().size());
   layer.GetMapHost()->StartProgress(0, detail::MifReader::ProgressPosition(size, size), QStringLiteral("Loading file"));
@@ -75,6 +74,9 @@ void ReadPair(TMapLayer &layer, const QString &fileName, TFormatReport &report) 
     reader.Read();
   } catch (const std::exception &error) {
     ReportError(report, reader.GetLine(), error);
+  }
+  if (!values && layer.GetFields().GetCount() > 0) {
+    report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
   }
   reader.FinishReport();
 }

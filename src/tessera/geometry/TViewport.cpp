@@ -119,6 +119,15 @@ void TViewport::MapToScreen(std::span<const TMapPoint> points, QPoint *out) cons
   }
 }
 
+TMapPoint TViewport::MovedByPixels(const TMapPoint &point, std::int64_t right, std::int64_t down) const {
+  const auto moved = [](int pixel, std::int64_t by) {
+    using Limits = std::numeric_limits<int>;
+    return int(std::clamp<std::int64_t>(pixel + by, Limits::min(), Limits::max()));
+  };
+  const QPoint pixel = MapToScreen(point.X, point.Y);
+  return ScreenToMap(moved(pixel.x(), right), moved(pixel.y(), down));
+}
+
 TBounds TViewport::GetViewBounds() const {
   const TMapPoint leftTop = ScreenToMap(0, 0);
   const TMapPoint rightBottom = ScreenToMap(ClientWidth, ClientHeight);

@@ -6,6 +6,7 @@
 
 #include <QPoint>
 
+#include <cstdint>
 #include <span>
 
 namespace tessera {
@@ -50,6 +51,10 @@ struct TESSERA_CORE_EXPORT TViewport {
   /// As above, but a point outside the view is pinned one pixel outside the client rectangle on the side where it lies.
   /// @throws ERangeError when the result does not fit 32 bits.
   [[nodiscard]] QPoint MapToScreenClipped(double mx, double my) const;
+  /// The map point that lies `right` and `down` pixels from the pixel of a map point. Pixels are pinned as in
+  /// MapToScreen.
+  /// @throws EZeroDivide when the scale is zero or undefined.
+  [[nodiscard]] TMapPoint MovedByPixels(const TMapPoint &point, std::int64_t right, std::int64_t down) const;
   /// The pixels of all points; `out` has room for as many.
   void MapToScreen(std::span<const TMapPoint> points, QPoint *out) const;
   /// What the client rectangle shows.

@@ -37,6 +37,8 @@ class TESSERA_CORE_EXPORT TSymbol : public TCustomMapObject {
   /// Reading the position of a symbol without a vertex gives it one at (0, 0).
   [[nodiscard]] double GetX() { return GetAnchor().X; }
   [[nodiscard]] double GetY() { return GetAnchor().Y; }
+  /// Both of them, (0, 0) for a symbol without a vertex.
+  [[nodiscard]] TMapPoint GetPosition() const { return GetAnchor(); }
   /// The character's code.
   [[nodiscard]] int GetShape() const { return m_shape; }
   /// A code below NoShape becomes NoShape.

@@ -35,11 +35,6 @@ std::uint32_t Distance(int a, int b) {
   return std::uint32_t(std::min<std::int64_t>(distance, UINT32_MAX - std::int64_t(1)));
 }
 
-int Shifted(int value, std::int64_t by) {
-  using Limits = std::numeric_limits<int>;
-  return int(std::clamp<std::int64_t>(value + by, Limits::min(), Limits::max()));
-}
-
 }  // namespace
 
 int TextEscapement(double angleDeg) {
@@ -144,11 +139,8 @@ void TText::AutoSizeText() {
   TCanvas &canvas = map->GetCanvas();
   canvas.Font() = GetFont();
   const QSize extent = canvas.TextExtent(m_text);
-  const TViewport &viewport = map->GetViewport();
   const TMapPoint anchor = GetAnchor();
-  const TPoint at = viewport.MapToScreen(anchor.X, anchor.Y);
-  const TMapPoint opposite =
-      viewport.ScreenToMap(Shifted(at.x(), extent.width()), Shifted(at.y(), -std::int64_t(extent.height())));
+  const TMapPoint opposite = map->GetViewport().MovedByPixels(anchor, extent.width(), -extent.height());
   m_width = std::abs(opposite.X - anchor.X);
   m_height = std::abs(anchor.Y - opposite.Y);
 }
