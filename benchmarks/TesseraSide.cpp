@@ -15,6 +15,8 @@ void ThrowUnlessOk(const TFormatReport &report) {
 
 }  // namespace
 
+TesseraSide::TesseraSide(QSize size) : TesseraSide(QString(), size) {}
+
 TesseraSide::TesseraSide(const QString &mifPath, QSize size) {
   m_control.resize(size);
   m_control.SetColor(clWhite);

@@ -8,10 +8,12 @@
 
 namespace tessera::bench {
 
-/// A map control, never shown, with a MIF file as its one layer.
+/// A map control, never shown, with one layer.
 class TesseraSide {
  public:
-  /// @throws std::runtime_error when the file cannot be read.
+  /// The layer is empty.
+  explicit TesseraSide(QSize size);
+  /// The layer is that of a MIF file. @throws std::runtime_error when the file cannot be read.
   TesseraSide(const QString &mifPath, QSize size);
 
   /// Writes everything as a MIF and MID file.

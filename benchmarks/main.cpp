@@ -5,6 +5,7 @@
 #include "GdalReference.h"
 #include "HeapUse.h"
 #include "IndexBench.h"
+#include "LabelBench.h"
 #include "TesseraSide.h"
 
 #include <QApplication>
@@ -32,6 +33,12 @@ struct Settings {
   bool indexOnly;
   /// Where the pictures drawn are kept; nowhere when empty.
   QString picturesDir;
+
+  void KeepPicture(const QImage &picture, QString title) const {
+    if (picturesDir.isEmpty()) return;
+    QDir().mkpath(picturesDir);
+    picture.save(QDir(picturesDir).filePath(title.replace(u'/', u'-') + QStringLiteral(".png")));
+  }
 };
 
 struct MapFile {
@@ -127,8 +134,8 @@ class FileBench {
       const auto reference = [&] { return 1000 * SecondsOf([&] { loop.Draw(view, picture); }); };
       const double target = map.HasOnlyPoints() ? PointTarget : AreaTarget;
       m_table.Measure({title, QStringLiteral("ms"), ours, reference, target}, m_settings.fastRuns);
-      KeepPicture(m_tessera->Picture(), title + QStringLiteral(" ours"));
-      KeepPicture(picture, title + QStringLiteral(" reference"));
+      m_settings.KeepPicture(m_tessera->Picture(), title + QStringLiteral(" ours"));
+      m_settings.KeepPicture(picture, title + QStringLiteral(" reference"));
       if (map.HasOnlyPoints()) break;
     }
   }
@@ -157,11 +164,7 @@ class FileBench {
                     m_settings.fastRuns);
   }
 
-  void KeepPicture(const QImage &picture, QString title) const {
-    if (m_settings.picturesDir.isEmpty()) return;
-    QDir().mkpath(m_settings.picturesDir);
-    picture.save(QDir(m_settings.picturesDir).filePath(title.replace(u'/', u'-') + QStringLiteral(".png")));
-  }
+  void KeepPicture(const QImage &picture, const QString &title) const { m_settings.KeepPicture(picture, title); }
 
   MapFile m_file;
   const Settings &m_settings;
@@ -178,8 +181,8 @@ void DescribeOptions(QCommandLineParser &parser) {
       {QStringLiteral("quick"), QStringLiteral("Use sets of a twentieth of the size.")},
       {QStringLiteral("runs"), QStringLiteral("Run each side <n> times; pictures thrice as often."),
        QStringLiteral("n"), QStringLiteral("3")},
-      {QStringLiteral("sets"), QStringLiteral("Measure only these of the sets L, R and P."), QStringLiteral("letters"),
-       QStringLiteral("LRP")},
+      {QStringLiteral("sets"), QStringLiteral("Measure only these of the sets L, R, P and T (labels)."),
+       QStringLiteral("letters"), QStringLiteral("LRPT")},
       {QStringLiteral("data"), QStringLiteral("Keep the sets in <directory>."), QStringLiteral("directory"),
        QDir::temp().filePath(QStringLiteral("tessera-bench"))},
       {QStringLiteral("draw"), QStringLiteral("Measure drawing only.")},
@@ -211,6 +214,13 @@ void Run(const QCommandLineParser &parser) {
                              parser.isSet(QStringLiteral("index")), parser.value(QStringLiteral("pictures"))};
   BenchTable table;
   for (const MapFile &file : FilesToMeasure(parser)) FileBench(file, settings, table).Run();
+  if (parser.positionalArguments().isEmpty() && !settings.indexOnly &&
+      parser.value(QStringLiteral("sets")).contains(u'T')) {
+    LabelBench labels(PictureSize, table);
+    labels.Run(settings.fastRuns);
+    settings.KeepPicture(labels.OursPicture(), QStringLiteral("T ours"));
+    settings.KeepPicture(labels.ReferencePicture(), QStringLiteral("T reference"));
+  }
   QTextStream(stdout) << table.ToMarkdown();
   if (!parser.isSet(QStringLiteral("json"))) return;
   QFile json(parser.value(QStringLiteral("json")));
