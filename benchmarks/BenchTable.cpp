@@ -6,11 +6,45 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTextStream>
+#include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <array>
+#include <map>
+#include <string>
 
 namespace tessera::bench {
 namespace {
+
+constexpr const char *Value = "value";
+
+/// Gathers what the runs of one benchmark each came to.
+class ValueCollector final : public benchmark::BenchmarkReporter {
+ public:
+  bool ReportContext(const Context & /*context*/) override { return true; }
+  void ReportRuns(const std::vector<Run> &runs) override {
+    for (const Run &run : runs) {
+      if (run.run_type == Run::RT_Iteration) m_values[run.run_name.function_name].push_back(run.counters.at(Value));
+    }
+  }
+  [[nodiscard]] std::vector<double> ValuesOf(const std::string &side) const {
+    const auto found = m_values.find(side);
+    return found == m_values.end() ? std::vector<double>() : found->second;
+  }
+
+ private:
+  std::map<std::string, std::vector<double>> m_values;
+};
+
+void Register(const std::string &name, const BenchSide &side, int runs) {
+  if (!side) return;
+  benchmark::RegisterBenchmark(name.c_str(),
+                               [&side](benchmark::State &state) {
+                                 for ([[maybe_unused]] const auto step : state) state.counters[Value] = side();
+                               })
+      ->Iterations(1)
+      ->Repetitions(runs);
+}
 
 std::optional<double> Median(std::vector<double> values) {
   if (values.empty()) return std::nullopt;
@@ -38,15 +72,23 @@ std::optional<double> BenchResult::Ratio() const {
   return *ours / *reference;
 }
 
+BenchTable::BenchTable() {
+  std::array arguments = {std::string("bench"), std::string("--benchmark_enable_random_interleaving=true")};
+  std::array<char *, 3> argv = {arguments[0].data(), arguments[1].data(), nullptr};
+  int argc = 2;
+  benchmark::Initialize(&argc, argv.data());
+}
+
 void BenchTable::Measure(const BenchRow &row, int runs) {
-  std::vector<double> ours;
-  std::vector<double> reference;
-  for (int run = 0; run < runs; ++run) {
-    if (row.reference) reference.push_back(row.reference());
-    if (row.ours) ours.push_back(row.ours());
-  }
+  constexpr const char *Ours = "ours";
+  constexpr const char *Reference = "reference";
+  Register(Reference, row.reference, runs);
+  Register(Ours, row.ours, runs);
+  ValueCollector values;
+  benchmark::RunSpecifiedBenchmarks(&values);
+  benchmark::ClearRegisteredBenchmarks();
   m_results.push_back(
-      {row.name, row.unit, Median(std::move(ours)), Median(std::move(reference)), row.target, row.limit});
+      {row.name, row.unit, Median(values.ValuesOf(Ours)), Median(values.ValuesOf(Reference)), row.target, row.limit});
   QTextStream(stderr) << ToLine(m_results.back()) << Qt::endl;
 }
 

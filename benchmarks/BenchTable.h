@@ -39,7 +39,9 @@ struct BenchResult {
 /// The medians of all rows measured so far.
 class BenchTable {
  public:
-  /// Runs both sides in turn, `runs` times each, so that whatever slows the machine down for a while slows both; tells
+  BenchTable();
+
+  /// Runs both sides mixed, `runs` times each, so that whatever slows the machine down for a while slows both; tells
   /// standard error of each row when it is done.
   void Measure(const BenchRow &row, int runs);
 
