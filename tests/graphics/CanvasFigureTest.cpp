@@ -132,6 +132,21 @@ TEST(CanvasFigureTest, KeepsTheDashesOfAWideLineOnItsWayThroughThePicture) {
   EXPECT_GT(near.Count(clWhite), 40 * 26);
 }
 
+TEST(CanvasFigureTest, DrawsAWideLineAlikeOnAllSides) {
+  for (int width = 4; width <= 9; ++width) {
+    Board board;
+    board.canvas.Pen().SetWidth(width);
+    board.canvas.Polyline(std::array{TPoint(12, 12), TPoint(25, 12)});
+    const int first = 12 - (width - 1) / 2;
+    const QImage line = board.bitmap.GetImage().copy(first, first, 13 + width, width);
+    EXPECT_EQ(line.mirrored(true, false), line) << width;
+    EXPECT_EQ(line.mirrored(false, true), line) << width;
+    for (int y = first; y < first + width; ++y) EXPECT_EQ(board.At(18, y), clBlack) << width << ", row " << y;
+    EXPECT_EQ(board.At(18, first - 1), clWhite) << width;
+    EXPECT_EQ(board.At(18, first + width), clWhite) << width;
+  }
+}
+
 TEST(CanvasFigureTest, DrawsAThinLineTwoPixelsWideAtRatioTwo) {
   Board board(40, 30, 2);
   board.canvas.Polyline(std::array{TPoint(1, 1), TPoint(3, 1)});

@@ -65,7 +65,9 @@ class ChainPainter {
  private:
   void DrawWide() {
     QPainter &painter = m_stage.Painter();
-    painter.translate(m_pen.unitPx / 2.0, m_pen.unitPx / 2.0);
+    // The middle of the pixels that the pen covers; those of an even number would else be rounded up on one side only.
+    const double middle = m_pen.OffsetPx() + m_pen.widthPx / 2.0;
+    painter.translate(middle, middle);
     painter.drawPolyline(m_chain);
   }
 
