@@ -70,18 +70,18 @@ std::vector<TMapPoint> Ring(const TMapPoint &centre, double radius, int corners,
 
 /// Rings beyond the first cut holes or add islands: where an even number of rings overlap, there is no area.
 void AddRings(TSheet &sheet, TMapLayer &layer) {
-  constexpr double Middle = 29.8;
+  constexpr double Middle = 29.5;
   constexpr double Captions = 24.3;
   const auto centre = [](int column) { return TMapPoint{Panel.MinX + SwatchWidth + column * ColumnWidth, Middle}; };
 
   TRegion &hole = AddRegion(layer, PenOf(Green, 2), BrushOf(PaleGreen));
-  AddPart(hole, Ring(centre(0), 3.8, 8));
+  AddPart(hole, Ring(centre(0), 3.6, 8));
   AddPart(hole, Ring(centre(0), 1.7, 4));
   sheet.AddCaption({centre(0).X, Captions}, QStringLiteral("a hole"), TAlign::Middle);
 
   TRegion &islands = AddRegion(layer, PenOf(Blue), BrushOf(PaleBlue));
-  AddPart(islands, Ring(centre(1), 3.9, Round));
-  AddPart(islands, Ring(centre(1), 2.9, Round));
+  AddPart(islands, Ring(centre(1), 3.6, Round));
+  AddPart(islands, Ring(centre(1), 2.7, Round));
   AddPart(islands, Ring({centre(1).X - 1.0, Middle + 0.4}, 1.1, Round / 2));
   AddPart(islands, Ring({centre(1).X + 1.5, Middle - 0.8}, 0.6, Round / 2));
   sheet.AddCaption({centre(1).X, Captions}, QStringLiteral("islands in a hole"), TAlign::Middle);
@@ -92,7 +92,7 @@ void AddRings(TSheet &sheet, TMapLayer &layer) {
   sheet.AddCaption({centre(2).X, Captions}, QStringLiteral("rings that overlap"), TAlign::Middle);
 
   TRegion &star = AddRegion(layer, PenOf(Ochre), BrushOf(PaleOchre));
-  AddPart(star, Ring({centre(3).X, Middle - 0.3}, 4.1, 5, 2));
+  AddPart(star, Ring({centre(3).X, Middle - 0.3}, 3.9, 5, 2));
   sheet.AddCaption({centre(3).X, Captions}, QStringLiteral("a ring over itself"), TAlign::Middle);
 }
 

@@ -44,19 +44,19 @@ void AddStyles(TSheet &sheet, TMapLayer &layer) {
   double y = FirstRow;
   for (const TNamedStyle &entry : Styles) {
     AddRowCaption(sheet, Panel.MinX, y, QString::fromLatin1(entry.name));
-    AddLine(layer, {11.5, y}, {22.5, y}, PenOf(Ink, 1, entry.style));
+    AddLine(layer, {11.5, y}, {20.5, y}, PenOf(Ink, 1, entry.style));
     y -= RowHeight;
   }
-  sheet.AddCaption({17, y + RowHeight - 0.7}, QStringLiteral("draws nothing"), TAlign::Middle);
+  sheet.AddCaption({16, y + RowHeight - 0.7}, QStringLiteral("draws nothing"), TAlign::Middle);
 }
 
 void AddWidths(TSheet &sheet, TMapLayer &layer) {
   double y = FirstRow;
   for (const int widthPx : {1, 2, 3, 5, 8}) {
-    AddRowCaption(sheet, 25.5, y, QStringLiteral("%1 px").arg(widthPx));
-    AddLine(layer, {29.5, y}, {34, y}, PenOf(Blue, widthPx));
-    AddLine(layer, {35.3, y}, {39.8, y}, PenOf(Green, widthPx, TPenStyle::psDash));
-    AddLine(layer, {41, y}, {45.5, y}, PenOf(Red, widthPx, TPenStyle::psDot));
+    AddRowCaption(sheet, 23, y, QStringLiteral("%1 px").arg(widthPx));
+    AddLine(layer, {26.7, y}, {32.1, y}, PenOf(Blue, widthPx));
+    AddLine(layer, {33.4, y}, {38.8, y}, PenOf(Green, widthPx, TPenStyle::psDash));
+    AddLine(layer, {40.1, y}, {45.5, y}, PenOf(Red, widthPx, TPenStyle::psDot));
     y -= RowHeight;
   }
 }
@@ -75,8 +75,8 @@ std::vector<TMapPoint> Wave(double left, double right, double y, double height) 
 void AddManyParts(TSheet &sheet, TMapLayer &layer) {
   auto *waves = layer.NewObject<TPolyline>();
   waves->SetPen(PenOf(Blue, 2));
-  for (const double y : {58.4, 57.1, 55.8}) AddPart(*waves, Wave(29.5, 45.5, y, 0.8));
-  AddRowCaption(sheet, 29.5, 53.4, QStringLiteral("one object of three parts"));
+  for (const double y : {58.4, 57.1, 55.8}) AddPart(*waves, Wave(26.7, 45.5, y, 0.8));
+  AddRowCaption(sheet, 26.7, 53.4, QStringLiteral("one object of three parts"));
 }
 
 }  // namespace

@@ -13,34 +13,34 @@ namespace {
 constexpr TBounds Panel{70.5, 3, 90.5, 22};
 constexpr TBounds Ground{70.5, 5.2, 90.5, 18.4};
 
-/// The height of hilly ground at a place of the picture: waves that turn, shorten and flatten from one to the next.
+/// The height of hilly ground at a place of the picture, about from -1 to 1: waves of four directions, each bent by
+/// those before it.
 double HeightAt(double x, double y) {
   double height = 0;
-  double frequency = 5;
-  for (int octave = 0; octave < 6; ++octave) {
-    const double angle = 1.3 * octave + 0.4;
-    const double along = x * std::cos(angle) + y * std::sin(angle);
-    const double across = y * std::cos(angle) - x * std::sin(angle);
-    height += std::sin(frequency * along + height) * std::cos(0.8 * frequency * across + octave) / frequency;
-    frequency *= 1.9;
+  double frequency = 4;
+  for (const double angle : {0.5, 1.9, 3.4, 5.2}) {
+    height += 2.4 * std::sin(frequency * (x * std::cos(angle) + y * std::sin(angle)) + 2 * height + angle) / frequency;
+    frequency *= 1.6;
   }
   return height;
 }
 
-/// The ground as seen from above, lit from the north-west: high ground is warm in colour, slopes in the shade are dark.
+/// The ground as seen from above: tinted by steps of height, and lit from the north-west.
 QImage Relief() {
   constexpr QSize SizePx(400, 264);
-  constexpr double Step = 1.0 / 400;
+  constexpr double Pixel = 1.0 / 400;
+  constexpr int Steps = 7;
   QImage image(SizePx, QImage::Format_RGB32);
   for (int row = 0; row < SizePx.height(); ++row) {
     for (int column = 0; column < SizePx.width(); ++column) {
-      const double x = column * Step;
-      const double y = row * Step;
-      const double slope = (HeightAt(x + Step, y + Step) - HeightAt(x - Step, y - Step)) / Step;
-      const double light = std::clamp(0.93 + 0.055 * slope, 0.62, 1.0);
-      const double warmth = std::clamp(0.5 + 2.2 * HeightAt(x, y), 0.0, 1.0);
+      const double x = column * Pixel;
+      const double y = row * Pixel;
+      const double height = HeightAt(x, y);
+      const double slope = (HeightAt(x + Pixel, y + Pixel) - height) / Pixel;
+      const double light = std::clamp(0.94 + 0.025 * slope, 0.8, 1.0);
+      const double warmth = std::clamp(std::floor((height + 1) / 2 * Steps) / (Steps - 1), 0.0, 1.0);
       const auto shade = [&](double low, double high) { return int(light * (low + warmth * (high - low))); };
-      image.setPixel(column, row, qRgb(shade(190, 250), shade(218, 236), shade(186, 206)));
+      image.setPixel(column, row, qRgb(shade(178, 252), shade(212, 234), shade(184, 204)));
     }
   }
   return image;
@@ -63,10 +63,7 @@ void AddRoute(TMapLayer &layer) {
 void AddPicture(TSheet &sheet) {
   sheet.AddHeading(Panel, QStringLiteral("Pictures"), QStringLiteral("TSubstrate"));
   auto ground = std::make_shared<TRectangle>();
-  ground->SetX0(Ground.MinX);
-  ground->SetY0(Ground.MinY);
-  ground->SetX1(Ground.MaxX);
-  ground->SetY1(Ground.MaxY);
+  SetCorners(*ground, Ground);
   auto relief = std::make_unique<TSubstrate>();
   relief->SetBitmap(TBitmap(Relief()));
   relief->SetRect(std::move(ground));

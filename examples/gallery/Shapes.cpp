@@ -2,7 +2,6 @@
 #include "Themes.h"
 
 #include <tessera/objects/TCircle.h>
-#include <tessera/objects/TRectangle.h>
 
 namespace tessera::gallery {
 namespace {
@@ -22,10 +21,7 @@ TCircle &AddCircle(TMapLayer &layer, const TMapPoint &centre, double radius, con
 
 TRectangle &AddRectangle(TMapLayer &layer, const TBounds &box, const TPen &pen, const TBrush &brush) {
   auto *rectangle = layer.NewObject<TRectangle>();
-  rectangle->SetX0(box.MinX);
-  rectangle->SetY0(box.MinY);
-  rectangle->SetX1(box.MaxX);
-  rectangle->SetY1(box.MaxY);
+  SetCorners(*rectangle, box);
   rectangle->SetPen(pen);
   rectangle->SetBrush(brush);
   return *rectangle;

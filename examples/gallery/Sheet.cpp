@@ -15,6 +15,12 @@ TMapPoint OnPixel(double x, double y) {
   return {std::round(x * PxPerUnit) / PxPerUnit, std::round(y * PxPerUnit) / PxPerUnit};
 }
 
+/// Widens the box beyond the text. Fonts come in whole points, so at most sizes of the sheet a text is not quite as
+/// wide as its share; with room to spare its height alone decides, and texts of one height stay alike.
+void GiveRoom(TText &text) {
+  text.SetWidth(1.1 * text.GetWidth());
+}
+
 }  // namespace
 
 TPen PenOf(TColor color, int widthPx, TPenStyle style) {
@@ -65,12 +71,12 @@ void TSheet::AddHeading(const TBounds &panel, const QString &heading, const QStr
   rule->SetPen(PenOf(Ink, 2));
   AddPart(*rule, std::vector<TMapPoint>{{panel.MinX, panel.MaxY}, {panel.MaxX, panel.MaxY}});
   const double baseline = panel.MaxY - 2.4;
-  AddText(m_headings, {panel.MinX, baseline}, heading, FontOf(11, Ink, TFontStyle::fsBold));
-  AddText(m_headings, {panel.MaxX, baseline}, classes, FontOf(9, Red), TAlign::Right);
+  GiveRoom(AddText(m_headings, {panel.MinX, baseline}, heading, FontOf(11, Ink, TFontStyle::fsBold)));
+  GiveRoom(AddText(m_headings, {panel.MaxX, baseline}, classes, FontOf(9, Red), TAlign::Right));
 }
 
 void TSheet::AddCaption(const TMapPoint &at, const QString &text, TAlign align) {
-  AddText(m_captions, at, text, SmallFont(), align);
+  GiveRoom(AddText(m_captions, at, text, SmallFont(), align));
 }
 
 TText &AddText(TMapLayer &layer, const TMapPoint &at, const QString &text, const TFont &font, TAlign align) {
@@ -89,6 +95,13 @@ TText &AddText(TMapLayer &layer, const TMapPoint &at, const QString &text, const
 void AddPart(TCustomMapObject &object, std::span<const TMapPoint> points) {
   TMapPoints &part = object.GetParts().Add().GetPoints();
   for (const TMapPoint &point : points) part.Add(point);
+}
+
+void SetCorners(TRectangle &rectangle, const TBounds &box) {
+  rectangle.SetX0(box.MinX);
+  rectangle.SetY0(box.MinY);
+  rectangle.SetX1(box.MaxX);
+  rectangle.SetY1(box.MaxY);
 }
 
 std::vector<TMapPoint> RingOf(const TBounds &box) {

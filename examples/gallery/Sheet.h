@@ -2,6 +2,7 @@
 #pragma once
 
 #include <tessera/map/TTessera.h>
+#include <tessera/objects/TRectangle.h>
 #include <tessera/objects/TText.h>
 
 namespace tessera::gallery {
@@ -61,6 +62,7 @@ TText &AddText(TMapLayer &layer, const TMapPoint &at, const QString &text, const
                TAlign align = TAlign::Left);
 /// Appends a part with the given vertices to a line or a region.
 void AddPart(TCustomMapObject &object, std::span<const TMapPoint> points);
+void SetCorners(TRectangle &rectangle, const TBounds &box);
 /// The corners of a box, the first one repeated at the end.
 [[nodiscard]] std::vector<TMapPoint> RingOf(const TBounds &box);
 /// Looks at the whole sheet, whatever the shape of the control.

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Themes.h"
 
-#include <tessera/objects/TRectangle.h>
-
 #include <cmath>
 #include <numbers>
 
@@ -33,7 +31,7 @@ void AddStyles(TMapLayer &layer) {
     const char *text;
     TFontStyle style;
   };
-  constexpr double Gap = 1.9;
+  constexpr double Gap = 1.2;
   double x = ExamplesLeft;
   for (const TSample &sample :
        {TSample{"bold", TFontStyle::fsBold}, TSample{"italic", TFontStyle::fsItalic},
@@ -63,10 +61,7 @@ void AddBackgrounds(TMapLayer &layer) {
 /// A text fills its box as far as the box's height or its width allows; a rectangle shows the box.
 void AddFitted(TMapLayer &layer, TMapLayer &frames, const TBounds &box, const QString &words) {
   auto *frame = frames.NewObject<TRectangle>();
-  frame->SetX0(box.MinX);
-  frame->SetY0(box.MinY);
-  frame->SetX1(box.MaxX);
-  frame->SetY1(box.MaxY);
+  SetCorners(*frame, box);
   frame->SetPen(PenOf(Faint));
   frame->SetBrush(BrushOf(Paper, TBrushStyle::bsClear));
 

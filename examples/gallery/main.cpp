@@ -11,6 +11,7 @@
 #include <QCommandLineParser>
 #include <QImageWriter>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 
