@@ -15,12 +15,6 @@ TMapPoint OnPixel(double x, double y) {
   return {std::round(x * PxPerUnit) / PxPerUnit, std::round(y * PxPerUnit) / PxPerUnit};
 }
 
-/// Widens the box beyond the text. Fonts come in whole points, so at most sizes of the sheet a text is not quite as
-/// wide as its share; with room to spare its height alone decides, and texts of one height stay alike.
-void GiveRoom(TText &text) {
-  text.SetWidth(1.1 * text.GetWidth());
-}
-
 }  // namespace
 
 TPen PenOf(TColor color, int widthPx, TPenStyle style) {
@@ -90,6 +84,10 @@ TText &AddText(TMapLayer &layer, const TMapPoint &at, const QString &text, const
   const TMapPoint anchor = OnPixel(at.X - shift, at.Y);
   object->MoveTo(anchor.X, anchor.Y);
   return *object;
+}
+
+void GiveRoom(TText &text) {
+  text.SetWidth(1.1 * text.GetWidth());
 }
 
 void AddPart(TCustomMapObject &object, std::span<const TMapPoint> points) {

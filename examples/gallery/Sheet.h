@@ -60,6 +60,9 @@ class TSheet {
 /// and the font with the box.
 TText &AddText(TMapLayer &layer, const TMapPoint &at, const QString &text, const TFont &font,
                TAlign align = TAlign::Left);
+/// Widens the box beyond the text. Fonts come in whole points, so at most sizes of the sheet a text is not quite as
+/// wide as its share; with room to spare its height alone decides, and texts of one height stay alike.
+void GiveRoom(TText &text);
 /// Appends a part with the given vertices to a line or a region.
 void AddPart(TCustomMapObject &object, std::span<const TMapPoint> points);
 void SetCorners(TRectangle &rectangle, const TBounds &box);

@@ -23,6 +23,7 @@ void AddFan(TMapLayer &layer) {
     text.MoveTo(Centre.X + InnerRadius * std::cos(angle) - half * std::sin(angle),
                 Centre.Y + InnerRadius * std::sin(angle) + half * std::cos(angle) - text.GetHeight());
     text.SetAngle(angleDeg);
+    GiveRoom(text);
   }
 }
 
@@ -36,8 +37,9 @@ void AddStyles(TMapLayer &layer) {
   for (const TSample &sample :
        {TSample{"bold", TFontStyle::fsBold}, TSample{"italic", TFontStyle::fsItalic},
         TSample{"underlined", TFontStyle::fsUnderline}, TSample{"struck out", TFontStyle::fsStrikeOut}}) {
-    const TText &text = AddText(layer, {x, 45}, QString::fromLatin1(sample.text), FontOf(9, Ink, sample.style));
+    TText &text = AddText(layer, {x, 45}, QString::fromLatin1(sample.text), FontOf(9, Ink, sample.style));
     x += text.GetWidth() + Gap;
+    GiveRoom(text);
   }
 }
 
