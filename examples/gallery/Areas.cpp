@@ -50,7 +50,8 @@ void AddStyles(TSheet &sheet, TMapLayer &layer) {
   constexpr double FirstRow = 41.4;
   constexpr double RowHeight = 5.7;
   for (int i = 0; i < int(Styles.size()); ++i) {
-    const TMapPoint at{Panel.MinX + i % Columns * ColumnWidth, FirstRow - i / Columns * RowHeight};
+    const int row = i / Columns;
+    const TMapPoint at{Panel.MinX + i % Columns * ColumnWidth, FirstRow - row * RowHeight};
     AddSwatch(layer, at, Styles[i].style, false);
     AddSwatch(layer, {at.X + SwatchWidth, at.Y}, Styles[i].style, true);
     sheet.AddCaption({at.X + SwatchWidth, at.Y - 1.6}, QString::fromLatin1(Styles[i].name), TAlign::Middle);

@@ -31,7 +31,8 @@ void AddTable(TSheet &sheet, TMapLayer &layer) {
   constexpr double FirstRow = 74.6;
   for (int shape = FirstShape; shape <= LastShape; ++shape) {
     const int place = shape - FirstShape;
-    const TMapPoint at{Panel.MinX + (place % Columns + 0.5) * ColumnWidth, FirstRow - place / Columns * RowHeight};
+    const int row = place / Columns;
+    const TMapPoint at{Panel.MinX + (place % Columns + 0.5) * ColumnWidth, FirstRow - row * RowHeight};
     AddSymbol(layer, at, shape, SymbolFont(16, Ink));
     sheet.AddCaption({at.X, at.Y - 3.1}, QString::number(shape), TAlign::Middle);
   }
