@@ -14,31 +14,22 @@ namespace {
 
 using test::TLocaleGuard;
 
-TEST(DateTimesTest, CountsDaysFromTheEndOf1899) {
+TEST(DateTimesTest, CountsDaysFromTheEndOf1899AndTheTimeOfDayForwardsBeforeThatToo) {
   const TLocaleGuard guard(test::Russian());
-  EXPECT_EQ(DateToStr(0), QStringLiteral("30.12.1899"));
-  EXPECT_EQ(DateToStr(1.99), QStringLiteral("31.12.1899"));
-  EXPECT_EQ(DateToStr(36526), QStringLiteral("01.01.2000"));
+  const std::pair<double, const char *> cases[] = {
+      {0, "30.12.1899"},
+      {36526, "01.01.2000"},
+      {1.25, "31.12.1899 06:00:00"},
+      {-1.25, "29.12.1899 06:00:00"},
+      {86399.999 / 86400, "30.12.1899 23:59:59"},
+      {0.999999999, "31.12.1899"},  // the last half millisecond is carried into the next day
+  };
+  for (const auto &[value, text] : cases) EXPECT_EQ(DateTimeToStr(value), QLatin1String(text));
+  EXPECT_EQ(DateToStr(1.99), u"31.12.1899");
+  EXPECT_EQ(TimeToStr(-1.25), u"06:00:00");
   EXPECT_EQ(StrToDate(u" 29.02.2024 "), 45351);
-}
-
-TEST(DateTimesTest, CountsTheTimeOfDayForwardsBeforeDayZeroToo) {
-  EXPECT_EQ(TimeToStr(1.25), QStringLiteral("06:00:00"));
-  EXPECT_EQ(TimeToStr(-1.25), QStringLiteral("06:00:00"));
-  const TLocaleGuard guard(test::Russian());
-  EXPECT_EQ(DateTimeToStr(-1.25), QStringLiteral("29.12.1899 06:00:00"));
-}
-
-TEST(DateTimesTest, CarriesTheLastHalfMillisecondIntoTheNextDay) {
-  const TLocaleGuard guard(test::Russian());
-  EXPECT_EQ(DateTimeToStr(0.999999999), QStringLiteral("31.12.1899"));
-  EXPECT_EQ(DateTimeToStr(86399.999 / 86400), QStringLiteral("30.12.1899 23:59:59"));
-}
-
-TEST(DateTimesTest, ReadsTimesWithAndWithoutSeconds) {
   EXPECT_EQ(StrToTime(u"12:00"), 0.5);
   EXPECT_EQ(StrToTime(u" 6:0:0 "), 0.25);
-  EXPECT_EQ(StrToTime(u"23:59:59"), 86399.0 / 86400);
 }
 
 TEST(DateTimesTest, RefusesWhatIsNoDateOrTime) {
