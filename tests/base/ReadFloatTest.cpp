@@ -11,17 +11,17 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tessera {
 namespace {
 
 /// What a reading gave: the bits of the number, so that -0 is not 0, and how many bytes it took.
-struct TReading {
-  std::uint64_t bits;
-  std::ptrdiff_t size;
+using TReading = std::pair<std::uint64_t, std::ptrdiff_t>;
 
-  bool operator==(const TReading &) const = default;
-};
+TReading Reading(double value, std::ptrdiff_t size) {
+  return {std::bit_cast<std::uint64_t>(value), size};
+}
 
 std::optional<TReading> Read(std::string_view text, char separator = '.') {
   // A block of its own, so that a sanitizer sees a look past its end.
@@ -30,18 +30,14 @@ std::optional<TReading> Read(std::string_view text, char separator = '.') {
   double value = 0;
   const char *end = ReadFloat(bytes.get(), bytes.get() + text.size(), separator, value);
   if (end == nullptr) return std::nullopt;
-  return TReading{std::bit_cast<std::uint64_t>(value), end - bytes.get()};
+  return Reading(value, end - bytes.get());
 }
 
 std::optional<TReading> ReadPlainly(std::string_view text) {
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc{}) return std::nullopt;
-  return TReading{std::bit_cast<std::uint64_t>(value), end - text.data()};
-}
-
-TReading Reading(double value, std::ptrdiff_t size) {
-  return {std::bit_cast<std::uint64_t>(value), size};
+  return Reading(value, end - text.data());
 }
 
 struct TReadCase {
@@ -52,22 +48,11 @@ struct TReadCase {
 };
 
 TEST(ReadFloatTest, TakesTheNumberAndLeavesTheRest) {
+  // What is not compared with from_chars on random texts: a plus in front, hexadecimal digits and long numbers.
   const TReadCase cases[] = {
-      {"178.124381 57.5", '.', 178.124381, 10},
-      {"178,124381 57,5", ',', 178.124381, 10},
-      {"1.5", ',', 1, 1},
-      {"1,5", '.', 1, 1},
       {"+2.5", '.', 2.5, 4},
       {"+2,5e1;", ',', 25, 6},
-      {"-0", '.', -0.0, 2},
-      {"5.", '.', 5, 2},
-      {".5", '.', 0.5, 2},
-      {"-.5e-1x", '.', -0.05, 6},
-      {"1e", '.', 1, 1},
-      {"1e+", '.', 1, 1},
-      {"1,25E+2E", ',', 125, 7},
       {"0x10", '.', 0, 1},
-      {"1.2.3", '.', 1.2, 3},
       {"9007199254740993", '.', 9007199254740992, 16},
       {"0000000000000000000000000000012", '.', 12, 31},
       {"0,00000000000000000000000000125", ',', 1.25e-27, 31},
@@ -75,6 +60,11 @@ TEST(ReadFloatTest, TakesTheNumberAndLeavesTheRest) {
   for (const TReadCase &test : cases) {
     EXPECT_EQ(Read(test.text, test.separator), Reading(test.value, test.size)) << test.text;
   }
+  // The middle between 1 and the next double, and a hair above it.
+  const std::string middle = "1.00000000000000011102230246251565404236316680908203125";
+  EXPECT_EQ(Read(middle), Reading(1.0, std::ssize(middle)));
+  const std::string above = middle + std::string(500, '0') + "1";
+  EXPECT_EQ(Read(above), Reading(1.0000000000000002, std::ssize(above)));
 }
 
 TEST(ReadFloatTest, RefusesWhatIsNoNumberAndLeavesTheValueAlone) {
@@ -84,14 +74,6 @@ TEST(ReadFloatTest, RefusesWhatIsNoNumberAndLeavesTheValueAlone) {
     EXPECT_EQ(ReadFloat(text.data(), text.data() + text.size(), '.', value), nullptr) << text;
     EXPECT_EQ(value, 7) << text;
   }
-}
-
-TEST(ReadFloatTest, RoundsLongNumbersByAllTheirDigits) {
-  // The middle between 1 and the next double, and a hair above it.
-  const std::string middle = "1.00000000000000011102230246251565404236316680908203125";
-  EXPECT_EQ(Read(middle), Reading(1.0, std::ssize(middle)));
-  const std::string above = middle + std::string(500, '0') + "1";
-  EXPECT_EQ(Read(above), Reading(1.0000000000000002, std::ssize(above)));
 }
 
 /// Digits with a separator, a sign and an exponent now and then, and other bytes among them.
@@ -112,7 +94,7 @@ std::string RandomText(test::TRandomNumbers &random, char separator) {
 TEST(ReadFloatTest, EqualsFromCharsOnRandomTexts) {
   for (const char separator : {'.', ','}) {
     test::TRandomNumbers random(11);
-    for (int i = 0; i < 1'000'000; ++i) {
+    for (int i = 0; i < 400'000; ++i) {
       const std::string text = RandomText(random, separator);
       std::string plain = text;
       for (char &c : plain) c = c == separator ? '.' : c == '.' ? '\x01' : c;
@@ -124,7 +106,7 @@ TEST(ReadFloatTest, EqualsFromCharsOnRandomTexts) {
 }
 
 TEST(ReadFloatTest, ReadsBackEveryKindOfNumber) {
-  constexpr int Count = 200'000;
+  constexpr int Count = 100'000;
   char buffer[Fixed6Size];
   for (const test::TNumberKind &kind : test::NumberKinds) {
     test::TRandomNumbers random(12);
@@ -142,35 +124,27 @@ TEST(ReadFloatTest, ReadsBackEveryKindOfNumber) {
   }
 }
 
-struct TIntCase {
-  const char *text;
-  int value;
-  std::ptrdiff_t size;
-};
-
-TEST(ReadIntTest, TakesAsManyDigitsAsFitInto32Bits) {
-  const TIntCase cases[] = {
-      {"0", 0, 1},
-      {"+5 x", 5, 2},
-      {"-12.5", -12, 3},
-      {"2147483647", 2147483647, 10},
-      {"-2147483648", -2147483647 - 1, 11},
-      {"00000000000000007;", 7, 17},
+TEST(ReadIntTest, TakesAsManyDigitsAsFitInto32BitsOrNothing) {
+  struct IntCase {
+    std::string_view text;
+    int value;
+    std::size_t size;
   };
-  for (const TIntCase &test : cases) {
-    const std::string_view text = test.text;
-    int value = -1;
-    EXPECT_EQ(ReadInt(text.data(), text.data() + text.size(), value), text.data() + test.size) << text;
-    EXPECT_EQ(value, test.value) << text;
+  const IntCase numbers[] = {{"0", 0, 1},
+                             {"+5 x", 5, 2},
+                             {"-12.5", -12, 3},
+                             {"2147483647", 2147483647, 10},
+                             {"-2147483648", -2147483647 - 1, 11},
+                             {"00000000000000007;", 7, 17}};
+  int value = -1;
+  for (const IntCase &test : numbers) {
+    EXPECT_EQ(ReadInt(test.text.begin(), test.text.end(), value), test.text.begin() + test.size) << test.text;
+    EXPECT_EQ(value, test.value) << test.text;
   }
-}
-
-TEST(ReadIntTest, RefusesWhatIsNoIntegerAndLeavesTheValueAlone) {
   for (const std::string_view text :
        {"", "+", "-", "+-1", " 1", "x", "2147483648", "-2147483649", "99999999999999999999"}) {
-    int value = 7;
-    EXPECT_EQ(ReadInt(text.data(), text.data() + text.size(), value), nullptr) << text;
-    EXPECT_EQ(value, 7) << text;
+    EXPECT_EQ(ReadInt(text.begin(), text.end(), value), nullptr) << text;
+    EXPECT_EQ(value, numbers[5].value) << "a refused text leaves the value alone";
   }
 }
 
