@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <limits>
 #include <string>
 
 namespace tessera {
@@ -26,44 +25,19 @@ std::string Printed(double value, char separator = '.') {
   return text;
 }
 
-struct TWriteCase {
-  double value;
-  const char *text;
-};
-
 TEST(WriteFixed6Test, WritesWhatPrintfWritesAtTheBorders) {
-  const TWriteCase cases[] = {
-      {0.0, "0.000000"},
-      {-0.0, "-0.000000"},
-      {178.124381, "178.124381"},
-      {-1e-9, "-0.000000"},
-      {0.9999995, "1.000000"},
-      {0.99999951, "1.000000"},
-      {0.0000005, "0.000000"},  // just below
-      {0.0078125, "0.007812"},  // an exact tie goes to the even digit
-      {0.0234375, "0.023438"},
-      {9.5, "9.500000"},
-      {10.0, "10.000000"},
-      {99.9999999, "100.000000"},
-      {3999999999.9999995, "4000000000.000000"},  // the last number of the fast way carries
-      {4000000000.0, "4000000000.000000"},
-      {std::numeric_limits<double>::infinity(), "inf"},
-  };
-  for (const TWriteCase &test : cases) {
-    EXPECT_EQ(Written(test.value), test.text);
-    EXPECT_EQ(Printed(test.value), test.text) << "the table is wrong";
+  // Zeros, ties, carries, and the ends of what the fast way takes and of all numbers.
+  for (const double value : {0.0, -0.0, -1e-9, 0.0000005, 0.0078125, 0.0234375, 0.9999995, 0.99999951, 9.5, 10.0,
+                             99.9999999, 3999999999.9999995, 4e9, std::numeric_limits<double>::infinity()}) {
+    EXPECT_EQ(Written(value), Printed(value));
   }
-}
-
-TEST(WriteFixed6Test, FitsTheLongestNumberIntoItsBuffer) {
-  const std::string text = Written(-std::numeric_limits<double>::max(), ',');
-  EXPECT_EQ(text.size(), 317U);
-  EXPECT_LT(text.size(), Fixed6Size);
-  EXPECT_EQ(text, Printed(-std::numeric_limits<double>::max(), ','));
+  const std::string longest = Written(-std::numeric_limits<double>::max(), ',');
+  EXPECT_LT(longest.size(), Fixed6Size);
+  EXPECT_EQ(longest, Printed(-std::numeric_limits<double>::max(), ','));
 }
 
 TEST(WriteFixed6Test, EqualsPrintfOnRandomNumbers) {
-  constexpr int Count = 500'000;
+  constexpr int Count = 250'000;
   for (const test::TNumberKind &kind : test::NumberKinds) {
     test::TRandomNumbers random(6);
     for (int i = 0; i < Count; ++i) {
