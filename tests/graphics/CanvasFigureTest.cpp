@@ -21,65 +21,56 @@ std::string RowText(const Board &board, int y, int width) {
   return text;
 }
 
+/// The upper left corner of the board must look like this.
+void ExpectRows(const Board &board, const std::vector<std::string> &rows) {
+  for (std::size_t y = 0; y < rows.size(); ++y) {
+    EXPECT_EQ(RowText(board, int(y), int(rows[y].size())), rows[y]) << "row " << y;
+  }
+}
+
 TEST(CanvasFigureTest, LeavesOutTheRightColumnAndBottomRowOfARectangle) {
-  Board board(40, 30);
-  board.canvas.Brush().SetStyle(TBrushStyle::bsSolid);
-  board.canvas.Brush().SetColor(clRed);
+  Board board;
+  board.FillWith(clRed);
   board.canvas.Rectangle(5, 4, 1, 1);
-  EXPECT_EQ(RowText(board, 0, 7), ".......");
-  EXPECT_EQ(RowText(board, 1, 7), ".####..");
-  EXPECT_EQ(RowText(board, 2, 7), ".#oo#..");
-  EXPECT_EQ(RowText(board, 3, 7), ".####..");
-  EXPECT_EQ(RowText(board, 4, 7), ".......");
+  ExpectRows(board, {".......", ".####..", ".#oo#..", ".####..", "......."});
 }
 
-struct FrameCase {
-  std::string name;
-  TPenStyle style;
-  int width;
-  qreal ratio;
-  std::string row;  ///< The middle row of a rectangle in columns 4 … 11.
-};
-
-class CanvasFrameTest : public testing::TestWithParam<FrameCase> {};
-
-TEST_P(CanvasFrameTest, CentresThePenOnTheBorder) {
-  Board board(40, 30, GetParam().ratio);
-  board.canvas.Brush().SetStyle(TBrushStyle::bsSolid);
-  board.canvas.Brush().SetColor(clRed);
-  board.canvas.Pen().SetStyle(GetParam().style);
-  board.canvas.Pen().SetWidth(GetParam().width);
-  board.canvas.Rectangle(4, 4, 12, 20);
-  EXPECT_EQ(RowText(board, int(12 * GetParam().ratio), int(GetParam().row.size())), GetParam().row);
+TEST(CanvasFigureTest, CentresThePenOnTheBorder) {
+  struct FrameCase {
+    TPenStyle style;
+    int width;
+    int ratio;
+    std::string row;  ///< The middle row of a rectangle in columns 4 … 11.
+  };
+  const FrameCase cases[] = {{TPenStyle::psClear, 1, 1, "....oooooooo...."},
+                             {TPenStyle::psSolid, 1, 1, "....#oooooo#...."},
+                             {TPenStyle::psSolid, 3, 1, "...###oooo###..."},
+                             {TPenStyle::psInsideFrame, 3, 1, "....###oo###...."},
+                             {TPenStyle::psInsideFrame, 9, 1, "....########...."},
+                             {TPenStyle::psSolid, 1, 2, "........##oooooooooooo##........"}};
+  for (const FrameCase &test : cases) {
+    Board board(40, 30, test.ratio);
+    board.FillWith(clRed);
+    board.canvas.Pen().SetStyle(test.style);
+    board.canvas.Pen().SetWidth(test.width);
+    board.canvas.Rectangle(4, 4, 12, 20);
+    EXPECT_EQ(RowText(board, 12 * test.ratio, int(test.row.size())), test.row);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Pens, CanvasFrameTest,
-                         testing::Values(FrameCase{"None", TPenStyle::psClear, 1, 1, "....oooooooo...."},
-                                         FrameCase{"Thin", TPenStyle::psSolid, 1, 1, "....#oooooo#...."},
-                                         FrameCase{"Three", TPenStyle::psSolid, 3, 1, "...###oooo###..."},
-                                         FrameCase{"Inside", TPenStyle::psInsideFrame, 3, 1, "....###oo###...."},
-                                         FrameCase{"TooWideInside", TPenStyle::psInsideFrame, 9, 1, "....########...."},
-                                         FrameCase{"ThinAtRatioTwo", TPenStyle::psSolid, 1, 2,
-                                                   "........##oooooooooooo##........"}),
-                         [](const auto &row) { return row.param.name; });
 
 TEST(CanvasFigureTest, DrawsARoundClosedEllipse) {
   Board board;
   board.canvas.Ellipse(0, 0, 9, 9);
-  const std::string rows[] = {"..#####..", ".#.....#.", "#.......#", "#.......#", "#.......#",
-                              "#.......#", "#.......#", ".#.....#.", "..#####.."};
-  for (int y = 0; y < 9; ++y) EXPECT_EQ(RowText(board, y, 9), rows[y]);
-  EXPECT_EQ(RowText(board, 9, 9), ".........");
+  ExpectRows(board, {"..#####..", ".#.....#.", "#.......#", "#.......#", "#.......#", "#.......#", "#.......#",
+                     ".#.....#.", "..#####..", "........."});
 }
 
 TEST(CanvasFigureTest, FillsAPolygonByTheAlternateRule) {
-  Board board(40, 30);
-  board.canvas.Brush().SetStyle(TBrushStyle::bsSolid);
-  board.canvas.Brush().SetColor(clRed);
+  Board board;
+  board.FillWith(clRed);
   board.canvas.Pen().SetStyle(TPenStyle::psClear);
-  const std::array<TPoint, 8> nested{TPoint(0, 0), TPoint(9, 0), TPoint(9, 9), TPoint(0, 9),
-                                     TPoint(0, 0), TPoint(5, 0), TPoint(5, 9), TPoint(0, 9)};
-  board.canvas.Polygon(nested);
+  board.canvas.Polygon(std::array{TPoint(0, 0), TPoint(9, 0), TPoint(9, 9), TPoint(0, 9), TPoint(0, 0), TPoint(5, 0),
+                                  TPoint(5, 9), TPoint(0, 9)});
   EXPECT_EQ(RowText(board, 4, 11), ".....oooo..");
 }
 
@@ -88,8 +79,7 @@ TEST(CanvasFigureTest, DrawsALineWithoutItsEndAndAPolylineWithIt) {
   board.canvas.MoveTo(1, 0);
   board.canvas.LineTo(4, 0);
   board.canvas.Polyline(std::array{TPoint(1, 1), TPoint(4, 1)});
-  EXPECT_EQ(RowText(board, 0, 6), ".###..");
-  EXPECT_EQ(RowText(board, 1, 6), ".####.");
+  ExpectRows(board, {".###..", ".####."});
 }
 
 TEST(CanvasFigureTest, DrawsALineAlikeInBothDirections) {
@@ -106,16 +96,14 @@ TEST(CanvasFigureTest, DrawsALineAlikeInBothDirections) {
 }
 
 TEST(CanvasFigureTest, CarriesDashesOnFromLineToLine) {
-  Board whole;
-  whole.canvas.Pen().SetStyle(TPenStyle::psDash);
-  whole.canvas.MoveTo(0, 3);
-  whole.canvas.LineTo(36, 3);
-  Board pieces;
-  pieces.canvas.Pen().SetStyle(TPenStyle::psDash);
-  pieces.canvas.MoveTo(0, 3);
-  for (int x = 1; x <= 36; ++x) pieces.canvas.LineTo(x, 3);
-  EXPECT_EQ(RowText(whole, 3, 14), "####..####..##");
-  EXPECT_EQ(RowText(pieces, 3, 36), RowText(whole, 3, 36));
+  Board board;
+  board.canvas.Pen().SetStyle(TPenStyle::psDash);
+  board.canvas.MoveTo(0, 0);
+  board.canvas.LineTo(36, 0);
+  board.canvas.MoveTo(0, 1);
+  for (int x = 1; x <= 36; ++x) board.canvas.LineTo(x, 1);
+  EXPECT_EQ(RowText(board, 0, 14), "####..####..##");
+  EXPECT_EQ(RowText(board, 1, 36), RowText(board, 0, 36));
 }
 
 TEST(CanvasFigureTest, KeepsTheDashesOfAWideLineOnItsWayThroughThePicture) {
@@ -150,15 +138,12 @@ TEST(CanvasFigureTest, DrawsAWideLineAlikeOnAllSides) {
 TEST(CanvasFigureTest, DrawsAThinLineTwoPixelsWideAtRatioTwo) {
   Board board(40, 30, 2);
   board.canvas.Polyline(std::array{TPoint(1, 1), TPoint(3, 1)});
-  EXPECT_EQ(RowText(board, 1, 8), "........");
-  EXPECT_EQ(RowText(board, 2, 7), "..#####");
-  EXPECT_EQ(RowText(board, 3, 7), "..#####");
-  EXPECT_EQ(RowText(board, 4, 8), "........");
+  ExpectRows(board, {".......", ".......", "..#####", "..#####", "......."});
 }
 
 TEST(CanvasBrushTest, LeavesWhatLiesBetweenTheLinesOfAHatch) {
-  Board board(40, 30);
-  board.canvas.Brush().SetColor(clRed);
+  Board board;
+  board.FillWith(clRed);
   board.canvas.Brush().SetStyle(TBrushStyle::bsVertical);
   board.canvas.FillRect(QRect(2, 0, 20, 1));
   EXPECT_EQ(RowText(board, 0, 24), "....o.......o.......o...");
@@ -166,7 +151,7 @@ TEST(CanvasBrushTest, LeavesWhatLiesBetweenTheLinesOfAHatch) {
 
 TEST(CanvasBrushTest, StartsHatchesAtThePicturesCornerAndScalesThem) {
   Board board(40, 30, 2);
-  board.canvas.Brush().SetColor(clRed);
+  board.FillWith(clRed);
   board.canvas.Brush().SetStyle(TBrushStyle::bsFDiagonal);
   board.canvas.FillRect(QRect(0, 0, 40, 30));
   for (int i = 0; i < 60; ++i) EXPECT_EQ(board.At(i, i), clRed);
@@ -178,11 +163,10 @@ TEST(CanvasBrushTest, LeavesThePictureUnderTransparentPixelsOfABitmap) {
   for (int y = 0; y < 8; ++y) {
     for (int x = 0; x < 8; ++x) image.setPixel(x, y, x % 2 == 1 && y % 2 == 1 ? 0 : qRgb(255, 0, 0));
   }
-  Board board(40, 30);
+  Board board;
   board.canvas.Brush().SetBitmap(TBitmap(image));
   board.canvas.FillRect(QRect(1, 0, 9, 2));
-  EXPECT_EQ(RowText(board, 0, 12), ".ooooooooo..");
-  EXPECT_EQ(RowText(board, 1, 12), "..o.o.o.o...");
+  ExpectRows(board, {".ooooooooo..", "..o.o.o.o..."});
 }
 
 TEST(CanvasBrushTest, LeavesOutTheTransparentColourOfABitmapAndSeesItChange) {
@@ -190,19 +174,18 @@ TEST(CanvasBrushTest, LeavesOutTheTransparentColourOfABitmapAndSeesItChange) {
   pattern.SetSize(2, 1);
   pattern.GetImage().setPixel(0, 0, ToRgb(clRed));
   pattern.GetImage().setPixel(1, 0, ToRgb(clBlack));
-  Board board(40, 30);
+  Board board;
   board.canvas.Brush().SetBitmap(pattern);
   board.canvas.FillRect(QRect(0, 0, 5, 1));
   pattern.SetTransparent(true);
   pattern.SetTransparentColor(clBlack);
   board.canvas.Brush().SetBitmap(pattern);
   board.canvas.FillRect(QRect(0, 1, 5, 1));
-  EXPECT_EQ(RowText(board, 0, 6), "o#o#o.");
-  EXPECT_EQ(RowText(board, 1, 6), "o.o.o.");
+  ExpectRows(board, {"o#o#o.", "o.o.o."});
 }
 
 TEST(CanvasBitmapTest, GoesOnDrawingWhenTheBitmapChangesUnderIt) {
-  Board board(40, 30);
+  Board board;
   board.canvas.Pen().SetWidth(6);
   const std::array line{TPoint(0, 5), TPoint(39, 5)};
   board.canvas.Polyline(line);

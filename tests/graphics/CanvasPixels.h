@@ -16,6 +16,11 @@ struct Board {
     canvas.Brush().SetStyle(TBrushStyle::bsClear);
   }
 
+  /// Fills figures with a colour.
+  void FillWith(TColor color) {
+    canvas.Brush().SetStyle(TBrushStyle::bsSolid);
+    canvas.Brush().SetColor(color);
+  }
   /// The colour of a device pixel.
   [[nodiscard]] TColor At(int x, int y) const { return FromQColor(bitmap.GetImage().pixelColor(x, y)); }
   /// How many device pixels have a colour.
