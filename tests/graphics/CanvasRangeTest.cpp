@@ -18,10 +18,11 @@ constexpr int kExtremes[] = {kLowest, kLowest + 1, -40000, 0, 15, 40000, kHighes
 
 /// Every drawing with two corners taken from the ends of the coordinates.
 void DrawAll(TCanvas &canvas, int x1, int y1, int x2, int y2) {
-  const std::array<TPoint, 4> points{TPoint(x1, y1), TPoint(x2, y1), TPoint(x2, y2), TPoint(20, y1)};
+  const std::array points{TPoint(x1, y1), TPoint(x2, y1), TPoint(x2, y2), TPoint(20, y1)};
+  const QRect rect(TPoint(x1, y1), TPoint(x2, y2));
   TBitmap bitmap;
   bitmap.SetSize(3, 2);
-  canvas.FillRect(QRect(QPoint(x1, y1), QPoint(x2, y2)));
+  canvas.FillRect(rect);
   canvas.Rectangle(x1, y1, x2, y2);
   canvas.Ellipse(x1, y1, x2, y2);
   canvas.Polygon(points);
@@ -32,9 +33,8 @@ void DrawAll(TCanvas &canvas, int x1, int y1, int x2, int y2) {
   canvas.CreatePolygonRgn(points, TFillMode::Winding, region);
   canvas.PaintRgn(region);
   canvas.Draw(x1, y1, bitmap);
-  const QRect rect(QPoint(x1, y1), QPoint(x2, y2));
   canvas.StretchDraw(rect, bitmap);
-  canvas.CopyRect(rect, canvas, QRect(QPoint(x2, y2), QPoint(x2, y2)));
+  canvas.CopyRect(rect, canvas, QRect(TPoint(x2, y2), TPoint(x2, y2)));
   canvas.CopyRect(QRect(0, 0, 9, 9), canvas, rect);
   canvas.TextOut(x1, y1, QStringLiteral("A"));
   canvas.TextOut(x1, y2, QStringLiteral("Ag"));
@@ -43,46 +43,42 @@ void DrawAll(TCanvas &canvas, int x1, int y1, int x2, int y2) {
   canvas.SetFontEscapement(0);
 }
 
-struct RangeCase {
-  std::string name;
-  TPenStyle style;
-  int width;
-  TPenMode mode;
-  qreal ratio;
-};
-
-class CanvasRangeTest : public testing::TestWithParam<RangeCase> {};
-
-TEST_P(CanvasRangeTest, DrawsAnyCoordinatesWithinTheBitmap) {
-  const RangeCase &row = GetParam();
-  Board board(40, 30, row.ratio);
-  board.canvas.Brush().SetStyle(TBrushStyle::bsCross);
-  board.canvas.Pen().SetStyle(row.style);
-  board.canvas.Pen().SetWidth(row.width);
-  board.canvas.Pen().SetMode(row.mode);
-  for (const int x1 : kExtremes) {
-    for (const int y1 : kExtremes) {
-      for (const int end : kExtremes) DrawAll(board.canvas, x1, y1, end, 20);
-      DrawAll(board.canvas, x1, y1, 10, y1);
+TEST(CanvasRangeTest, DrawsAnyCoordinatesWithinTheBitmap) {
+  struct RangeCase {
+    TPenStyle style;
+    int width;
+    TPenMode mode = TPenMode::pmCopy;
+    qreal ratio = 1;
+  };
+  using enum TPenStyle;
+  const RangeCase cases[] = {{psSolid, 1},
+                             {psSolid, 3},
+                             {psSolid, 9},
+                             {psSolid, kHighest},
+                             {psDot, 1},
+                             {psDashDot, 6},
+                             {psDot, 2, TPenMode::pmXor},
+                             {psSolid, 1, TPenMode::pmCopy, 2},
+                             {psDot, 1, TPenMode::pmNotXor, 2}};
+  for (const RangeCase &test : cases) {
+    SCOPED_TRACE(testing::Message() << "style " << int(test.style) << " width " << test.width << " at " << test.ratio);
+    Board board(40, 30, test.ratio);
+    board.canvas.Brush().SetStyle(TBrushStyle::bsCross);
+    board.canvas.Pen().SetStyle(test.style);
+    board.canvas.Pen().SetWidth(test.width);
+    board.canvas.Pen().SetMode(test.mode);
+    for (const int x1 : kExtremes) {
+      for (const int y1 : kExtremes) {
+        for (const int end : kExtremes) DrawAll(board.canvas, x1, y1, end, 20);
+        DrawAll(board.canvas, x1, y1, 10, y1);
+      }
     }
+    EXPECT_EQ(board.canvas.GetClipRect(), QRect(0, 0, 40, 30));
+    EXPECT_LT(board.Count(clWhite), board.bitmap.GetImage().width() * board.bitmap.GetImage().height());
   }
-  EXPECT_EQ(board.canvas.GetClipRect(), QRect(0, 0, 40, 30));
-  EXPECT_LT(board.Count(clWhite), board.bitmap.GetImage().width() * board.bitmap.GetImage().height());
 }
 
-INSTANTIATE_TEST_SUITE_P(Pens, CanvasRangeTest,
-                         testing::Values(RangeCase{"Thin", TPenStyle::psSolid, 1, TPenMode::pmCopy, 1},
-                                         RangeCase{"Narrow", TPenStyle::psSolid, 3, TPenMode::pmCopy, 1},
-                                         RangeCase{"Wide", TPenStyle::psSolid, 9, TPenMode::pmCopy, 1},
-                                         RangeCase{"Widest", TPenStyle::psSolid, kHighest, TPenMode::pmCopy, 1},
-                                         RangeCase{"Dotted", TPenStyle::psDot, 1, TPenMode::pmCopy, 1},
-                                         RangeCase{"WideDashes", TPenStyle::psDashDot, 6, TPenMode::pmCopy, 1},
-                                         RangeCase{"XoredDots", TPenStyle::psDot, 2, TPenMode::pmXor, 1},
-                                         RangeCase{"ThinAtRatioTwo", TPenStyle::psSolid, 1, TPenMode::pmCopy, 2},
-                                         RangeCase{"DottedAtRatioTwo", TPenStyle::psDot, 1, TPenMode::pmNotXor, 2}),
-                         [](const auto &row) { return row.param.name; });
-
-TEST(CanvasRangeLineTest, CutsALineWhereAnUncutOneRuns) {
+TEST(CanvasRangeTest, CutsALineWhereAnUncutOneRuns) {
   // The same line on a board that holds all of it and, moved, on one that holds the middle only.
   std::mt19937 random(3);
   std::uniform_int_distribution<int> coordinate(0, 299);
@@ -99,7 +95,7 @@ TEST(CanvasRangeLineTest, CutsALineWhereAnUncutOneRuns) {
   }
 }
 
-TEST(CanvasRangeLineTest, RunsThroughTheMiddleOfTheLongestDiagonal) {
+TEST(CanvasRangeTest, RunsThroughTheMiddleOfTheLongestDiagonal) {
   Board board(10, 10);
   board.canvas.Polyline(std::array{TPoint(kLowest + 1, kLowest + 1), TPoint(kHighest, kHighest)});
   for (int i = 0; i < 10; ++i) EXPECT_EQ(board.At(i, i), clBlack) << i;
