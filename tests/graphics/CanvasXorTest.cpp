@@ -86,8 +86,7 @@ TEST_P(CanvasXorTest, ChangesEachPixelToOneOfTwoValues) {
   if (GetParam().name == "LineTo") return;
   Board board;
   board.bitmap.GetImage().fill(Qt::black);
-  board.canvas.Brush().SetStyle(TBrushStyle::bsSolid);
-  board.canvas.Brush().SetColor(RGB(0, 0, 0xF0));
+  board.FillWith(RGB(0, 0, 0xF0));
   board.canvas.Pen().SetColor(RGB(0xF0, 0, 0));
   board.canvas.Font() = TFont(QStringLiteral("DejaVu Sans"), 9, RGB(0xF0, 0, 0));
   board.canvas.Pen().SetWidth(5);
@@ -104,15 +103,13 @@ INSTANTIATE_TEST_SUITE_P(EveryOperation, CanvasXorTest, testing::ValuesIn(test::
 TEST(CanvasXorModeTest, XorsWithTheColourOrItsInverse) {
   Board board;
   board.bitmap.GetImage().fill(qRgb(0x12, 0x34, 0x56));
-  board.canvas.Brush().SetColor(RGB(0xFF, 0x0F, 0x01));
+  board.FillWith(RGB(0xFF, 0x0F, 0x01));
   board.canvas.Pen().SetMode(TPenMode::pmXor);
-  board.canvas.Brush().SetStyle(TBrushStyle::bsSolid);
   board.canvas.FillRect(QRect(0, 0, 1, 1));
   EXPECT_EQ(board.At(0, 0), RGB(0x12 ^ 0xFF, 0x34 ^ 0x0F, 0x56 ^ 0x01));
   board.canvas.Pen().SetMode(TPenMode::pmNotXor);
-  board.canvas.Brush().SetColor(clBlack);
   board.canvas.FillRect(QRect(1, 0, 1, 1));
-  EXPECT_EQ(board.At(1, 0), RGB(0x12 ^ 0xFF, 0x34 ^ 0xFF, 0x56 ^ 0xFF));
+  EXPECT_EQ(board.At(1, 0), RGB(0x12 ^ 0x00, 0x34 ^ 0xF0, 0x56 ^ 0xFE));
 }
 
 }  // namespace
