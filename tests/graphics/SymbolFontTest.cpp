@@ -52,57 +52,42 @@ QRect InkBox(const QImage &image) {
   return box;
 }
 
-TEST(SymbolFontTest, DrawsInkForEverySignWithinTheEmSquareAndCentredOnThePoint) {
+TEST(SymbolFontTest, DrawsADifferentSignForEveryShapeWithinTheEmSquareAndCentredOnThePoint) {
   for (const int sizePx : {12, 16, 24, 64}) {
+    std::set<std::vector<uchar>> pictures;
     for (int shape = FirstShape; shape <= LastShape; ++shape) {
       SCOPED_TRACE(testing::Message() << "shape " << shape << " at " << sizePx << " px");
-      const QRect box = InkBox(Draw(shape, sizePx));
+      const QImage image = Draw(shape, sizePx);
+      pictures.emplace(image.constBits(), image.constBits() + image.sizeInBytes());
+      const QRect box = InkBox(image);
       EXPECT_GE(std::max(box.width(), box.height()), sizePx * 2 / 3);
       EXPECT_TRUE(QRect(sizePx / 2, sizePx / 2, sizePx, sizePx).contains(box));
       // Twice the distance of the middles, so that half pixels stay whole numbers.
       EXPECT_LE(std::abs(box.left() + box.right() + 1 - 2 * sizePx), 2);
       EXPECT_LE(std::abs(box.top() + box.bottom() + 1 - 2 * sizePx), 2);
     }
+    EXPECT_EQ(pictures.size(), 36U);
   }
-}
-
-TEST(SymbolFontTest, DrawsNothingForTheEmptyShape) {
   for (const int shape : {EmptyShape, 30, 0, -1}) EXPECT_TRUE(InkBox(Draw(shape, 24)).isNull()) << shape;
-}
-
-TEST(SymbolFontTest, DrawsADifferentSignForEveryShape) {
-  std::set<std::vector<uchar>> pictures;
-  for (int shape = FirstShape; shape <= LastShape; ++shape) {
-    const QImage image = Draw(shape, 24);
-    pictures.emplace(image.constBits(), image.constBits() + image.sizeInBytes());
-  }
-  EXPECT_EQ(pictures.size(), 36U);
 }
 
 TEST(SymbolFontTest, HasATextBoxOfExactlyThePixelSize) {
   for (const int sizePx : {8, 11, 16, 33}) {
     const TSymbolGlyph &glyph = ResolveSymbol(AbsentFont, 40);
-    const QFontMetrics metrics(ToQFont(glyph.font, sizePx));
-    EXPECT_EQ(metrics.height(), sizePx);
-    EXPECT_EQ(metrics.horizontalAdvance(glyph.text), sizePx);
+    const QFont font = ToQFont(glyph.font, sizePx);
+    EXPECT_EQ(QFontInfo(font).family(), SymbolFontFamily);
+    EXPECT_EQ(QFontMetrics(font).height(), sizePx);
+    EXPECT_EQ(QFontMetrics(font).horizontalAdvance(glyph.text), sizePx);
   }
 }
 
 TEST(SymbolFontTest, RepeatsTheSignsForHigherCodes) {
-  EXPECT_EQ(ResolveSymbol(AbsentFont, 68).text, QString(ResolveSymbol(AbsentFont, 32).text));
-  EXPECT_EQ(ResolveSymbol(AbsentFont, 103).text, QString(ResolveSymbol(AbsentFont, 67).text));
-  EXPECT_NE(ResolveSymbol(AbsentFont, 104).text, QString(ResolveSymbol(AbsentFont, 67).text));
-  const QString high = ResolveSymbol(AbsentFont, 32 + 36 * 100000).text;
-  EXPECT_EQ(high, ResolveSymbol(AbsentFont, 32).text);
-}
-
-TEST(SymbolFontTest, KeepsSizeColourAndStyleOfAnAbsentFont) {
-  TFont font = AbsentFont;
-  font.SetStyle(TFontStyle::fsBold | TFontStyle::fsItalic);
-  TFont expected = font;
-  expected.SetName(QStringLiteral("Tessera Symbols"));
-  EXPECT_EQ(ResolveSymbol(font, 40).font, expected);
-  EXPECT_EQ(QFontInfo(ToQFont(expected, 16)).family(), expected.GetName());
+  const auto textOf = [](int shape) { return QString(ResolveSymbol(AbsentFont, shape).text); };
+  EXPECT_EQ(textOf(68), textOf(32));
+  EXPECT_EQ(textOf(103), textOf(67));
+  EXPECT_NE(textOf(104), textOf(67));
+  EXPECT_EQ(textOf(32 + 36 * 100000), textOf(32));
+  EXPECT_EQ(ResolveSymbol(TFont(SymbolFontFamily.toString(), 12), 58).text, textOf(58)) << "its own family";
 }
 
 TEST(SymbolFontTest, LeavesAnInstalledFontAndItsCharacterAlone) {
@@ -116,11 +101,6 @@ TEST(SymbolFontTest, LeavesAnInstalledFontAndItsCharacterAlone) {
     EXPECT_EQ(glyph.font, font);
     EXPECT_EQ(glyph.text, QString(QChar(shape)));
   }
-}
-
-TEST(SymbolFontTest, TakesItsOwnFamilyByShape) {
-  const TFont own(SymbolFontFamily.toString(), 12);
-  EXPECT_EQ(ResolveSymbol(own, 58).text, QString(ResolveSymbol(AbsentFont, 58).text));
 }
 
 /// Two questions that differ in one thing only never share an answer, however often and in whatever order they are
