@@ -51,85 +51,57 @@ Runs RunsOf(const QRegion &region) {
   return joined;
 }
 
-Runs ExpectedRuns(const Points &points, TFillMode mode, const QRect &clip) {
+QRegion QRegionOf(const Points &points, TFillMode mode) {
   const Qt::FillRule rule = mode == TFillMode::Winding ? Qt::WindingFill : Qt::OddEvenFill;
-  return RunsOf(QRegion(QPolygon(QList<QPoint>(points.begin(), points.end())), rule) & clip);
+  return {QPolygon(QList<QPoint>(points.begin(), points.end())), rule};
 }
 
-/// Random polygons of one kind.
-struct PolygonKind {
-  std::string name;
-  int corners;
-  int extent;  ///< Coordinates lie in -extent … extent.
-  int count;
-};
-
-class TRgnPolygonTest : public testing::TestWithParam<PolygonKind> {};
-
-TEST_P(TRgnPolygonTest, HoldsThePixelsOfQRegion) {
-  const PolygonKind kind = GetParam();
-  std::mt19937 random(20240607);
-  std::uniform_int_distribution<int> coordinate(-kind.extent, kind.extent);
-  std::uniform_int_distribution<int> corners(3, kind.corners);
-  TRgn region;
-  for (int i = 0; i < kind.count; ++i) {
-    Points points(std::size_t(corners(random)));
-    for (TPoint &point : points) point = {coordinate(random), coordinate(random)};
-    const int half = kind.extent / 2 + 1;
-    const QRect clip = i % 2 == 0 ? QRect(-half, -half, 2 * half, half) : QRect(-9999, -9999, 20000, 20000);
-    for (const TFillMode mode : {TFillMode::Alternate, TFillMode::Winding}) {
-      region.SetPolygon(points, mode, clip);
-      ASSERT_EQ(RunsOf(region), ExpectedRuns(points, mode, clip)) << "polygon " << i;
+TEST(TRgnTest, HoldsThePixelsOfQRegionForRandomPolygons) {
+  struct PolygonKind {
+    const char *name;
+    int corners;
+    int extent;  ///< Coordinates lie in -extent … extent.
+    int count;
+  };
+  const PolygonKind kinds[] = {{"of one or two pixels", 5, 1, 3000}, {"with many level sides", 8, 3, 3000},
+                               {"of map size", 10, 20, 3000},        {"large", 12, 3000, 40},
+                               {"with many crossings", 300, 60, 40}, {"with more sides than columns", 2000, 15, 20}};
+  for (const PolygonKind &kind : kinds) {
+    std::mt19937 random(20240607);
+    std::uniform_int_distribution<int> coordinate(-kind.extent, kind.extent);
+    std::uniform_int_distribution<int> corners(3, kind.corners);
+    TRgn region;
+    for (int i = 0; i < kind.count; ++i) {
+      Points points(std::size_t(corners(random)));
+      for (TPoint &point : points) point = {coordinate(random), coordinate(random)};
+      const int half = kind.extent / 2 + 1;
+      const QRect clip = i % 2 == 0 ? QRect(-half, -half, 2 * half, half) : QRect(-9999, -9999, 20000, 20000);
+      for (const TFillMode mode : {TFillMode::Alternate, TFillMode::Winding}) {
+        region.SetPolygon(points, mode, clip);
+        ASSERT_EQ(RunsOf(region), RunsOf(QRegionOf(points, mode) & clip)) << "polygon " << i << ' ' << kind.name;
+      }
     }
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Random, TRgnPolygonTest,
-                         testing::Values(PolygonKind{"OfOneOrTwoPixels", 5, 1, 3000},
-                                         PolygonKind{"WithManyLevelSides", 8, 3, 3000},
-                                         PolygonKind{"OfMapSize", 10, 20, 3000}, PolygonKind{"Large", 12, 3000, 40},
-                                         PolygonKind{"WithManyCrossings", 300, 60, 40},
-                                         PolygonKind{"WithMoreSidesThanColumns", 2000, 15, 20}),
-                         [](const auto &row) { return row.param.name; });
-
-void PrintTo(const PolygonKind &kind, std::ostream *stream) {
-  *stream << kind.name;
-}
-
-struct ShapeCase {
-  std::string name;
-  Points points;
-  TRgnComplexity complexity;
-};
-
-class TRgnComplexityTest : public testing::TestWithParam<ShapeCase> {};
-
-TEST_P(TRgnComplexityTest, TellsWhatTheRegionIs) {
-  const QRect clip(0, 0, 100, 100);
-  EXPECT_EQ(RegionOf(GetParam().points, TFillMode::Winding, clip).GetComplexity(), GetParam().complexity);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Shapes, TRgnComplexityTest,
-    testing::Values(ShapeCase{"Nothing", {}, TRgnComplexity::NullRegion},
-                    ShapeCase{"TwoPoints", {{0, 0}, {9, 9}}, TRgnComplexity::NullRegion},
-                    ShapeCase{"LevelLine", {{0, 3}, {9, 3}, {4, 3}}, TRgnComplexity::NullRegion},
-                    ShapeCase{"OutsideTheClip", {{-9, 0}, {-1, 0}, {-1, 9}}, TRgnComplexity::NullRegion},
-                    ShapeCase{"Rectangle", {{2, 2}, {2, 8}, {7, 8}, {7, 2}}, TRgnComplexity::SimpleRegion},
-                    ShapeCase{"OneRow", {{0, 0}, {9, 0}, {0, 1}}, TRgnComplexity::SimpleRegion},
-                    ShapeCase{
-                        "CutToARectangle", {{-999, -999}, {3000, -999}, {-999, 3000}}, TRgnComplexity::SimpleRegion},
-                    ShapeCase{"Triangle", {{0, 0}, {9, 0}, {0, 9}}, TRgnComplexity::ComplexRegion},
-                    ShapeCase{"TwoRectanglesWithAGap",
-                              {{0, 0}, {5, 0}, {5, 2}, {0, 2}, {0, 4}, {5, 4}, {5, 6}, {0, 6}},
-                              TRgnComplexity::ComplexRegion}),
-    [](const auto &row) { return row.param.name; });
-
-TEST(TRgnTest, FillsAnEightDrawnInOneTurnByTheWindingRuleOnly) {
-  const Points twice{{0, 0}, {9, 0}, {9, 9}, {0, 9}, {0, 0}, {9, 0}, {9, 9}, {0, 9}};
-  const QRect clip(0, 0, 20, 20);
-  EXPECT_EQ(RegionOf(twice, TFillMode::Winding, clip).GetComplexity(), TRgnComplexity::SimpleRegion);
-  EXPECT_TRUE(RegionOf(twice, TFillMode::Alternate, clip).IsEmpty());
+TEST(TRgnTest, TellsWhatTheRegionIs) {
+  using enum TRgnComplexity;
+  const std::pair<Points, TRgnComplexity> cases[] = {
+      {{}, NullRegion},
+      {{{0, 0}, {9, 9}}, NullRegion},
+      {{{0, 3}, {9, 3}, {4, 3}}, NullRegion},
+      {{{-9, 0}, {-1, 0}, {-1, 9}}, NullRegion},  // outside the clip
+      {{{2, 2}, {2, 8}, {7, 8}, {7, 2}}, SimpleRegion},
+      {{{0, 0}, {9, 0}, {0, 1}}, SimpleRegion},                    // one row
+      {{{-999, -999}, {3000, -999}, {-999, 3000}}, SimpleRegion},  // cut to a rectangle
+      {{{0, 0}, {9, 0}, {0, 9}}, ComplexRegion},
+      {{{0, 0}, {5, 0}, {5, 2}, {0, 2}, {0, 4}, {5, 4}, {5, 6}, {0, 6}}, ComplexRegion},  // two, with a gap
+  };
+  for (const auto &[points, complexity] : cases) {
+    const TRgn region = RegionOf(points, TFillMode::Winding, QRect(0, 0, 100, 100));
+    EXPECT_EQ(region.GetComplexity(), complexity)
+        << points.size() << " points, runs " << testing::PrintToString(RunsOf(region));
+  }
 }
 
 TEST(TRgnTest, CutsTheLargestPolygonExactly) {
@@ -157,24 +129,19 @@ TEST(TRgnTest, KeepsToAClipAtTheEndOfTheCoordinates) {
 TEST(TRgnTest, XorsLikeQRegion) {
   std::mt19937 random(7);
   std::uniform_int_distribution<int> coordinate(0, 24);
-  const QRect clip(0, 0, 25, 25);
   for (int i = 0; i < 500; ++i) {
     TRgn combined;
     QRegion expected;
     for (int ring = 0; ring < 4; ++ring) {
       Points points(4);
       for (TPoint &point : points) point = {coordinate(random), coordinate(random)};
-      combined.XorWith(RegionOf(points, TFillMode::Winding, clip));
-      expected ^= QRegion(QPolygon(QList<QPoint>(points.begin(), points.end())), Qt::WindingFill);
+      combined.XorWith(RegionOf(points, TFillMode::Winding, QRect(0, 0, 25, 25)));
+      expected ^= QRegionOf(points, TFillMode::Winding);
     }
     ASSERT_EQ(RunsOf(combined), RunsOf(expected)) << i;
+    combined.XorWith(TRgn(combined));
+    ASSERT_EQ(combined.GetComplexity(), TRgnComplexity::NullRegion) << i;
   }
-}
-
-TEST(TRgnTest, IsEmptyWhenXoredWithItself) {
-  TRgn region = RegionOf({{0, 0}, {9, 0}, {3, 9}}, TFillMode::Winding, QRect(0, 0, 10, 10));
-  region.XorWith(TRgn(region));
-  EXPECT_EQ(region.GetComplexity(), TRgnComplexity::NullRegion);
 }
 
 }  // namespace
