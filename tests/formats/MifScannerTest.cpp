@@ -6,27 +6,23 @@
 
 #include <random>
 #include <string>
-#include <vector>
 
 namespace tessera {
 namespace {
 
 using detail::MifScanner;
 
-std::vector<std::string> LinesOf(std::string_view text) {
-  MifScanner scanner(text, '.');
-  std::vector<std::string> lines;
-  while (!scanner.AtEnd()) lines.emplace_back(scanner.ReadLine());
-  return lines;
-}
-
 TEST(MifScannerTest, EndsLinesAtFeedsReturnsAndPairsOfThem) {
-  const std::vector<std::string> lines{"a", "", "b"};
-  EXPECT_EQ(LinesOf("a\n\nb"), lines);
-  EXPECT_EQ(LinesOf("a\r\n\r\nb\r\n"), lines);
-  EXPECT_EQ(LinesOf("a\r\rb\r"), lines);
-  EXPECT_EQ(LinesOf("a\r\n\rb\n"), lines);
-  EXPECT_EQ(LinesOf(""), std::vector<std::string>());
+  const std::pair<std::string_view, std::string_view> cases[] = {{"a\n\nb", "<a><><b>"},
+                                                                 {"a\r\n\r\nb\r\n", "<a><><b>"},
+                                                                 {"a\r\rb\r", "<a><><b>"},
+                                                                 {"a\r\n\rb\n", "<a><><b>"},
+                                                                 {"", ""}};
+  for (const auto &[text, expected] : cases) {
+    std::string lines;
+    for (MifScanner scanner(text, '.'); !scanner.AtEnd();) lines.append("<").append(scanner.ReadLine()).append(">");
+    EXPECT_EQ(lines, expected);
+  }
 }
 
 TEST(MifScannerTest, CountsLinesAsItReadsThem) {
