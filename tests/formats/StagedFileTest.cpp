@@ -21,13 +21,13 @@ using detail::TStagedFile;
 
 class StagedFileTest : public testing::Test {
  protected:
-  [[nodiscard]] QString PathOf(const QString &name) const { return m_folder.filePath(name); }
-  void Put(const QString &name, const QByteArray &bytes) const {
+  [[nodiscard]] QString PathOf(const char *name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+  void Put(const char *name, const QByteArray &bytes) const {
     QFile file(PathOf(name));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(bytes);
   }
-  [[nodiscard]] std::string Get(const QString &name) const {
+  [[nodiscard]] std::string Get(const char *name) const {
     QFile file(PathOf(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "(missing)";
   }
@@ -36,8 +36,8 @@ class StagedFileTest : public testing::Test {
   }
   /// Stages "new a" and "new b" for the files a and b.
   void Stage() {
-    m_first.emplace(PathOf(QStringLiteral("a")));
-    m_second.emplace(PathOf(QStringLiteral("b")));
+    m_first.emplace(PathOf("a"));
+    m_second.emplace(PathOf("b"));
     m_first->Append("new a");
     m_second->Append("new b");
     m_first->Close();
@@ -56,14 +56,14 @@ class StagedFileTest : public testing::Test {
 };
 
 TEST_F(StagedFileTest, ReplacesBothFilesAndLeavesNothingElse) {
-  Put(QStringLiteral("a"), "old a");
-  Put(QStringLiteral("b"), "old b");
+  Put("a", "old a");
+  Put("b", "old b");
   Stage();
-  EXPECT_EQ(Get(QStringLiteral("a")), "old a");
+  EXPECT_EQ(Get("a"), "old a");
   Swap();
   DropStaged();
-  EXPECT_EQ(Get(QStringLiteral("a")), "new a");
-  EXPECT_EQ(Get(QStringLiteral("b")), "new b");
+  EXPECT_EQ(Get("a"), "new a");
+  EXPECT_EQ(Get("b"), "new b");
   EXPECT_EQ(FileCount(), 2);
 }
 
@@ -74,52 +74,43 @@ TEST_F(StagedFileTest, RemovesWhatIsNotSwappedIn) {
   EXPECT_EQ(FileCount(), 0);
 }
 
-TEST_F(StagedFileTest, UndoesTheFirstReplacementWhenTheSecondFails) {
-  Put(QStringLiteral("a"), "old a");
-  Stage();
-  ASSERT_TRUE(QDir(PathOf(QString())).mkpath(QStringLiteral("b/c")));
-  EXPECT_THROW(Swap(), EInOutError);
-  DropStaged();
-  EXPECT_EQ(Get(QStringLiteral("a")), "old a");
-  EXPECT_EQ(FileCount(), 2);
-}
-
-TEST_F(StagedFileTest, RemovesAFirstFileThatWasNotThereWhenTheSecondFails) {
-  Stage();
-  ASSERT_TRUE(QDir(PathOf(QString())).mkpath(QStringLiteral("b/c")));
-  EXPECT_THROW(Swap(), EInOutError);
-  DropStaged();
-  EXPECT_EQ(FileCount(), 1);
-}
-
-TEST_F(StagedFileTest, LeavesBothWhenTheFirstFails) {
-  Put(QStringLiteral("b"), "old b");
-  Stage();
-  ASSERT_TRUE(QDir(PathOf(QString())).mkpath(QStringLiteral("a/c")));
-  EXPECT_THROW(Swap(), EInOutError);
-  DropStaged();
-  EXPECT_TRUE(QFileInfo(PathOf(QStringLiteral("a/c"))).isDir());
-  EXPECT_EQ(Get(QStringLiteral("b")), "old b");
+TEST_F(StagedFileTest, LeavesEverythingAsItWasWhenOneOfTheTwoFails) {
+  struct FailCase {
+    const char *old;     ///< The file that is there before, if any.
+    const char *folder;  ///< A folder in the place of the other.
+  };
+  for (const auto &[old, folder] : {FailCase{"a", "b/c"}, FailCase{nullptr, "b/c"}, FailCase{"b", "a/c"}}) {
+    QDir(PathOf("")).removeRecursively();
+    ASSERT_TRUE(QDir().mkpath(PathOf("")));
+    if (old != nullptr) Put(old, "old");
+    Stage();
+    ASSERT_TRUE(QDir().mkpath(PathOf(folder)));
+    EXPECT_THROW(Swap(), EInOutError);
+    DropStaged();
+    EXPECT_TRUE(QFileInfo(PathOf(folder)).isDir());
+    EXPECT_EQ(FileCount(), old != nullptr ? 2 : 1);
+    EXPECT_TRUE(old == nullptr || Get(old) == "old");
+  }
 }
 
 TEST_F(StagedFileTest, KeepsPermissionsAndLinks) {
-  Put(QStringLiteral("a"), "old a");
-  Put(QStringLiteral("c"), "old c");
+  Put("a", "old a");
+  Put("c", "old c");
   const auto permissions = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadUser |
                            QFileDevice::WriteUser | QFileDevice::ReadOther;
-  ASSERT_TRUE(QFile::setPermissions(PathOf(QStringLiteral("a")), permissions));
-  ASSERT_TRUE(QFile::link(PathOf(QStringLiteral("c")), PathOf(QStringLiteral("b"))));
+  ASSERT_TRUE(QFile::setPermissions(PathOf("a"), permissions));
+  ASSERT_TRUE(QFile::link(PathOf("c"), PathOf("b")));
   Stage();
   Swap();
-  EXPECT_EQ(QFileInfo(PathOf(QStringLiteral("a"))).permissions(), permissions);
-  EXPECT_TRUE(QFileInfo(PathOf(QStringLiteral("b"))).isSymLink());
-  EXPECT_EQ(Get(QStringLiteral("c")), "new b");
+  EXPECT_EQ(QFileInfo(PathOf("a")).permissions(), permissions);
+  EXPECT_TRUE(QFileInfo(PathOf("b")).isSymLink());
+  EXPECT_EQ(Get("c"), "new b");
 }
 
 TEST_F(StagedFileTest, WritesPiecesOfAnySizeInOrder) {
   std::string expected;
-  TStagedFile file(PathOf(QStringLiteral("a")));
-  TStagedFile other(PathOf(QStringLiteral("b")));
+  TStagedFile file(PathOf("a"));
+  TStagedFile other(PathOf("b"));
   for (std::size_t i = 1; i < 40; ++i) {
     const std::string piece(i * i * 600, char('a' + i % 26));
     file.Append(piece);
@@ -131,13 +122,13 @@ TEST_F(StagedFileTest, WritesPiecesOfAnySizeInOrder) {
   file.Close();
   other.Close();
   TStagedFile::SwapIn(file, other);
-  EXPECT_EQ(Get(QStringLiteral("a")), expected);
+  EXPECT_EQ(Get("a"), expected);
 }
 
 TEST_F(StagedFileTest, RefusesWhatIsNoFile) {
-  ASSERT_TRUE(QDir(PathOf(QString())).mkdir(QStringLiteral("a")));
-  EXPECT_THROW(TStagedFile(PathOf(QStringLiteral("a"))), EInOutError);
-  EXPECT_THROW(TStagedFile(PathOf(QStringLiteral("none/a"))), EInOutError);
+  ASSERT_TRUE(QDir(PathOf("")).mkdir(QStringLiteral("a")));
+  EXPECT_THROW(TStagedFile(PathOf("a")), EInOutError);
+  EXPECT_THROW(TStagedFile(PathOf("none/a")), EInOutError);
   EXPECT_THROW(TStagedFile{QString()}, EInOutError);
 }
 
@@ -163,16 +154,16 @@ class TFullDisk {
 };
 
 TEST_F(StagedFileTest, ThrowsWhenTheDiskIsFull) {
-  Put(QStringLiteral("a"), "old a");
+  Put("a", "old a");
   {
     const TFullDisk full(1000);
-    TStagedFile small(PathOf(QStringLiteral("a")));
+    TStagedFile small(PathOf("a"));
     small.Append(std::string(2000, 'x'));
     EXPECT_THROW(small.Close(), EInOutError);
-    TStagedFile big(PathOf(QStringLiteral("a")));
+    TStagedFile big(PathOf("a"));
     EXPECT_THROW(big.Append(std::string(1'000'000, 'x')), EInOutError);
   }
-  EXPECT_EQ(Get(QStringLiteral("a")), "old a");
+  EXPECT_EQ(Get("a"), "old a");
   EXPECT_EQ(FileCount(), 1);
 }
 #endif
