@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "../base/LocaleGuard.h"
+
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/Progresser.h>
 #include <tessera/formats/SyntaxParser.h>
 
 #include <QFile>
-#include <QLocale>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <random>
 
 namespace tessera {
@@ -31,52 +33,40 @@ void UseMapFileSettings(TSyntaxParser &parser) {
 }
 
 struct TReadCase {
-  QStringView text;
-  QStringView values;
+  const char16_t *text;
+  const char16_t *values;
 };
 
-TEST(SyntaxParserTest, CutsAtEveryDelimiterAndKeepsIt) {
-  const TReadCase cases[] = {
-      {u"", u""},
-      {u"word", u"word"},
-      {u"a=b+1.5;", u"a|=|b|+|1|.|5|;"},
-      {u"a  b", u"a| | |b"},
-      {u"\ta", u" |a"},
-      {u"say \"a, b\" now", u"say| |\"a, b\"| |now"},
-      {u"x\"y\"z", u"x|\"y\"|z"},
-      {u"\"\"\"", u"\"\"|\""},
-      {u"a \"open, to (the end)", u"a| |\"open, to (the end)"},
-      {u"a 'rest, of \"it", u"a| |'rest, of \"it"},
-      {u"\"it's\" 'x", u"\"it's\"| |'x"},
-      {u"\u0421\u043b\u043e\u0432\u043e,\u0120b", u"\u0421\u043b\u043e\u0432\u043e|,|\u0120b"},
-  };
-  TSyntaxParser parser;
+void ExpectItems(TSyntaxParser &parser, std::initializer_list<TReadCase> cases) {
   for (const TReadCase &test : cases) {
     parser.Read(test.text, 1, true, false);
-    EXPECT_EQ(Values(parser), test.values);
+    EXPECT_EQ(Values(parser), QString::fromUtf16(test.values));
   }
+}
+
+TEST(SyntaxParserTest, CutsAtEveryDelimiterAndKeepsIt) {
+  TSyntaxParser parser;
+  ExpectItems(parser, {{u"", u""},
+                       {u"a=b+1.5;", u"a|=|b|+|1|.|5|;"},
+                       {u"a  b", u"a| | |b"},
+                       {u"\ta", u" |a"},
+                       {u"say \"a, b\" now", u"say| |\"a, b\"| |now"},
+                       {u"x\"y\"z", u"x|\"y\"|z"},
+                       {u"\"\"\"", u"\"\"|\""},
+                       {u"a \"open, to (the end)", u"a| |\"open, to (the end)"},
+                       {u"a 'rest, of \"it", u"a| |'rest, of \"it"},
+                       {u"\"it's\" 'x", u"\"it's\"| |'x"},
+                       {u"\u0421\u043b\u043e,\u0120b", u"\u0421\u043b\u043e|,|\u0120b"}});
 }
 
 TEST(SyntaxParserTest, ReadsLinesOfMapFiles) {
-  const TReadCase cases[] = {
-      {u"Pen (1,2,255)", u"Pen|1|2|255"},
-      {u"Point -2.5 4.75", u"Point|-2.5|4.75"},
-      {u"\tPoint 1 2", u" |Point|1|2"},
-      {u"Symbol (35,0,12,It's)", u"Symbol|35|0|12|It|'s)"},
-      {u"Symbol (35,0,12,\"Arial Cyr\",1,0)", u"Symbol|35|0|12|\"Arial Cyr\"|1|0"},
-  };
   TSyntaxParser parser;
   UseMapFileSettings(parser);
-  for (const TReadCase &test : cases) {
-    parser.Read(test.text, 1, true, false);
-    EXPECT_EQ(Values(parser), test.values);
-  }
-}
-
-TEST(SyntaxParserTest, TakesQuotesAndCommentMarksForCharactersWhenRaw) {
-  TSyntaxParser parser;
-  parser.Read(u"a'b \"c d\"", 1, false, true);
-  EXPECT_EQ(Values(parser), u"a|'|b| |\"|c| |d|\"");
+  ExpectItems(parser, {{u"Pen (1,2,255)", u"Pen|1|2|255"},
+                       {u"Point -2.5 4.75", u"Point|-2.5|4.75"},
+                       {u"\tPoint 1 2", u" |Point|1|2"},
+                       {u"Symbol (35,0,12,It's)", u"Symbol|35|0|12|It|'s)"},
+                       {u"Symbol (35,0,12,\"Arial Cyr\",1,0)", u"Symbol|35|0|12|\"Arial Cyr\"|1|0"}});
 }
 
 TEST(SyntaxParserTest, NeverFindsACommentMarkOfSeveralCharacters) {
@@ -87,10 +77,12 @@ TEST(SyntaxParserTest, NeverFindsACommentMarkOfSeveralCharacters) {
   EXPECT_EQ(parser.Add(QStringLiteral("//b"), 0, 0).GetKind(), sikComment);
 }
 
-TEST(SyntaxParserTest, DropsCommentsThatAreToBeSkipped) {
+TEST(SyntaxParserTest, DropsCommentsThatAreToBeSkippedAndTakesTheirMarkForACharacterWhenRaw) {
   TSyntaxParser parser;
+  parser.Read(u"a'b \"c d\"", 1, false, true);
+  EXPECT_EQ(Values(parser), u"a|'|b| |\"|c| |d|\"");
   parser.SetSkipKinds({sikComment});
-  parser.Read(u"a b'c", 1, false, false);
+  parser.Read(u"a b'c", 1, true, false);
   EXPECT_EQ(Values(parser), u"a| |b");
 }
 
@@ -107,22 +99,17 @@ TEST(SyntaxParserTest, KeepsTheItemsOfEarlierTextsUnlessCleared) {
   EXPECT_EQ(Values(parser), u"e");
 }
 
-struct TKindCase {
-  QStringView value;
-  TSyntaxItemKind kind;
-};
-
 TEST(SyntaxParserTest, TellsTheKindOfAnItem) {
   TSyntaxParser parser;
   parser.SetReservedWords({QStringLiteral("Pen"), QStringLiteral("1.5"), QStringLiteral(",")});
-  const TKindCase cases[] = {
-      {u" ", sikWhiteSpace},   {u"\t", sikWhiteSpace},    {u",", sikWhiteSpace},     {u"'", sikWhiteSpace},
-      {u"'note", sikComment},  {u"\"a\"", sikString},     {u"\"a", sikString},       {u"12", sikNumber},
-      {u"-1.25e3", sikNumber}, {u"1.5", sikReservedWord}, {u"PEN", sikReservedWord}, {u"Pens", sikIdentifier},
-      {u"nan", sikIdentifier}, {u"", sikIdentifier},
+  const std::pair<const char *, TSyntaxItemKind> cases[] = {
+      {" ", sikWhiteSpace},   {"\t", sikWhiteSpace},    {",", sikWhiteSpace},     {"'", sikWhiteSpace},
+      {"'note", sikComment},  {"\"a\"", sikString},     {"\"a", sikString},       {"12", sikNumber},
+      {"-1.25e3", sikNumber}, {"1.5", sikReservedWord}, {"PEN", sikReservedWord}, {"Pens", sikIdentifier},
+      {"nan", sikIdentifier}, {"", sikIdentifier},
   };
-  for (const TKindCase &test : cases) {
-    EXPECT_EQ(parser.Add(test.value.toString(), 0, 0).GetKind(), test.kind) << test.value.toString().toStdString();
+  for (const auto &[value, kind] : cases) {
+    EXPECT_EQ(parser.Add(QString::fromLatin1(value), 0, 0).GetKind(), kind) << value;
   }
   parser.SetDelimiters(TCharSet());
   EXPECT_EQ(parser.Add(QStringLiteral("'"), 0, 0).GetKind(), sikComment);
@@ -131,32 +118,21 @@ TEST(SyntaxParserTest, TellsTheKindOfAnItem) {
   EXPECT_EQ(parser.Add(QStringLiteral("a"), 0, 0).GetKind(), sikComment) << "every value begins with an empty mark";
 }
 
-TEST(SyntaxParserTest, TellsNumbersByTheLocale) {
+TEST(SyntaxParserTest, TellsNumbersByTheLocaleAndComparesRegardlessOfCase) {
   TSyntaxParser parser;
-  const TSyntaxItem &item = parser.Add(QStringLiteral("1,5"), 0, 0);
-  EXPECT_EQ(item.GetKind(), sikIdentifier);
-  QLocale::setDefault(QLocale(QLocale::Russian, QLocale::Russia));
-  EXPECT_EQ(item.GetKind(), sikNumber);
-  QLocale::setDefault(QLocale::c());
-}
-
-TEST(SyntaxParserTest, ComparesItemsRegardlessOfCase) {
-  TSyntaxParser parser;
-  const TSyntaxItem &item = parser.Add(QStringLiteral("Multiple"), 0, 0);
-  EXPECT_TRUE(item.Equal(u"MULTIPLE"));
-  EXPECT_FALSE(item.Equal(u"MULTIPL"));
+  EXPECT_TRUE(parser.Add(QStringLiteral("Multiple"), 0, 0).Equal(u"MULTIPLE"));
+  EXPECT_FALSE(parser.GetItem(0).Equal(u"MULTIPL"));
+  const TSyntaxItem &number = parser.Add(QStringLiteral("1,5"), 0, 0);
+  EXPECT_EQ(number.GetKind(), sikIdentifier);
+  const test::TLocaleGuard guard(test::Russian());
+  EXPECT_EQ(number.GetKind(), sikNumber);
 }
 
 TEST(SyntaxParserTest, DoesNotCountTheFirstItemAsValid) {
   TSyntaxParser parser;
   parser.Read(u"Pen 1", 1, false, false);
-  EXPECT_FALSE(parser.ValidIndex(-1));
-  EXPECT_FALSE(parser.ValidIndex(0));
-  EXPECT_TRUE(parser.ValidIndex(1));
-  EXPECT_TRUE(parser.ValidIndex(2));
-  EXPECT_FALSE(parser.ValidIndex(3));
-  EXPECT_THROW(static_cast<void>(parser.GetItem(3)), ERangeError);
-  EXPECT_THROW(static_cast<void>(parser.GetItem(-1)), ERangeError);
+  for (int i = -1; i <= 3; ++i) EXPECT_EQ(parser.ValidIndex(i), i == 1 || i == 2) << i;
+  for (const int i : {-1, 3}) EXPECT_THROW(static_cast<void>(parser.GetItem(i)), ERangeError) << i;
 }
 
 TEST(SyntaxParserTest, FindsTheFirstItemThatEndsBeyondAnOffset) {
@@ -204,64 +180,46 @@ TEST(SyntaxParserTest, ReadsAVeryLongLine) {
   EXPECT_EQ(parser.GetItem(1'000'000).GetLength(), 5'000'001);
 }
 
-/// Writes down what the progress callbacks of the process hear.
-class TProgressLog {
- public:
-  TProgressLog() {
-    Progresser::StartProgress = [this](QObject *, int min, int max, const QString &caption) {
-      lines.append(QStringLiteral("start %1 %2 %3").arg(min).arg(max).arg(caption));
-    };
-    Progresser::ShowProgress = [this](QObject *, int position) { positions.push_back(position); };
-    Progresser::StopProgress = [this](QObject *) { lines.append(QStringLiteral("stop")); };
-  }
-  ~TProgressLog() {
-    Progresser::StartProgress = {};
-    Progresser::ShowProgress = {};
-    Progresser::StopProgress = {};
-  }
-  TProgressLog(const TProgressLog &) = delete;
-  TProgressLog &operator=(const TProgressLog &) = delete;
-
-  QStringList lines;
-  std::vector<int> positions;
-};
-
 TEST(SyntaxParserTest, ShowsProgressOverLinesAndItems) {
+  QStringList heard;
+  Progresser::StartProgress = [&](QObject *, int min, int max, const QString &caption) {
+    heard.append(QStringLiteral("start %1 %2 %3").arg(min).arg(max).arg(caption));
+  };
+  Progresser::ShowProgress = [&](QObject *, int position) { heard.append(QString::number(position)); };
+  Progresser::StopProgress = [&](QObject *) { heard.append(QStringLiteral("stop")); };
   TSyntaxParser parser;
-  TProgressLog log;
   parser.ReadFromStrings({QStringLiteral("a b"), QString(), QStringLiteral("c")});
   EXPECT_EQ(Values(parser), u"a| |b|c");
   EXPECT_EQ(parser.GetItem(3).Line, 2);
   parser.Pack();
-  EXPECT_EQ(log.lines, (QStringList{QStringLiteral("start 0 3 Reading source"), QStringLiteral("stop"),
-                                    QStringLiteral("start 0 4 Packing Data"), QStringLiteral("stop")}));
-  EXPECT_EQ(log.positions, (std::vector<int>{1, 2, 3, 1, 2, 3, 4}));
+  EXPECT_EQ(heard.join(u'|'), u"start 0 3 Reading source|1|2|3|stop|start 0 4 Packing Data|1|2|3|4|stop");
+  Progresser::StartProgress = {};
+  Progresser::ShowProgress = {};
+  Progresser::StopProgress = {};
 }
 
-class SyntaxParserFileTest : public testing::TestWithParam<QByteArray> {};
-
-TEST_P(SyntaxParserFileTest, ReadsLinesWhateverEndsThem) {
+TEST(SyntaxParserTest, ReadsLinesOfAFileWhateverEndsThem) {
   const QTemporaryDir folder;
   const QString name = folder.filePath(QStringLiteral("source.txt"));
-  QFile file(name);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(GetParam());
-  file.close();
-  TSyntaxParser parser;
-  parser.ReadFromFile(name);
-  EXPECT_EQ(Values(parser), QStringLiteral("a|\u0451|b"));
-  EXPECT_EQ(parser.GetItem(1).Line, 2);
-  EXPECT_EQ(parser.GetItem(2).Line, 3);
+  const QByteArray files[] = {"a\n\n\u0451\nb", "a\r\n\r\n\u0451\r\nb\r\n", "a\r\r\u0451\rb\r",
+                              "\xEF\xBB\xBF"
+                              "a\n\n\u0451\nb\n",
+                              QByteArray("\xFF\xFE"
+                                         "a\0\n\0\n\0\x51\x04\n\0b\0",
+                                         14)};
+  for (const QByteArray &bytes : files) {
+    SCOPED_TRACE(bytes.toHex().toStdString());
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    file.close();
+    TSyntaxParser parser;
+    parser.ReadFromFile(name);
+    EXPECT_EQ(Values(parser), u"a|\u0451|b");
+    EXPECT_EQ(parser.GetItem(1).Line, 2);
+    EXPECT_EQ(parser.GetItem(2).Line, 3);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Files, SyntaxParserFileTest,
-                         testing::Values(QByteArray("a\n\n\u0451\nb"), QByteArray("a\r\n\r\n\u0451\r\nb\r\n"),
-                                         QByteArray("a\r\r\u0451\rb\r"),
-                                         QByteArray("\xEF\xBB\xBF"
-                                                    "a\n\n\u0451\nb\n"),
-                                         QByteArray("\xFF\xFE"
-                                                    "a\0\n\0\n\0\x51\x04\n\0b\0",
-                                                    14)));
 
 TEST(SyntaxParserTest, NamesTheFileThatIsMissing) {
   TSyntaxParser parser;
