@@ -21,8 +21,13 @@ class MapFixture : public testing::Test {
     map.SetMinY(0);
     map.SetMaxX(200);
     map.SetMaxY(100);
-    map.SetCenterX(100);
-    map.SetCenterY(50);
+    LookAt(100, 50);
+  }
+
+  void LookAt(double x, double y, double zoom = 1) {
+    map.SetCenterX(x);
+    map.SetCenterY(y);
+    map.SetZoom(zoom);
   }
 
   TMapLayer *AddLayer() { return map.GetLayers()->Add(QString(), QStringLiteral("layer")); }
@@ -47,6 +52,12 @@ class MapFixture : public testing::Test {
   QImage Shown() {
     QApplication::processEvents();
     return map.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  }
+
+  /// What the control shows after a rebuild of its picture.
+  QImage Repainted() {
+    map.DoUpdate(true);
+    return Shown();
   }
 
   static QRgb Pixel(TColor color) { return ToRgb(color); }
