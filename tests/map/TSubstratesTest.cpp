@@ -14,7 +14,7 @@ constexpr TColor UpperRight = RGB(0, 200, 0);
 constexpr TColor LowerLeft = RGB(0, 0, 200);
 constexpr TColor LowerRight = RGB(200, 200, 0);
 
-/// A map with pictures of four pixels to lay under it.
+/// A map of one layer with pictures to lay under it.
 class TSubstratesTest : public MapFixture {
  protected:
   /// The file of a picture of 2 x 2 pixels.
@@ -36,53 +36,35 @@ class TSubstratesTest : public MapFixture {
     EXPECT_TRUE(image.save(name, format));
     return name;
   }
-  /// Looks into the four quarters of the map rectangle from (20, 20) to (80, 60).
-  void ExpectFourPixels(const QImage &picture) {
-    EXPECT_EQ(picture.pixel(21, 41), Pixel(UpperLeft));
-    EXPECT_EQ(picture.pixel(20, 40), Pixel(UpperLeft));
-    EXPECT_EQ(picture.pixel(79, 40), Pixel(UpperRight));
-    EXPECT_EQ(picture.pixel(20, 79), Pixel(LowerLeft));
-    EXPECT_EQ(picture.pixel(79, 79), Pixel(LowerRight));
-    EXPECT_EQ(picture.pixel(49, 59), Pixel(UpperLeft));
-    EXPECT_EQ(picture.pixel(50, 60), Pixel(LowerRight));
-    for (const QPoint outside : {QPoint(19, 50), QPoint(80, 50), QPoint(50, 39), QPoint(50, 80)}) {
-      EXPECT_EQ(picture.pixel(outside), Pixel(clWhite)) << outside.x() << ' ' << outside.y();
-    }
-  }
 
+  TMapLayer *layer = AddLayer();
   QTemporaryDir directory;
   int saved = 0;
   TSubstrates &substrates = *map.GetSubstrates();
 };
 
-TEST_F(TSubstratesTest, AreStretchedOverTheirRectangleUnderTheLayers) {
-  TMapLayer *layer = AddLayer();
-  TSubstrate *substrate = substrates.LoadFromFile(FourPixels(), 20, 20, 60, 40);
-  EXPECT_EQ(substrate->GetMap(), &map);
-  EXPECT_EQ(substrates.GetSubstrate(0), substrate);
-  ExpectFourPixels(Shown());
-  AddSquare(layer, 30, 50, 5, clBlue);
-  map.DoUpdate(true);
-  EXPECT_EQ(Shown().pixel(32, 48), Pixel(clBlue));
-}
-
-TEST_F(TSubstratesTest, AreNotMirroredByANegativeWidthOrHeight) {
-  AddLayer();
-  substrates.LoadFromFile(FourPixels(), 80, 60, -60, -40);
-  ExpectFourPixels(Shown());
-}
-
-TEST_F(TSubstratesTest, MayBeOfAnyFormat) {
-  AddLayer();
-  for (const char *format : {"bmp", "png", "ppm"}) {
+TEST_F(TSubstratesTest, AreStretchedOverTheirRectangleWhateverItsSignsAndTheFormat) {
+  struct LoadCase {
+    const char *format;
+    double x, y, width, height;
+  };
+  for (const auto &[format, x, y, width, height] :
+       {LoadCase{"bmp", 20, 20, 60, 40}, LoadCase{"png", 80, 60, -60, -40}, LoadCase{"ppm", 20, 60, 60, -40}}) {
+    SCOPED_TRACE(format);
     substrates.Clear();
-    substrates.LoadFromFile(FourPixels(format), 20, 20, 60, 40);
-    ExpectFourPixels(Shown());
+    const TSubstrate *substrate = substrates.LoadFromFile(FourPixels(format), x, y, width, height);
+    EXPECT_EQ(substrates.GetSubstrate(0), substrate);
+    EXPECT_EQ(substrate->GetMap(), &map);
+    const QImage picture = Shown();
+    const std::pair<QPoint, TColor> pixels[] = {{{21, 41}, UpperLeft},  {{20, 40}, UpperLeft},  {{79, 40}, UpperRight},
+                                                {{20, 79}, LowerLeft},  {{79, 79}, LowerRight}, {{49, 59}, UpperLeft},
+                                                {{50, 60}, LowerRight}, {{19, 50}, clWhite},    {{80, 50}, clWhite},
+                                                {{50, 39}, clWhite},    {{50, 80}, clWhite}};
+    for (const auto &[at, color] : pixels) EXPECT_EQ(picture.pixel(at), Pixel(color)) << at.x() << ' ' << at.y();
   }
 }
 
 TEST_F(TSubstratesTest, GoWhereTheSharedRectangleGoes) {
-  AddLayer();
   auto rect = std::make_shared<TRectangle>();
   rect->SetX1(10);
   rect->SetY1(10);
@@ -90,32 +72,31 @@ TEST_F(TSubstratesTest, GoWhereTheSharedRectangleGoes) {
   EXPECT_EQ(substrate->GetRect(), rect);
   EXPECT_EQ(Shown().pixel(5, 95), Pixel(clRed));
   rect->SetX1(100);
-  map.DoUpdate(true);
-  EXPECT_EQ(Shown().pixel(95, 95), Pixel(clRed));
+  EXPECT_EQ(Repainted().pixel(95, 95), Pixel(clRed));
   substrates.Clear();
   EXPECT_EQ(rect->GetX1(), 100) << "the caller's rectangle lives on";
 }
 
-TEST_F(TSubstratesTest, LieOneOverTheOtherInTheirOrder) {
-  AddLayer();
+TEST_F(TSubstratesTest, LieOneOverTheOtherInTheirOrderUnderTheLayers) {
   substrates.LoadFromFile(OnePixel(clRed), 0, 0, 100, 100);
   substrates.LoadFromFile(OnePixel(clBlue), 50, 0, 100, 100);
+  AddSquare(layer, 60, 50, 5, clNavy);
   const QImage picture = Shown();
   EXPECT_EQ(picture.pixel(25, 50), Pixel(clRed));
   EXPECT_EQ(picture.pixel(75, 50), Pixel(clBlue));
   EXPECT_EQ(picture.pixel(125, 50), Pixel(clBlue));
+  EXPECT_EQ(picture.pixel(62, 48), Pixel(clNavy));
 }
 
 TEST_F(TSubstratesTest, ShowOnlyWithALayer) {
+  map.GetLayers()->Delete(0);
   substrates.LoadFromFile(OnePixel(clRed), 0, 0, 100, 100);
   EXPECT_EQ(Shown().pixel(50, 50), Pixel(clWhite));
   AddLayer();
-  map.DoUpdate(true);
-  EXPECT_EQ(Shown().pixel(50, 50), Pixel(clRed));
+  EXPECT_EQ(Repainted().pixel(50, 50), Pixel(clRed));
 }
 
-TEST_F(TSubstratesTest, AreHandedBackWhenRemovedAndGoneWhenCleared) {
-  AddLayer();
+TEST_F(TSubstratesTest, AreHandedBackWhenRemovedOrExchangedAndGoneWhenCleared) {
   substrates.LoadFromFile(OnePixel(clRed), 0, 0, 100, 100);
   TSubstrate *upper = substrates.LoadFromFile(OnePixel(clBlue), 0, 0, 100, 100);
   std::unique_ptr<TSubstrate> removed = substrates.Remove(upper);
@@ -125,18 +106,15 @@ TEST_F(TSubstratesTest, AreHandedBackWhenRemovedAndGoneWhenCleared) {
   EXPECT_EQ(Shown().pixel(50, 50), Pixel(clRed));
   EXPECT_EQ(substrates.Add(std::move(removed)), upper);
   EXPECT_EQ(Shown().pixel(50, 50), Pixel(clBlue));
-}
 
-TEST_F(TSubstratesTest, ExchangeOneForAnother) {
-  AddLayer();
-  substrates.LoadFromFile(OnePixel(clRed), 0, 0, 100, 100);
   auto other = std::make_unique<TSubstrate>();
-  other->LoadFromFile(OnePixel(clBlue), 0, 0, 100, 100);
-  const std::unique_ptr<TSubstrate> first = substrates.SetSubstrate(0, std::move(other));
-  EXPECT_EQ(first->GetMap(), nullptr);
-  EXPECT_EQ(Shown().pixel(50, 50), Pixel(clBlue));
-  EXPECT_THROW(static_cast<void>(substrates.GetSubstrate(1)), ERangeError);
-  EXPECT_THROW(static_cast<void>(substrates.GetSubstrate(-1)), ERangeError);
+  other->LoadFromFile(OnePixel(clNavy), 0, 0, 100, 100);
+  const std::unique_ptr<TSubstrate> exchanged = substrates.SetSubstrate(1, std::move(other));
+  EXPECT_EQ(exchanged.get(), upper);
+  EXPECT_EQ(exchanged->GetMap(), nullptr);
+  EXPECT_EQ(Shown().pixel(50, 50), Pixel(clNavy));
+  for (const int index : {-1, 2}) EXPECT_THROW(static_cast<void>(substrates.GetSubstrate(index)), ERangeError);
+
   substrates.Clear();
   EXPECT_EQ(substrates.GetCount(), 0);
   EXPECT_EQ(Shown().pixel(50, 50), Pixel(clWhite));
@@ -154,20 +132,16 @@ TEST_F(TSubstratesTest, TellWhichFileCannotBeRead) {
 }
 
 TEST_F(TSubstratesTest, DrawNothingWithoutWhatTheyNeed) {
-  AddLayer();
   TSubstrate *bare = substrates.Add(std::make_unique<TSubstrate>());
   bare->SetRect(std::make_shared<TRectangle>());
   EXPECT_EQ(Shown().pixel(50, 50), Pixel(clWhite)) << "no picture";
   bare->LoadFromFile(OnePixel(clRed), nullptr);
-  map.DoUpdate(true);
-  EXPECT_EQ(Shown().pixel(50, 50), Pixel(clWhite)) << "no rectangle";
+  EXPECT_EQ(Repainted().pixel(50, 50), Pixel(clWhite)) << "no rectangle";
   bare->SetRect(std::make_shared<TRectangle>());
-  map.DoUpdate(true);
-  EXPECT_EQ(Shown().pixel(0, 99), Pixel(clWhite)) << "a rectangle without extent";
+  EXPECT_EQ(Repainted().pixel(0, 99), Pixel(clWhite)) << "a rectangle without extent";
 }
 
 TEST_F(TSubstratesTest, ReachFarBeyondTheView) {
-  AddLayer();
   substrates.LoadFromFile(FourPixels(), 100 - 1e7, 50 - 1e7, 2e7, 2e7);
   const QImage picture = Shown();
   EXPECT_EQ(picture.pixel(0, 0), Pixel(UpperLeft));
@@ -179,15 +153,13 @@ TEST_F(TSubstratesTest, ReachFarBeyondTheView) {
 }
 
 TEST_F(TSubstratesTest, MoveToAnotherMapAsAWhole) {
-  AddLayer();
   auto others = std::make_unique<TSubstrates>();
   TSubstrate *substrate = others->LoadFromFile(OnePixel(clRed), 0, 0, 100, 100);
   EXPECT_EQ(substrate->GetMap(), nullptr);
   const std::unique_ptr<TSubstrates> previous = map.SetSubstrates(std::move(others));
   EXPECT_EQ(previous->GetMap(), nullptr);
   EXPECT_EQ(substrate->GetMap(), &map);
-  map.DoUpdate(true);
-  EXPECT_EQ(Shown().pixel(50, 50), Pixel(clRed));
+  EXPECT_EQ(Repainted().pixel(50, 50), Pixel(clRed));
 }
 
 }  // namespace
