@@ -12,7 +12,17 @@
 namespace tessera::test {
 namespace {
 
-using TTesseraPaintTest = MapFixture;
+/// Messages are collected instead of shown.
+class TTesseraPaintTest : public MapFixture {
+ protected:
+  TTesseraPaintTest() : m_sinkBefore(SetMessageSink([this](const QString &text) { messages << text; })) {}
+  ~TTesseraPaintTest() override { SetMessageSink(m_sinkBefore); }
+
+  QStringList messages;
+
+ private:
+  TMessageSink m_sinkBefore;
+};
 
 TEST_F(TTesseraPaintTest, ShowsItsColourAndTellsNothingWithoutLayers) {
   QSignalSpy painted(&map, &TTessera::OnPaint);
@@ -80,6 +90,9 @@ TEST_F(TTesseraPaintTest, MarksTheFastSelectionAtOnceAndTakesItAwayWithoutATrace
   const QImage selected = Shown();
   EXPECT_NE(selected.pixel(30, 70), before.pixel(30, 70));
   EXPECT_EQ(selected.pixel(10, 90), before.pixel(10, 90));
+  TBitmap copy;
+  map.AssignToBitmap(copy);
+  EXPECT_EQ(copy.GetImage().convertToFormat(QImage::Format_RGB32), before) << "the selection is not in the picture";
   map.Invalidate();
   EXPECT_EQ(Shown(), selected) << "a repaint shows the selection again";
   map.GetSelection()->Remove(square);
@@ -104,40 +117,23 @@ TEST_F(TTesseraPaintTest, MakesTheSlowSelectionPartOfThePicture) {
   EXPECT_EQ(through, 16) << "a quarter of the pattern lets the background show";
 }
 
-TEST_F(TTesseraPaintTest, CopiesThePictureWithoutTheFastSelection) {
-  TRegion *square = AddSquare(AddLayer(), 20, 20, 40, clRed);
-  const QImage before = Shown();
-  square->Select();
-  Shown();
-  TBitmap copy;
-  map.AssignToBitmap(copy);
-  EXPECT_EQ(copy.GetImage().convertToFormat(QImage::Format_RGB32), before);
-}
-
 TEST_F(TTesseraPaintTest, TurnsAnErrorOfAHandlerIntoAMessage) {
-  QStringList messages;
-  const TMessageSink previous = SetMessageSink([&](const QString &text) { messages << text; });
   AddLayer();
   const auto connection = QObject::connect(&map, &TTessera::OnPaint, &map, [] { throw std::runtime_error("no ink"); });
   Shown();
   EXPECT_EQ(messages, QStringList{QStringLiteral("no ink")});
   EXPECT_FALSE(map.GetIsBusy());
   QObject::disconnect(connection);
-  map.DoUpdate(true);
-  Shown();
+  Repainted();
   EXPECT_EQ(messages.size(), 1);
-  SetMessageSink(previous);
 }
 
 TEST_F(TTesseraPaintTest, SurvivesAViewWithoutExtent) {
-  QStringList messages;
-  const TMessageSink previous = SetMessageSink([&](const QString &text) { messages << text; });
   AddSquare(AddLayer(), 20, 20, 40, clRed);
   map.SetMaxX(map.GetMinX());
   Shown();
   EXPECT_FALSE(messages.isEmpty());
   EXPECT_THROW(static_cast<void>(map.GetViewBounds()), EZeroDivide);
-  SetMessageSink(previous);
 }
 
 TEST_F(TTesseraPaintTest, HidesLayersOutsideTheirZooms) {
@@ -146,9 +142,7 @@ TEST_F(TTesseraPaintTest, HidesLayersOutsideTheirZooms) {
   layer->SetMinZoom(2);
   layer->SetMaxZoom(4);
   EXPECT_EQ(Shown().pixel(30, 70), Pixel(clWhite));
-  map.SetCenterX(30);
-  map.SetCenterY(30);
-  map.SetZoom(2);
+  LookAt(30, 30, 2);
   EXPECT_EQ(Shown().pixel(100, 50), Pixel(clRed));
 }
 
@@ -161,8 +155,7 @@ TEST_F(TTesseraPaintTest, LabelsObjectsThatAreWhollyInView) {
   layer->SetAutoLabel(true);
   EXPECT_NE(Shown(), plain);
   layer->SetLabelFieldIndex(1);
-  map.DoUpdate(true);
-  EXPECT_EQ(Shown(), plain);
+  EXPECT_EQ(Repainted(), plain);
   layer->SetLabelFieldIndex(0);
   map.SetCenterX(0);
   const QImage cut = Shown();
