@@ -25,9 +25,18 @@ class EditorWindowTest : public testing::Test {
     window.show();
     QApplication::processEvents();
   }
+  /// Opens files and lets the window settle.
+  void Open(const QStringList &files) {
+    window.OpenFiles(files);
+    QApplication::processEvents();
+  }
+  [[nodiscard]] std::string LayerName(int index) const {
+    return map.GetLayers()->GetLayer(index)->GetName().toStdString();
+  }
+  [[nodiscard]] QString PathOf(const char *name) const { return folder.filePath(QString::fromLatin1(name)); }
 
-  const QString squares = MapFileNamed(QStringLiteral("squares.mif"));
-  const QString cover = MapFileNamed(QStringLiteral("cover.mif"));
+  const QString squares = MapFileNamed("squares.mif");
+  const QString cover = MapFileNamed("cover.mif");
   const QTemporaryDir folder;
   const TStandardProviders providers;
   TEditorWindow window;
@@ -36,22 +45,21 @@ class EditorWindowTest : public testing::Test {
 };
 
 TEST_F(EditorWindowTest, OpensFilesBottomFirstAndShowsThemWhole) {
-  window.OpenFiles({squares, cover});
-  QApplication::processEvents();
+  Open({squares, cover});
   ASSERT_EQ(map.GetLayers()->GetCount(), 2);
-  EXPECT_EQ(map.GetLayers()->GetLayer(0)->GetName(), QStringLiteral("squares"));
-  EXPECT_EQ(map.GetLayers()->GetLayer(1)->GetName(), QStringLiteral("cover"));
+  EXPECT_EQ(LayerName(0), "squares");
+  EXPECT_EQ(LayerName(1), "cover");
   EXPECT_TRUE(map.GetViewBounds().ContainsBounds({0, 0, 20, 10}));
   EXPECT_EQ(map.GetDisplayed()->GetCount(), 4);
   EXPECT_EQ(messages.GetCount(), 0);
-  EXPECT_TRUE(window.GetStatusPanel().GetSummary().startsWith(QStringLiteral("cover.mif: 1 object")));
+  EXPECT_TRUE(window.GetStatusPanel().GetSummary().startsWith(u"cover.mif: 1 object"));
 }
 
 TEST_F(EditorWindowTest, KeepsTheViewWhenFilesComeOnTop) {
-  window.OpenFiles({cover});
+  Open({cover});
   map.SetCenterX(3);
   map.SetZoom(5);
-  window.OpenFiles({squares});
+  Open({squares});
   EXPECT_EQ(map.GetCenterX(), 3);
   EXPECT_EQ(map.GetZoom(), 5);
   window.FitAll();
@@ -59,48 +67,44 @@ TEST_F(EditorWindowTest, KeepsTheViewWhenFilesComeOnTop) {
   EXPECT_EQ(map.GetZoom(), 1);
 }
 
-TEST_F(EditorWindowTest, OpensDroppedFiles) {
-  QMimeData files;
-  files.setUrls({QUrl::fromLocalFile(squares), QUrl(QStringLiteral("mailto:nobody"))});
+TEST_F(EditorWindowTest, OpensDroppedFilesAndLeavesOtherDropsToOthers) {
+  EXPECT_TRUE(window.acceptDrops());
   const QPoint at(20, 40);
-  QDragEnterEvent enter(at, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QMimeData data;
+  data.setText(QStringLiteral("no file"));
+  QDragEnterEvent other(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  other.ignore();
+  QApplication::sendEvent(&window, &other);
+  EXPECT_FALSE(other.isAccepted());
+
+  data.setUrls({QUrl::fromLocalFile(squares), QUrl(QStringLiteral("mailto:nobody"))});
+  QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&window, &enter);
   EXPECT_TRUE(enter.isAccepted());
-  QDropEvent drop(at, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&window, &drop);
   QApplication::processEvents();
   ASSERT_EQ(map.GetLayers()->GetCount(), 1);
-  EXPECT_EQ(map.GetLayers()->First()->GetName(), QStringLiteral("squares"));
-}
-
-TEST_F(EditorWindowTest, LeavesOtherDropsToOthers) {
-  QMimeData text;
-  text.setText(QStringLiteral("no file"));
-  QDragEnterEvent enter(QPoint(20, 40), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-  enter.ignore();
-  QApplication::sendEvent(&window, &enter);
-  EXPECT_FALSE(enter.isAccepted());
+  EXPECT_EQ(LayerName(0), "squares");
 }
 
 TEST_F(EditorWindowTest, TellsInTheMessageBarWhatCannotBeRead) {
   const QSize before = map.size();
-  window.OpenFiles({QStringLiteral("missing.mif"), MapFileNamed(QStringLiteral("defect.mif"))});
-  QApplication::processEvents();
+  Open({QStringLiteral("missing.mif"), MapFileNamed("defect.mif")});
   EXPECT_EQ(map.GetLayers()->GetCount(), 1);
   EXPECT_TRUE(messages.isVisible());
   EXPECT_EQ(messages.GetCount(), 2);
-  EXPECT_EQ(messages.GetText(), QStringLiteral("missing.mif: there is no such file"));
+  EXPECT_EQ(messages.GetText(), u"missing.mif: there is no such file");
   messages.Dismiss();
-  EXPECT_TRUE(messages.GetText().contains(QStringLiteral("defect.mif: error in line 18")));
+  EXPECT_TRUE(messages.GetText().contains(u"defect.mif: error in line 18"));
   EXPECT_EQ(map.size(), before) << "the bar lies over the map";
 }
 
 TEST_F(EditorWindowTest, ShowsMessagesThatComeUpWhilePainting) {
   QObject::connect(&map, &TTessera::OnPaint, &window, [] { ShowMessage(QStringLiteral("painted")); });
-  window.OpenFiles({cover});
+  Open({cover});
   QApplication::processEvents();
-  QApplication::processEvents();
-  EXPECT_EQ(messages.GetText(), QStringLiteral("painted"));
+  EXPECT_EQ(messages.GetText(), u"painted");
 }
 
 TEST_F(EditorWindowTest, ShowsProgressWhileLoadingOnly) {
@@ -119,60 +123,50 @@ TEST_F(EditorWindowTest, ShowsProgressWhileLoadingOnly) {
 }
 
 TEST_F(EditorWindowTest, ShowsThePointUnderTheCursor) {
-  window.OpenFiles({squares});
+  Open({squares});
+  const auto shown = [this](int axis) { return window.GetStatusPanel().GetCoordinates().section(u',', axis, axis); };
   // A pixel is a few hundredths of a map unit.
   const QPoint middle(map.width() / 2, map.height() / 2);
   QTest::mouseMove(&map, middle + QPoint(5, 5));
   QTest::mouseMove(&map, middle);
-  const QStringList numbers = window.GetStatusPanel().GetCoordinates().split(QStringLiteral(", "));
-  ASSERT_EQ(numbers.size(), 2);
-  EXPECT_NEAR(numbers[0].toDouble(), 10, 0.1);
-  EXPECT_NEAR(numbers[1].toDouble(), 5, 0.1);
-  EXPECT_TRUE(numbers[0].contains(u'.'));
+  EXPECT_NEAR(shown(0).toDouble(), 10, 0.1);
+  EXPECT_NEAR(shown(1).toDouble(), 5, 0.1);
+  EXPECT_TRUE(shown(0).contains(u'.'));
 
   map.SetCenterX(map.GetCenterX() + 30);
   QApplication::processEvents();
-  EXPECT_NEAR(window.GetStatusPanel().GetCoordinates().section(u',', 0, 0).toDouble(), 40, 0.1)
-      << "the map has moved under the cursor";
+  EXPECT_NEAR(shown(0).toDouble(), 40, 0.1) << "the map has moved under the cursor";
 }
 
 TEST_F(EditorWindowTest, ShowsTheZoom) {
-  EXPECT_EQ(window.GetStatusPanel().GetZoom(), QStringLiteral("Zoom 1"));
+  EXPECT_EQ(window.GetStatusPanel().GetZoom(), u"Zoom 1");
   map.SetZoom(2.5);
-  EXPECT_EQ(window.GetStatusPanel().GetZoom(), QStringLiteral("Zoom 2.5"));
+  EXPECT_EQ(window.GetStatusPanel().GetZoom(), u"Zoom 2.5");
 }
 
 TEST_F(EditorWindowTest, SavesALayerThatReadsBack) {
-  window.OpenFiles({squares});
-  const QString file = folder.filePath(QStringLiteral("copy.mif"));
-  EXPECT_TRUE(window.SaveLayer(*map.GetLayers()->First(), file));
-  window.OpenFiles({file});
+  Open({squares});
+  EXPECT_TRUE(window.SaveLayer(*map.GetLayers()->First(), PathOf("copy.mif")));
+  Open({PathOf("copy.mif")});
   ASSERT_EQ(map.GetLayers()->GetCount(), 2);
   EXPECT_EQ(map.GetLayers()->Last()->GetObjectCount(), 3);
-  EXPECT_FALSE(window.SaveLayer(*map.GetLayers()->First(), folder.filePath(QStringLiteral("copy.none"))));
+  EXPECT_FALSE(window.SaveLayer(*map.GetLayers()->First(), PathOf("copy.none")));
   QApplication::processEvents();
-  EXPECT_TRUE(messages.GetText().contains(QStringLiteral("copy.none: no format is known")));
+  EXPECT_TRUE(messages.GetText().contains(u"copy.none: no format is known"));
 }
 
 TEST_F(EditorWindowTest, ExportsThePictureAsShown) {
-  window.OpenFiles({squares});
-  const QString file = folder.filePath(QStringLiteral("map.png"));
-  EXPECT_TRUE(window.ExportPicture(file));
-  const QImage picture(file);
+  Open({squares});
+  EXPECT_TRUE(window.ExportPicture(PathOf("map.png")));
+  const QImage picture(PathOf("map.png"));
   ASSERT_EQ(picture.size(), map.size());
   int x = 0;
   int y = 0;
   map.MapToScreen(1, 9, x, y, false);
   EXPECT_EQ(picture.pixel(x, y), qRgb(255, 0, 0));
-  EXPECT_FALSE(window.ExportPicture(folder.filePath(QStringLiteral("none/map.png"))));
+  EXPECT_FALSE(window.ExportPicture(PathOf("none/map.png")));
   QApplication::processEvents();
-  EXPECT_TRUE(messages.GetText().contains(QStringLiteral("none/map.png")));
-}
-
-TEST_F(EditorWindowTest, StaysEmptyWithoutFiles) {
-  EXPECT_EQ(map.GetLayers()->GetCount(), 0);
-  EXPECT_EQ(messages.GetCount(), 0);
-  EXPECT_TRUE(window.acceptDrops());
+  EXPECT_TRUE(messages.GetText().contains(u"none/map.png"));
 }
 
 }  // namespace

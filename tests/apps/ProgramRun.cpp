@@ -5,23 +5,24 @@
 
 namespace tessera::test {
 
-TProgramRun RunTessera(const QStringList &arguments, const QString &locale) {
+TProgramRun RunTessera(const QStringList &arguments, const char *locale) {
   constexpr int PatienceMs = 60000;
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("LC_ALL"), locale);
+  environment.insert(QStringLiteral("LC_ALL"), QString::fromLatin1(locale));
   process.setProcessEnvironment(environment);
   process.start(QStringLiteral(TESSERA_PROGRAM), arguments);
-  TProgramRun run;
   const bool isDone = process.waitForFinished(PatienceMs) && process.exitStatus() == QProcess::NormalExit;
-  if (isDone) run.status = process.exitCode();
-  run.out = QString::fromUtf8(process.readAllStandardOutput());
-  run.err = QString::fromUtf8(process.readAllStandardError());
-  return run;
+  return {isDone ? process.exitCode() : -1, process.readAllStandardOutput().toStdString(),
+          process.readAllStandardError().toStdString()};
 }
 
-QString MapFileNamed(const QString &name) {
-  return QStringLiteral(TESSERA_TEST_DATA "/apps/") + name;
+QStringList Words(const char *text) {
+  return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
+}
+
+QString MapFileNamed(const char *name) {
+  return QStringLiteral(TESSERA_TEST_DATA "/apps/") + QLatin1String(name);
 }
 
 }  // namespace tessera::test
