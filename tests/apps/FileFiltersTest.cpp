@@ -7,29 +7,25 @@ namespace tessera::apps {
 namespace {
 
 TEST(FileFiltersTest, TurnsProviderFiltersIntoThoseOfQt) {
-  const struct {
-    const char *filter;
-    QStringList names;
-  } rows[] = {
-      {"", {}},
-      {"Maps (*.a)|*.a", {QStringLiteral("Maps (*.a)")}},
-      {"Maps|*.a", {QStringLiteral("Maps (*.a)")}},
-      {"Maps (*.a; *.b)|*.a; *.b", {QStringLiteral("Maps (*.a *.b)")}},
-      {"Maps (*.a)|*.a|Plans (*.b)|*.b;*.c", {QStringLiteral("Maps (*.a)"), QStringLiteral("Plans (*.b *.c)")}},
-      {"Maps (of old) (*.a)|*.a", {QStringLiteral("Maps (of old) (*.a)")}},
-      {"Maps (*.a)|", {}},
-      {"Maps (*.a)", {}},
+  const std::pair<const char *, const char16_t *> rows[] = {
+      {"", u""},
+      {"Maps (*.a)|*.a", u"Maps (*.a)"},
+      {"Maps|*.a", u"Maps (*.a)"},
+      {"Maps (*.a; *.b)|*.a; *.b", u"Maps (*.a *.b)"},
+      {"Maps (*.a)|*.a|Plans (*.b)|*.b;*.c", u"Maps (*.a);;Plans (*.b *.c)"},
+      {"Maps (of old) (*.a)|*.a", u"Maps (of old) (*.a)"},
+      {"Maps (*.a)|", u""},
+      {"Maps (*.a)", u""},
   };
-  for (const auto &row : rows) EXPECT_EQ(ToNameFilters(QString::fromLatin1(row.filter)), row.names) << row.filter;
+  for (const auto &[filter, names] : rows) {
+    EXPECT_EQ(ToNameFilters(QString::fromLatin1(filter)).join(QStringLiteral(";;")), names) << filter;
+  }
 }
 
-TEST(FileFiltersTest, JoinsAllMasksInOneFilter) {
+TEST(FileFiltersTest, JoinsAllMasksInOneFilterAndTakesTheEndingOfTheFirst) {
   const QStringList filters{QStringLiteral("Maps (of old) (*.a *.b)"), QStringLiteral("Plans (*.b *.c)")};
-  EXPECT_EQ(ToCommonNameFilter(filters), QStringLiteral("All map files (*.a *.b *.c)"));
-}
-
-TEST(FileFiltersTest, TakesTheEndingOfTheFirstMask) {
-  EXPECT_EQ(DefaultEnding(QStringLiteral("Maps (of old) (*.a *.b)")), QStringLiteral("a"));
+  EXPECT_EQ(ToCommonNameFilter(filters), u"All map files (*.a *.b *.c)");
+  EXPECT_EQ(DefaultEnding(filters.first()), u"a");
   EXPECT_EQ(DefaultEnding(QString()), QString());
 }
 
