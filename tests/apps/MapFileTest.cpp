@@ -42,25 +42,13 @@ class MapFileTest : public testing::Test {
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
   }
 
+  [[nodiscard]] QString Told(const char *words) const { return path + QStringLiteral(": ") + QLatin1String(words); }
+
   const QTemporaryDir folder;
   const QString path = folder.filePath(QStringLiteral("some.test"));
   TTestProvider provider;
   TTessera map;
 };
-
-TEST_F(MapFileTest, NamesTheLayerAfterTheFile) {
-  provider.work = [](TMapLayer &layer, TFormatReport &report) {
-    layer.NewObject<TPolyline>();
-    report.CountObject(QStringLiteral("Pline"));
-  };
-  const TLoadedFile loaded = LoadMapFile(map, path);
-  ASSERT_NE(loaded.layer, nullptr);
-  EXPECT_EQ(loaded.layer->GetName(), QStringLiteral("some"));
-  EXPECT_EQ(loaded.layer->GetFileName(), path);
-  EXPECT_EQ(loaded.provider, QStringLiteral("Test format"));
-  EXPECT_EQ(loaded.report.CountOfObjects(), 1);
-  EXPECT_EQ(loaded.warnings, QStringList());
-}
 
 TEST_F(MapFileTest, KeepsWhatWasReadBeforeADefect) {
   provider.work = [](TMapLayer &layer, TFormatReport &report) {
@@ -72,21 +60,16 @@ TEST_F(MapFileTest, KeepsWhatWasReadBeforeADefect) {
   const TLoadedFile loaded = LoadMapFile(map, path);
   EXPECT_EQ(map.GetLayers()->GetCount(), 1);
   EXPECT_EQ(loaded.error, QString());
-  EXPECT_EQ(loaded.warnings,
-            (QStringList{path + QStringLiteral(": error in line 7: bad number"), path + QStringLiteral(": odd")}));
+  EXPECT_EQ(loaded.warnings, (QStringList{Told("error in line 7: bad number"), Told("odd")}));
 }
 
 TEST_F(MapFileTest, LeavesNoLayerWhereNothingCouldBeRead) {
   provider.work = [](TMapLayer &, TFormatReport &report) { report.Fail(2, QStringLiteral("bad\nheader")); };
-  const TLoadedFile loaded = LoadMapFile(map, path);
-  EXPECT_EQ(loaded.layer, nullptr);
-  EXPECT_EQ(map.GetLayers()->GetCount(), 0);
-  EXPECT_EQ(loaded.error, QString(path + QStringLiteral(": error in line 2: bad header")));
-}
-
-TEST_F(MapFileTest, TurnsAnExceptionIntoAnError) {
+  EXPECT_EQ(LoadMapFile(map, path).error, Told("error in line 2: bad header"));
   provider.work = [](TMapLayer &, TFormatReport &) { throw EInOutError(QStringLiteral("disk on fire")); };
-  EXPECT_EQ(LoadMapFile(map, path).error, QString(path + QStringLiteral(": disk on fire")));
+  const TLoadedFile loaded = LoadMapFile(map, path);
+  EXPECT_EQ(loaded.error, Told("disk on fire"));
+  EXPECT_EQ(loaded.layer, nullptr);
   EXPECT_EQ(map.GetLayers()->GetCount(), 0);
 }
 
@@ -98,7 +81,7 @@ TEST_F(MapFileTest, MakesWarningsOfMessages) {
     ShowMessage(QStringLiteral("odd value"));
     ShowMessage(QStringLiteral("odd value"));
   };
-  EXPECT_EQ(LoadMapFile(map, path).warnings, QStringList(path + QStringLiteral(": odd value")));
+  EXPECT_EQ(LoadMapFile(map, path).warnings, QStringList(Told("odd value")));
   EXPECT_EQ(shown, 0);
   ShowMessage(QStringLiteral("after"));
   EXPECT_EQ(shown, 1) << "the sink is back in force";
@@ -109,11 +92,11 @@ TEST_F(MapFileTest, TellsWhySavingFailed) {
   provider.work = [](TMapLayer &, TFormatReport &) {};
   TMapLayer &layer = *map.GetLayers()->Add(QString(), QStringLiteral("layer"));
   EXPECT_EQ(SaveMapFile(layer, path), QString());
-  EXPECT_TRUE(SaveMapFile(layer, QStringLiteral("map.none")).contains(QStringLiteral("no format is known")));
+  EXPECT_TRUE(SaveMapFile(layer, QStringLiteral("map.none")).contains(u"no format is known"));
   provider.work = [](TMapLayer &, TFormatReport &) { throw EInOutError(QStringLiteral("disk full")); };
-  EXPECT_EQ(SaveMapFile(layer, path), QString(path + QStringLiteral(": disk full")));
+  EXPECT_EQ(SaveMapFile(layer, path), Told("disk full"));
   provider.work = [](TMapLayer &, TFormatReport &report) { report.Fail(0, QStringLiteral("no such column")); };
-  EXPECT_EQ(SaveMapFile(layer, path), QString(path + QStringLiteral(": no such column")));
+  EXPECT_EQ(SaveMapFile(layer, path), Told("no such column"));
 }
 
 }  // namespace
