@@ -16,10 +16,10 @@ TEST(MessageBarTest, ShowsQueuedMessagesOneByOne) {
   EXPECT_TRUE(bar.isHidden()) << "before the present event is done";
   QApplication::processEvents();
   EXPECT_FALSE(bar.isHidden());
-  EXPECT_EQ(bar.GetText(), QStringLiteral("one"));
+  EXPECT_EQ(bar.GetText(), u"one");
   EXPECT_EQ(bar.GetCount(), 2);
   bar.findChild<QToolButton *>()->click();
-  EXPECT_EQ(bar.GetText(), QStringLiteral("two"));
+  EXPECT_EQ(bar.GetText(), u"two");
   bar.Dismiss();
   EXPECT_TRUE(bar.isHidden());
   bar.Dismiss();
@@ -28,21 +28,18 @@ TEST(MessageBarTest, ShowsQueuedMessagesOneByOne) {
 
 TEST(MessageBarTest, KeepsATextOnceAndNoMoreThanCanBeRead) {
   MessageBar bar;
+  bar.Post(QString(100000, u'x'));
   for (int i = 0; i < 1000; ++i) {
     bar.Post(QStringLiteral("again"));
     bar.Post(QString::number(i));
   }
   QApplication::processEvents();
   EXPECT_EQ(bar.GetCount(), 100);
-  bar.Dismiss();
-  EXPECT_EQ(bar.GetText(), QStringLiteral("0"));
-}
-
-TEST(MessageBarTest, CutsLongTexts) {
-  MessageBar bar;
-  bar.Post(QString(100000, u'x'));
-  QApplication::processEvents();
   EXPECT_LT(bar.GetText().size(), 1000);
+  bar.Dismiss();
+  EXPECT_EQ(bar.GetText(), u"again");
+  bar.Dismiss();
+  EXPECT_EQ(bar.GetText(), u"0");
 }
 
 }  // namespace
