@@ -13,7 +13,9 @@ TTraceSink &Sink() {
 
 }  // namespace
 
-TTraceSink SetDebugTraceSink(TTraceSink sink) { return std::exchange(Sink(), std::move(sink)); }
+TTraceSink SetDebugTraceSink(TTraceSink sink) {
+  return std::exchange(Sink(), std::move(sink));
+}
 
 void DebugTrace(const QString &format, std::initializer_list<QString> arguments) {
   if (Sink()) Sink()(format, arguments);

@@ -21,6 +21,7 @@ TESSERA_CORE_EXPORT TTraceSink SetDebugTraceSink(TTraceSink sink);
 TESSERA_CORE_EXPORT void DebugTrace(const QString &format, std::initializer_list<QString> arguments = {});
 
 /// `format` with each %s, %S, %d and %D replaced by the next argument.
-[[nodiscard]] TESSERA_CORE_EXPORT QString FormatMessage(const QString &format, std::initializer_list<QString> arguments);
+[[nodiscard]] TESSERA_CORE_EXPORT QString FormatMessage(const QString &format,
+                                                        std::initializer_list<QString> arguments);
 
 }  // namespace tessera

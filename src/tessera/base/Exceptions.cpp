@@ -8,7 +8,9 @@ EConvertError::EConvertError(const QString &message) : std::runtime_error(messag
 EInOutError::EInOutError(const QString &message) : std::runtime_error(message.toStdString()) {}
 EZeroDivide::EZeroDivide(const QString &message) : std::domain_error(message.toStdString()) {}
 
-QString MessageOf(const std::exception &error) { return QString::fromUtf8(error.what()); }
+QString MessageOf(const std::exception &error) {
+  return QString::fromUtf8(error.what());
+}
 
 std::size_t CheckedIndex(std::ptrdiff_t index, std::size_t count, const char *what) {
   if (index < 0 || std::size_t(index) >= count) {

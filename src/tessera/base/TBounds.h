@@ -29,7 +29,9 @@ struct TBounds {
     MinY = std::min(MinY, other.MinY);
   }
   [[nodiscard]] bool IsInverted() const { return MinX > MaxX || MinY > MaxY; }
-  [[nodiscard]] bool ContainsPoint(double x, double y) const { return x >= MinX && x <= MaxX && y >= MinY && y <= MaxY; }
+  [[nodiscard]] bool ContainsPoint(double x, double y) const {
+    return x >= MinX && x <= MaxX && y >= MinY && y <= MaxY;
+  }
   /// Whether all of `inner` lies within; false for an inverted one.
   [[nodiscard]] bool ContainsBounds(const TBounds &inner) const {
     return !inner.IsInverted() && ContainsPoint(inner.MinX, inner.MinY) && ContainsPoint(inner.MaxX, inner.MaxY);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/base/TCardinalArray.h>
-
 #include <tessera/base/Exceptions.h>
+#include <tessera/base/TCardinalArray.h>
 
 #include <algorithm>
 
@@ -36,9 +35,13 @@ void TCardinalArray::Remove(int index) {
   --m_count;
 }
 
-std::uint32_t TCardinalArray::GetItem(int index) const { return m_items[CheckedIndex(index, m_items.size(), IdIndex)]; }
+std::uint32_t TCardinalArray::GetItem(int index) const {
+  return m_items[CheckedIndex(index, m_items.size(), IdIndex)];
+}
 
-void TCardinalArray::SetItem(int index, std::uint32_t id) { m_items[CheckedIndex(index, m_items.size(), IdIndex)] = id; }
+void TCardinalArray::SetItem(int index, std::uint32_t id) {
+  m_items[CheckedIndex(index, m_items.size(), IdIndex)] = id;
+}
 
 bool TCardinalArray::Exists(std::uint32_t id) const {
   const auto ids = Ids();

@@ -21,13 +21,23 @@ inline constexpr TColor clWhite = 0xFFFFFF;
 [[nodiscard]] constexpr TColor RGB(unsigned red, unsigned green, unsigned blue) {
   return (red & 0xFFU) | (green & 0xFFU) << 8U | (blue & 0xFFU) << 16U;
 }
-[[nodiscard]] constexpr unsigned RedOf(TColor color) { return color & 0xFFU; }
-[[nodiscard]] constexpr unsigned GreenOf(TColor color) { return (color >> 8U) & 0xFFU; }
-[[nodiscard]] constexpr unsigned BlueOf(TColor color) { return (color >> 16U) & 0xFFU; }
+[[nodiscard]] constexpr unsigned RedOf(TColor color) {
+  return color & 0xFFU;
+}
+[[nodiscard]] constexpr unsigned GreenOf(TColor color) {
+  return (color >> 8U) & 0xFFU;
+}
+[[nodiscard]] constexpr unsigned BlueOf(TColor color) {
+  return (color >> 16U) & 0xFFU;
+}
 
 /// The opaque Qt pixel value of a colour.
-[[nodiscard]] constexpr QRgb ToRgb(TColor color) { return qRgb(int(RedOf(color)), int(GreenOf(color)), int(BlueOf(color))); }
-[[nodiscard]] inline QColor ToQColor(TColor color) { return QColor::fromRgb(ToRgb(color)); }
+[[nodiscard]] constexpr QRgb ToRgb(TColor color) {
+  return qRgb(int(RedOf(color)), int(GreenOf(color)), int(BlueOf(color)));
+}
+[[nodiscard]] inline QColor ToQColor(TColor color) {
+  return QColor::fromRgb(ToRgb(color));
+}
 [[nodiscard]] inline TColor FromQColor(const QColor &color) {
   return RGB(unsigned(color.red()), unsigned(color.green()), unsigned(color.blue()));
 }

@@ -266,10 +266,12 @@ void MifReader::FinishReport() {
     m_report.CountSkippedLine(word.empty() ? QStringLiteral("other") : QString::fromStdString(word), count);
   }
   if (m_mid.GetMissingLines() > 0) {
-    m_report.Warn(QStringLiteral("objects at the end that the data file has no line for: %1").arg(m_mid.GetMissingLines()));
+    m_report.Warn(
+        QStringLiteral("objects at the end that the data file has no line for: %1").arg(m_mid.GetMissingLines()));
   }
   if (m_report.ok() && m_mid.HasMore()) {
-    m_report.Warn(QStringLiteral("the data file has more lines than objects were read, so values may stand with the wrong objects"));
+    m_report.Warn(QStringLiteral(
+        "the data file has more lines than objects were read, so values may stand with the wrong objects"));
   }
 }
 

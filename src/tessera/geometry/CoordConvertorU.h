@@ -7,8 +7,8 @@ namespace tessera {
 
 // Geodetic coordinates on the Krassovsky ellipsoid and Gauss-Krueger plane coordinates in zones of 6 degrees, by closed
 // series. Latitude and longitude are degrees; X points north and Y east, in metres, with the number of the zone (1 from
-// the Greenwich meridian eastwards, 60 before it) in the millions of Y and half a million metres at the central meridian
-// of the zone. Both routines take any input and answer what the series give.
+// the Greenwich meridian eastwards, 60 before it) in the millions of Y and half a million metres at the central
+// meridian of the zone. Both routines take any input and answer what the series give.
 
 /// The plane coordinates of a point, in the zone it lies in or, with `shift`, in the one as many zones further west.
 ///
