@@ -12,9 +12,9 @@ namespace {
 
 using test::Board;
 
-constexpr int kLowest = std::numeric_limits<int>::min();
-constexpr int kHighest = std::numeric_limits<int>::max();
-constexpr int kExtremes[] = {kLowest, kLowest + 1, -40000, 0, 15, 40000, kHighest - 1, kHighest};
+constexpr int Lowest = std::numeric_limits<int>::min();
+constexpr int Highest = std::numeric_limits<int>::max();
+constexpr int Extremes[] = {Lowest, Lowest + 1, -40000, 0, 15, 40000, Highest - 1, Highest};
 
 /// Every drawing with two corners taken from the ends of the coordinates.
 void DrawAll(TCanvas &canvas, int x1, int y1, int x2, int y2) {
@@ -54,7 +54,7 @@ TEST(CanvasRangeTest, DrawsAnyCoordinatesWithinTheBitmap) {
   const RangeCase cases[] = {{psSolid, 1},
                              {psSolid, 3},
                              {psSolid, 9},
-                             {psSolid, kHighest},
+                             {psSolid, Highest},
                              {psDot, 1},
                              {psDashDot, 6},
                              {psDot, 2, TPenMode::pmXor},
@@ -67,9 +67,9 @@ TEST(CanvasRangeTest, DrawsAnyCoordinatesWithinTheBitmap) {
     board.canvas.Pen().SetStyle(test.style);
     board.canvas.Pen().SetWidth(test.width);
     board.canvas.Pen().SetMode(test.mode);
-    for (const int x1 : kExtremes) {
-      for (const int y1 : kExtremes) {
-        for (const int end : kExtremes) DrawAll(board.canvas, x1, y1, end, 20);
+    for (const int x1 : Extremes) {
+      for (const int y1 : Extremes) {
+        for (const int end : Extremes) DrawAll(board.canvas, x1, y1, end, 20);
         DrawAll(board.canvas, x1, y1, 10, y1);
       }
     }
@@ -97,7 +97,7 @@ TEST(CanvasRangeTest, CutsALineWhereAnUncutOneRuns) {
 
 TEST(CanvasRangeTest, RunsThroughTheMiddleOfTheLongestDiagonal) {
   Board board(10, 10);
-  board.canvas.Polyline(std::array{TPoint(kLowest + 1, kLowest + 1), TPoint(kHighest, kHighest)});
+  board.canvas.Polyline(std::array{TPoint(Lowest + 1, Lowest + 1), TPoint(Highest, Highest)});
   for (int i = 0; i < 10; ++i) EXPECT_EQ(board.At(i, i), clBlack) << i;
   EXPECT_EQ(board.Count(clBlack), 10);
 }

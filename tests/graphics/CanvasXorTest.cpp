@@ -10,15 +10,15 @@ namespace {
 using test::Board;
 using test::Operation;
 
-constexpr TPenStyle kPenStyles[] = {TPenStyle::psSolid,      TPenStyle::psDash,       TPenStyle::psDot,
-                                    TPenStyle::psDashDot,    TPenStyle::psDashDotDot, TPenStyle::psClear,
-                                    TPenStyle::psInsideFrame};
-constexpr int kPenWidths[] = {0, 1, 2, 3, 4, 7};
-constexpr TBrushStyle kBrushStyles[] = {TBrushStyle::bsSolid,    TBrushStyle::bsClear,     TBrushStyle::bsHorizontal,
-                                        TBrushStyle::bsVertical, TBrushStyle::bsFDiagonal, TBrushStyle::bsBDiagonal,
-                                        TBrushStyle::bsCross,    TBrushStyle::bsDiagCross};
-constexpr TPenMode kXorModes[] = {TPenMode::pmXor, TPenMode::pmNotXor};
-constexpr qreal kRatios[] = {1, 1.5, 2};
+constexpr TPenStyle PenStyles[] = {TPenStyle::psSolid,      TPenStyle::psDash,       TPenStyle::psDot,
+                                   TPenStyle::psDashDot,    TPenStyle::psDashDotDot, TPenStyle::psClear,
+                                   TPenStyle::psInsideFrame};
+constexpr int PenWidths[] = {0, 1, 2, 3, 4, 7};
+constexpr TBrushStyle BrushStyles[] = {TBrushStyle::bsSolid,    TBrushStyle::bsClear,     TBrushStyle::bsHorizontal,
+                                       TBrushStyle::bsVertical, TBrushStyle::bsFDiagonal, TBrushStyle::bsBDiagonal,
+                                       TBrushStyle::bsCross,    TBrushStyle::bsDiagCross};
+constexpr TPenMode XorModes[] = {TPenMode::pmXor, TPenMode::pmNotXor};
+constexpr qreal Ratios[] = {1, 1.5, 2};
 
 class CanvasXorTest : public testing::TestWithParam<Operation> {
  protected:
@@ -42,19 +42,19 @@ class CanvasXorTest : public testing::TestWithParam<Operation> {
 };
 
 TEST_P(CanvasXorTest, RestoresThePictureWhenDrawnTwice) {
-  for (const qreal ratio : kRatios) {
+  for (const qreal ratio : Ratios) {
     Board board(40, 30, ratio);
     board.canvas.Font() = TFont(QStringLiteral("DejaVu Sans"), 9, clBlue);
     board.canvas.Pen().SetColor(RGB(200, 30, 99));
     board.canvas.Brush().SetColor(RGB(60, 240, 10));
     test::FillWithNoise(board.bitmap);
-    for (const TPenMode mode : kXorModes) {
+    for (const TPenMode mode : XorModes) {
       board.canvas.Pen().SetMode(mode);
-      for (const TPenStyle pen : kPenStyles) {
+      for (const TPenStyle pen : PenStyles) {
         board.canvas.Pen().SetStyle(pen);
-        for (const int width : kPenWidths) {
+        for (const int width : PenWidths) {
           board.canvas.Pen().SetWidth(width);
-          for (const TBrushStyle brush : kBrushStyles) {
+          for (const TBrushStyle brush : BrushStyles) {
             board.canvas.Brush().SetStyle(brush);
             ASSERT_EQ(DrawTwice(board), Shows(pen, brush != TBrushStyle::bsClear))
                 << "ratio " << ratio << " mode " << int(mode) << " pen " << int(pen) << " width " << width << " brush "
@@ -70,7 +70,7 @@ TEST_P(CanvasXorTest, RestoresThePictureUnderABitmapBrush) {
   TBitmap pattern;
   pattern.SetSize(3, 5);
   test::FillWithNoise(pattern);
-  for (const TPenMode mode : kXorModes) {
+  for (const TPenMode mode : XorModes) {
     Board board;
     test::FillWithNoise(board.bitmap);
     board.canvas.Pen().SetMode(mode);

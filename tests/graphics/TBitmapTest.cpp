@@ -18,8 +18,8 @@ TEST(TBitmapTest, HoldsClientPixelsAtTheFullResolutionIfTheSizeCanBe) {
   bitmap.SetSize(5, 3, 1.5);
   EXPECT_EQ(bitmap.GetImage().size(), QSize(8, 5));
   EXPECT_EQ(QSize(bitmap.GetWidth(), bitmap.GetHeight()), QSize(5, 3));
-  constexpr int kHighest = std::numeric_limits<int>::max();
-  for (const QSize size : {QSize(0, 5), QSize(5, -1), QSize(kHighest, kHighest), QSize(1 << 20, 1 << 20)}) {
+  constexpr int Highest = std::numeric_limits<int>::max();
+  for (const QSize size : {QSize(0, 5), QSize(5, -1), QSize(Highest, Highest), QSize(1 << 20, 1 << 20)}) {
     bitmap.SetSize(2, 2);
     bitmap.SetSize(size.width(), size.height());
     EXPECT_TRUE(bitmap.IsEmpty()) << size.width() << 'x' << size.height();

@@ -19,8 +19,8 @@ namespace {
 using Runs = std::vector<TRgn::Run>;
 using Points = std::vector<TPoint>;
 
-constexpr int kLowest = std::numeric_limits<int>::min();
-constexpr int kHighest = std::numeric_limits<int>::max();
+constexpr int Lowest = std::numeric_limits<int>::min();
+constexpr int Highest = std::numeric_limits<int>::max();
 
 Runs RunsOf(const TRgn &region) {
   return {region.Runs().begin(), region.Runs().end()};
@@ -106,24 +106,24 @@ TEST(TRgnTest, TellsWhatTheRegionIs) {
 
 TEST(TRgnTest, CutsTheLargestPolygonExactly) {
   // The slanting side runs through (y, y) whatever the distance of its ends.
-  const Points below{{kLowest + 1, kLowest + 1}, {kHighest, kHighest}, {kLowest + 1, kHighest}};
+  const Points below{{Lowest + 1, Lowest + 1}, {Highest, Highest}, {Lowest + 1, Highest}};
   const TRgn region = RegionOf(below, TFillMode::Alternate, QRect(-2, -2, 5, 4));
   EXPECT_EQ(RunsOf(region), (Runs{{-1, -2, -1}, {0, -2, 0}, {1, -2, 1}}));
 }
 
 TEST(TRgnTest, CutsSidesOfTheFullCoordinateRangeExactly) {
   // x = -2^31 + k * (2^32 - 1) / (2^32 - 1) and the steepest and flattest sides there are.
-  const Points steep{{0, kLowest}, {1, kHighest}, {-5, kHighest}, {-5, kLowest}};
+  const Points steep{{0, Lowest}, {1, Highest}, {-5, Highest}, {-5, Lowest}};
   EXPECT_EQ(RunsOf(RegionOf(steep, TFillMode::Alternate, QRect(-9, 7, 20, 1))), (Runs{{7, -5, 1}}));
-  const Points flat{{kLowest, 0}, {kHighest, 2}, {kHighest, 5}, {kLowest, 5}};
+  const Points flat{{Lowest, 0}, {Highest, 2}, {Highest, 5}, {Lowest, 5}};
   EXPECT_EQ(RunsOf(RegionOf(flat, TFillMode::Alternate, QRect(-9, 0, 20, 3))), (Runs{{1, -9, 0}, {2, -9, 11}}));
 }
 
 TEST(TRgnTest, KeepsToAClipAtTheEndOfTheCoordinates) {
-  const Points all{{kLowest, kLowest}, {kHighest, kLowest}, {kHighest, kHighest}, {kLowest, kHighest}};
-  const QRect corner(QPoint(kHighest - 2, kHighest - 2), QPoint(kHighest - 1, kHighest - 1));
+  const Points all{{Lowest, Lowest}, {Highest, Lowest}, {Highest, Highest}, {Lowest, Highest}};
+  const QRect corner(QPoint(Highest - 2, Highest - 2), QPoint(Highest - 1, Highest - 1));
   EXPECT_EQ(RunsOf(RegionOf(all, TFillMode::Winding, corner)),
-            (Runs{{kHighest - 2, kHighest - 2, kHighest}, {kHighest - 1, kHighest - 2, kHighest}}));
+            (Runs{{Highest - 2, Highest - 2, Highest}, {Highest - 1, Highest - 2, Highest}}));
 }
 
 TEST(TRgnTest, XorsLikeQRegion) {

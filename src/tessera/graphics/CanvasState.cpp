@@ -59,11 +59,11 @@ detail::DeviceRect TCanvas::Private::ToDeviceSorted(int x1, int y1, int x2, int 
 
 detail::DevicePen TCanvas::Private::MakePen() const {
   // Wider pens would cover any picture; the limit keeps all sums within 32 bits.
-  constexpr double kWidestPx = 1 << 20;
+  constexpr double WidestPx = 1 << 20;
   const double width = std::max(1, m_pen.GetWidth());
   DevicePen pen;
   pen.style = m_pen.GetStyle();
-  pen.widthPx = int(std::clamp(std::round(width * m_ratio), 1.0, kWidestPx));
+  pen.widthPx = int(std::clamp(std::round(width * m_ratio), 1.0, WidestPx));
   pen.unitPx = std::max(1, int(std::lround(m_ratio)));
   pen.ink = detail::MakeInk(m_pen.GetColor(), m_pen.GetMode());
   return pen;
@@ -94,7 +94,7 @@ bool TCanvas::Private::BeginScratch(const DeviceRect &bounds) {
 
 void TCanvas::Private::MergeScratch(const Fill &pen, const Fill &fill) {
   // Letters may have left shades of the marks; from half way on a pixel counts.
-  const auto markOf = [](QRgb pixel) { return qBlue(pixel) >= 128 ? kPenMark.value : pixel & 0x8000U; };
+  const auto markOf = [](QRgb pixel) { return qBlue(pixel) >= 128 ? PenMark.value : pixel & 0x8000U; };
   const detail::Surface &marks = m_scratch.GetSurface();
   for (int y = marks.top; y < marks.bottom; ++y) {
     const QRgb *row = marks.At(marks.left, y);
@@ -104,7 +104,7 @@ void TCanvas::Private::MergeScratch(const Fill &pen, const Fill &fill) {
       int end = first + 1;
       while (end < width && markOf(row[end]) == mark) ++end;
       if (mark != 0) {
-        (mark == kPenMark.value ? pen : fill).PaintRun(GetSurface(), y, marks.left + first, marks.left + end);
+        (mark == PenMark.value ? pen : fill).PaintRun(GetSurface(), y, marks.left + first, marks.left + end);
       }
       first = end;
     }

@@ -52,8 +52,8 @@ class TCanvas::Private {
       draw(m_stage, pen, fill);
     } else if (BeginScratch(bounds)) {
       DevicePen marker = pen;
-      marker.ink = kPenMark;
-      draw(m_scratch, marker, fill.IsNone() ? fill : Fill(kFillMark));
+      marker.ink = PenMark;
+      draw(m_scratch, marker, fill.IsNone() ? fill : Fill(FillMark));
       MergeScratch(Fill(pen.ink), fill);
     }
   }
@@ -70,8 +70,8 @@ class TCanvas::Private {
   std::vector<TPoint> m_outline;  ///< Of the polygon being drawn, closed.
 
  private:
-  static constexpr Ink kPenMark{0xFF0000FFU, false};
-  static constexpr Ink kFillMark{0xFF00FF00U, false};
+  static constexpr Ink PenMark{0xFF0000FFU, false};
+  static constexpr Ink FillMark{0xFF00FF00U, false};
 
   [[nodiscard]] int Scaled(int client) const;
   bool BeginScratch(const DeviceRect &bounds);

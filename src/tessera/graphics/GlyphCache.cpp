@@ -14,9 +14,9 @@ namespace tessera::detail {
 
 namespace {
 
-constexpr std::size_t kMostFaces = 1024;
-constexpr std::size_t kMostBytes = std::size_t(32) << 20U;
-constexpr qsizetype kMostExtents = 4096;
+constexpr std::size_t MostFaces = 1024;
+constexpr std::size_t MostBytes = std::size_t(32) << 20U;
+constexpr qsizetype MostExtents = 4096;
 
 QFont ToQFont(const TFont &font, double scale) {
   QFont result(font.GetName());
@@ -47,11 +47,11 @@ bool StandsAlone(QChar character) {
   struct Range {
     char16_t first, last;
   };
-  constexpr Range kOthers[] = {{0xA0, 0xAC},     {0xAE, 0x24F},    {0x370, 0x3FF},   {0x400, 0x482},  {0x48A, 0x52F},
-                               {0x2010, 0x2027}, {0x2030, 0x205E}, {0x20AC, 0x20AC}, {0x2116, 0x2116}};
+  constexpr Range Others[] = {{0xA0, 0xAC},     {0xAE, 0x24F},    {0x370, 0x3FF},   {0x400, 0x482},  {0x48A, 0x52F},
+                              {0x2010, 0x2027}, {0x2030, 0x205E}, {0x20AC, 0x20AC}, {0x2116, 0x2116}};
   const char16_t code = character.unicode();
   if (code < 0x7F) return code >= 0x20;
-  return std::any_of(std::begin(kOthers), std::end(kOthers),
+  return std::any_of(std::begin(Others), std::end(Others),
                      [code](const Range &range) { return code >= range.first && code <= range.last; });
 }
 
@@ -74,10 +74,10 @@ Glyph::Row VisibleRow(const QRgb *pixels, int width) {
 }
 
 void AppendBlocks(const QRgb *pixels, int width, std::vector<Glyph::Block> &blocks) {
-  for (int x = 0; x < width; x += Glyph::kBlock) {
+  for (int x = 0; x < width; x += Glyph::BlockPixels) {
     Glyph::Block &block = blocks.emplace_back();
-    std::fill_n(block.keep, Glyph::kBlock, 0xFFFFFFFFU);
-    for (int i = 0; i < std::min(Glyph::kBlock, width - x); ++i) {
+    std::fill_n(block.keep, Glyph::BlockPixels, 0xFFFFFFFFU);
+    for (int i = 0; i < std::min(Glyph::BlockPixels, width - x); ++i) {
       block.ink[i] = pixels[x + i];
       block.keep[i] = (255U - QRgb(qAlpha(pixels[x + i]))) * 0x01010101U;
     }
@@ -98,7 +98,7 @@ void CopyVisible(const QImage &image, QPoint origin, Glyph &glyph) {
     if (row.width == 0) continue;
     glyph.left = std::min(glyph.left, row.left);
     glyph.right = std::max(glyph.right, row.left + row.width);
-    glyph.blockEnd = std::max(glyph.blockEnd, row.left + int(Glyph::BlocksIn(row)) * Glyph::kBlock);
+    glyph.blockEnd = std::max(glyph.blockEnd, row.left + int(Glyph::BlocksIn(row)) * Glyph::BlockPixels);
   }
   while (!glyph.rows.empty() && glyph.rows.back().width == 0) glyph.rows.pop_back();
 }
@@ -106,18 +106,18 @@ void CopyVisible(const QImage &image, QPoint origin, Glyph &glyph) {
 /// Blends `Count` pixels. Plain bytes and a fixed length, so that the compiler makes vector instructions of it.
 template <int Count>
 void BlendPixels(QRgb *target, const QRgb *ink, const QRgb *keep) {
-  constexpr int kBytes = Count * 4;
-  std::uint8_t pixels[kBytes];
-  std::uint8_t inks[kBytes];
-  std::uint8_t keeps[kBytes];
-  std::memcpy(pixels, target, kBytes);
-  std::memcpy(inks, ink, kBytes);
-  std::memcpy(keeps, keep, kBytes);
-  for (int i = 0; i < kBytes; ++i) {
+  constexpr int Bytes = Count * 4;
+  std::uint8_t pixels[Bytes];
+  std::uint8_t inks[Bytes];
+  std::uint8_t keeps[Bytes];
+  std::memcpy(pixels, target, Bytes);
+  std::memcpy(inks, ink, Bytes);
+  std::memcpy(keeps, keep, Bytes);
+  for (int i = 0; i < Bytes; ++i) {
     const auto product = std::uint16_t(pixels[i] * keeps[i] + 128);
     pixels[i] = std::uint8_t(inks[i] + std::uint8_t(std::uint16_t(product + (product >> 8)) >> 8));
   }
-  std::memcpy(target, pixels, kBytes);
+  std::memcpy(target, pixels, Bytes);
 }
 
 /// Blends what the surface holds of a glyph that hangs over its border.
@@ -125,10 +125,11 @@ void BlendCut(const Surface &surface, std::int64_t x, std::int64_t y, const Glyp
   const Glyph::Block *blocks = glyph.blocks.data();
   for (const Glyph::Row &row : glyph.rows) {
     for (int i = 0; i < row.width; ++i) {
-      const Glyph::Block &block = blocks[i / Glyph::kBlock];
+      const Glyph::Block &block = blocks[i / Glyph::BlockPixels];
       const std::int64_t column = x + row.left + i;
       if (column < surface.left || column >= surface.right || y < surface.top || y >= surface.bottom) continue;
-      BlendPixels<1>(surface.At(int(column), int(y)), &block.ink[i % Glyph::kBlock], &block.keep[i % Glyph::kBlock]);
+      BlendPixels<1>(surface.At(int(column), int(y)), &block.ink[i % Glyph::BlockPixels],
+                     &block.keep[i % Glyph::BlockPixels]);
     }
     blocks += Glyph::BlocksIn(row);
     ++y;
@@ -153,8 +154,8 @@ void BlendGlyph(const Surface &surface, std::int64_t x, std::int64_t y, const Gl
   QRgb *origin = surface.At(int(x + glyph.left), int(top)) - glyph.left;
   for (const Glyph::Row &row : glyph.rows) {
     QRgb *target = origin + row.left;
-    for (const Glyph::Block *end = block + Glyph::BlocksIn(row); block != end; ++block, target += Glyph::kBlock) {
-      BlendPixels<Glyph::kBlock>(target, block->ink, block->keep);
+    for (const Glyph::Block *end = block + Glyph::BlocksIn(row); block != end; ++block, target += Glyph::BlockPixels) {
+      BlendPixels<Glyph::BlockPixels>(target, block->ink, block->keep);
     }
     origin += surface.stride;
   }
@@ -170,13 +171,13 @@ FontFace::FontFace(const TFont &font, double devicePixelRatio)
 
 FontFace::Letter &FontFace::LetterOf(QChar character) {
   const int code = character.unicode();
-  const int index = code / kPageSize;
-  std::unique_ptr<Page> &page = index < kLowPages ? m_lowPages[std::size_t(index)] : m_highPages[index];
+  const int index = code / PageSize;
+  std::unique_ptr<Page> &page = index < LowPages ? m_lowPages[std::size_t(index)] : m_highPages[index];
   if (!page) {
     page = std::make_unique<Page>();
     m_byteCount += sizeof(Page);
   }
-  return (*page)[std::size_t(code % kPageSize)];
+  return (*page)[std::size_t(code % PageSize)];
 }
 
 const Glyph &FontFace::GlyphOf(Letter &letter, QChar character, int phase) {
@@ -189,21 +190,21 @@ const Glyph &FontFace::GlyphOf(Letter &letter, QChar character, int phase) {
 }
 
 bool FontFace::TakesRun(const QString &text) const {
-  if (m_deviceFont.pixelSize() > kLargestGlyphPx) return false;
+  if (m_deviceFont.pixelSize() > LargestGlyphPx) return false;
   const bool isLined = m_deviceFont.underline() || m_deviceFont.strikeOut();
   return AllStandAlone(text) && (!isLined || text.size() == 1);
 }
 
 void FontFace::DrawRun(const Surface &surface, std::int64_t x, std::int64_t y, const QString &text) {
-  constexpr int kUnit = 64;
+  constexpr int Unit = 64;
   std::int64_t position = 1;  // The painter, too, leans a little to the right before it cuts down to a quarter.
   for (const QChar character : text) {
-    const std::int64_t left = x + position / kUnit;
-    if (left >= surface.right + std::int64_t(kLargestGlyphPx)) return;
+    const std::int64_t left = x + position / Unit;
+    if (left >= surface.right + std::int64_t(LargestGlyphPx)) return;
     Letter &letter = LetterOf(character);
-    const Glyph &glyph = GlyphOf(letter, character, int(position % kUnit) * kPhases / kUnit);
+    const Glyph &glyph = GlyphOf(letter, character, int(position % Unit) * Phases / Unit);
     BlendGlyph(surface, left, y, glyph);
-    if (letter.deviceAdvance == kUnknown) letter.deviceAdvance = AdvanceOf(m_deviceFont, character);
+    if (letter.deviceAdvance == Unknown) letter.deviceAdvance = AdvanceOf(m_deviceFont, character);
     position += letter.deviceAdvance;
   }
 }
@@ -213,14 +214,14 @@ QSize FontFace::Extent(const QString &text) {
     std::int64_t width = 0;
     for (const QChar character : text) {
       Letter &letter = LetterOf(character);
-      if (letter.clientAdvance == kUnknown) letter.clientAdvance = AdvanceOf(m_clientFont, character);
+      if (letter.clientAdvance == Unknown) letter.clientAdvance = AdvanceOf(m_clientFont, character);
       width += letter.clientAdvance;
     }
     return {int((width + 32) / 64), m_clientHeight};
   }
   const auto found = m_extents.constFind(text);
   if (found != m_extents.constEnd()) return *found;
-  if (m_extents.size() >= kMostExtents) m_extents.clear();
+  if (m_extents.size() >= MostExtents) m_extents.clear();
   return *m_extents.insert(text, {QFontMetrics(m_clientFont).horizontalAdvance(text), m_clientHeight});
 }
 
@@ -237,7 +238,7 @@ std::unique_ptr<Glyph> FontFace::Rasterise(QChar character, int phase) const {
   QPainter painter(&image);
   painter.setFont(m_deviceFont);
   painter.setPen(QColor::fromRgb(m_color));
-  painter.drawText(QPointF(origin.x() + double(phase) / kPhases, origin.y() + m_ascentPx), text);
+  painter.drawText(QPointF(origin.x() + double(phase) / Phases, origin.y() + m_ascentPx), text);
   painter.end();
   CopyVisible(image, origin, *glyph);
   return glyph;
@@ -261,7 +262,7 @@ FontFace &GlyphCache::Face(const TFont &font, double devicePixelRatio) {
 
 void GlyphCache::Trim() {
   if (m_last) m_byteCount += m_last->face->ByteCount() - m_lastByteCount;
-  if (m_entries.size() < kMostFaces && m_byteCount <= kMostBytes) return;
+  if (m_entries.size() < MostFaces && m_byteCount <= MostBytes) return;
   m_entries.clear();
   m_last = nullptr;
   m_byteCount = 0;

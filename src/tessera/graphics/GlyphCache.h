@@ -17,12 +17,12 @@ namespace tessera::detail {
 /// A character ready to be blended onto a picture: of each row the pixels from the first to the last visible one.
 /// All figures are device pixels.
 struct Glyph {
-  static constexpr int kBlock = 4;  ///< Pixels that are blended at once.
+  static constexpr int BlockPixels = 4;  ///< Pixels that are blended at once.
 
   /// Pixels beyond the end of a row change nothing.
   struct Block {
-    QRgb ink[kBlock] = {};  ///< Premultiplied.
-    QRgb keep[kBlock];      ///< In each byte how much of the picture stays, 255 for all of it.
+    QRgb ink[BlockPixels] = {};  ///< Premultiplied.
+    QRgb keep[BlockPixels];      ///< In each byte how much of the picture stays, 255 for all of it.
   };
   struct Row {
     int left = 0;   ///< Of the first visible pixel from the box.
@@ -36,7 +36,9 @@ struct Glyph {
   std::vector<Row> rows;
   std::vector<Block> blocks;  ///< Of all rows, one after the other.
 
-  [[nodiscard]] static std::size_t BlocksIn(const Row &row) { return std::size_t(row.width + kBlock - 1) / kBlock; }
+  [[nodiscard]] static std::size_t BlocksIn(const Row &row) {
+    return std::size_t(row.width + BlockPixels - 1) / BlockPixels;
+  }
   [[nodiscard]] std::size_t ByteCount() const {
     return blocks.size() * sizeof(Block) + rows.size() * sizeof(Row) + sizeof(Glyph);
   }
@@ -49,7 +51,7 @@ void BlendGlyph(const Surface &surface, std::int64_t x, std::int64_t y, const Gl
 class FontFace {
  public:
   /// Larger characters are not kept: drawing them takes longer than rasterising them.
-  static constexpr int kLargestGlyphPx = 96;
+  static constexpr int LargestGlyphPx = 96;
 
   FontFace(const TFont &font, double devicePixelRatio);
 
@@ -71,18 +73,18 @@ class FontFace {
 
  private:
   /// How many places within a pixel a character is drawn at: the painter's fonts have as many.
-  static constexpr int kPhases = 4;
-  static constexpr int kPageSize = 16;
-  static constexpr int kLowPages = 0x600 / kPageSize;
-  static constexpr std::int32_t kUnknown = -1;
+  static constexpr int Phases = 4;
+  static constexpr int PageSize = 16;
+  static constexpr int LowPages = 0x600 / PageSize;
+  static constexpr std::int32_t Unknown = -1;
 
   /// What is known of one character. Advances are 64ths of a pixel.
   struct Letter {
-    std::array<std::unique_ptr<Glyph>, kPhases> glyphs;
-    std::int32_t clientAdvance = kUnknown;
-    std::int32_t deviceAdvance = kUnknown;
+    std::array<std::unique_ptr<Glyph>, Phases> glyphs;
+    std::int32_t clientAdvance = Unknown;
+    std::int32_t deviceAdvance = Unknown;
   };
-  using Page = std::array<Letter, kPageSize>;
+  using Page = std::array<Letter, PageSize>;
 
   [[nodiscard]] Letter &LetterOf(QChar character);
   [[nodiscard]] const Glyph &GlyphOf(Letter &letter, QChar character, int phase);
@@ -94,7 +96,7 @@ class FontFace {
   QRgb m_color;
   int m_ascentPx;
   int m_clientHeight;
-  std::array<std::unique_ptr<Page>, kLowPages> m_lowPages;
+  std::array<std::unique_ptr<Page>, LowPages> m_lowPages;
   std::unordered_map<int, std::unique_ptr<Page>> m_highPages;
   QHash<QString, QSize> m_extents;  ///< Of the texts that are more than their characters.
   std::size_t m_byteCount = sizeof(FontFace);

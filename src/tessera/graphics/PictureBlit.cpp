@@ -23,10 +23,10 @@ class AxisMap {
  private:
   /// floor(a * b / m_destSize) for 0 <= a, b < m_destSize.
   [[nodiscard]] std::int64_t MulDiv(std::int64_t a, std::int64_t b) const {
-    constexpr std::int64_t kHalf = std::int64_t(1) << 17;
-    const std::int64_t high = a / kHalf * b;  // < 2^16 * 2^33
-    const std::int64_t low = a % kHalf * b;   // < 2^17 * 2^33
-    return high / m_destSize * kHalf + (high % m_destSize * kHalf + low) / m_destSize;
+    constexpr std::int64_t Half = std::int64_t(1) << 17;
+    const std::int64_t high = a / Half * b;  // < 2^16 * 2^33
+    const std::int64_t low = a % Half * b;   // < 2^17 * 2^33
+    return high / m_destSize * Half + (high % m_destSize * Half + low) / m_destSize;
   }
 
   std::int64_t m_destLow;

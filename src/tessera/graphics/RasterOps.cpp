@@ -8,15 +8,15 @@ namespace tessera::detail {
 
 namespace {
 
-constexpr QRgb kColorBits = 0xFFFFFFU;
-constexpr QRgb kOpaque = 0xFF000000U;
-constexpr int kHatchSize = 8;
+constexpr QRgb ColorBits = 0xFFFFFFU;
+constexpr QRgb Opaque = 0xFF000000U;
+constexpr int HatchSize = 8;
 
 bool IsHatched(TBrushStyle style, int x, int y) {
-  const bool horizontal = y == kHatchSize / 2;
-  const bool vertical = x == kHatchSize / 2;
+  const bool horizontal = y == HatchSize / 2;
+  const bool vertical = x == HatchSize / 2;
   const bool falling = x == y;
-  const bool rising = x + y == kHatchSize - 1;
+  const bool rising = x + y == HatchSize - 1;
   switch (style) {
     case TBrushStyle::bsHorizontal:
       return horizontal;
@@ -48,13 +48,13 @@ Ink MakeInk(TColor color, TPenMode mode) {
   const QRgb rgb = ToRgb(color);
   switch (mode) {
     case TPenMode::pmXor:
-      return {rgb & kColorBits, true};
+      return {rgb & ColorBits, true};
     case TPenMode::pmNotXor:
-      return {~rgb & kColorBits, true};
+      return {~rgb & ColorBits, true};
     case TPenMode::pmCopy:
       break;
   }
-  return {rgb | kOpaque, false};
+  return {rgb | Opaque, false};
 }
 
 QRgb BlendOver(QRgb source, QRgb target) {
@@ -69,7 +69,7 @@ QRgb BlendOver(QRgb source, QRgb target) {
 
 Fill::Fill(const Tile *tile, TPenMode mode) : m_kind(Kind::Tiled), m_tile(tile) {
   m_ink.toggles = mode != TPenMode::pmCopy;
-  m_ink.value = mode == TPenMode::pmNotXor ? kColorBits : 0;
+  m_ink.value = mode == TPenMode::pmNotXor ? ColorBits : 0;
 }
 
 void Fill::PaintRun(const Surface &surface, std::int64_t y, std::int64_t left, std::int64_t right) const {
@@ -124,7 +124,7 @@ void Fill::PaintTiles(QRgb *pixels, int y, int left, int right) const {
 void Fill::MeetTile(QRgb source, QRgb &pixel) const {
   const QRgb alpha = source >> 24U;
   if (m_ink.toggles) {
-    if (alpha >= 128) pixel ^= (source ^ m_ink.value) & kColorBits;
+    if (alpha >= 128) pixel ^= (source ^ m_ink.value) & ColorBits;
   } else if (alpha == 255) {
     pixel = source;
   } else if (alpha != 0) {
@@ -177,12 +177,12 @@ const Tile &TileSource::HatchTile(TBrushStyle style, TColor color, double device
   if (style == m_hatchStyle && color == m_hatchColor) return m_hatchTile;
   m_hatchStyle = style;
   m_hatchColor = color;
-  m_hatchTile.width = kHatchSize;
-  m_hatchTile.height = kHatchSize;
+  m_hatchTile.width = HatchSize;
+  m_hatchTile.height = HatchSize;
   m_hatchTile.pixels.clear();
-  for (int y = 0; y < kHatchSize; ++y) {
-    for (int x = 0; x < kHatchSize; ++x) {
-      m_hatchTile.pixels.push_back(IsHatched(style, x, y) ? ToRgb(color) | kOpaque : 0);
+  for (int y = 0; y < HatchSize; ++y) {
+    for (int x = 0; x < HatchSize; ++x) {
+      m_hatchTile.pixels.push_back(IsHatched(style, x, y) ? ToRgb(color) | Opaque : 0);
     }
   }
   return m_hatchTile;

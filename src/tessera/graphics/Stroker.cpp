@@ -14,7 +14,7 @@ namespace tessera::detail {
 namespace {
 
 /// Up to this width lines are drawn as bundles of thin ones: the corners of a wider line would show.
-constexpr int kNarrowestWidePx = 4;
+constexpr int NarrowestWidePx = 4;
 
 /// The stretch of a line from `start` to `end`, as fractions of its length.
 struct Stretch {
@@ -39,7 +39,7 @@ void CutToRange(double origin, double delta, double low, double high, Stretch &s
 class ChainPainter {
  public:
   ChainPainter(PaintStage &stage, const DevicePen &pen) : m_stage(stage), m_pen(pen) {
-    if (pen.widthPx >= kNarrowestWidePx) {
+    if (pen.widthPx >= NarrowestWidePx) {
       QPen qtPen(QColor::fromRgb(pen.ink.value), pen.widthPx);
       qtPen.setCapStyle(pen.IsDashed() ? Qt::FlatCap : Qt::RoundCap);
       qtPen.setJoinStyle(Qt::RoundJoin);
@@ -53,7 +53,7 @@ class ChainPainter {
 
   void Flush() {
     if (m_chain.size() > 1) {
-      if (m_pen.widthPx >= kNarrowestWidePx) {
+      if (m_pen.widthPx >= NarrowestWidePx) {
         DrawWide();
       } else {
         DrawNarrow();
@@ -161,19 +161,19 @@ class LineChopper {
 }  // namespace
 
 std::span<const double> DashPattern(TPenStyle style) {
-  static constexpr std::array<double, 2> kDash{4, 2};
-  static constexpr std::array<double, 2> kDot{1, 2};
-  static constexpr std::array<double, 4> kDashDot{4, 2, 1, 2};
-  static constexpr std::array<double, 6> kDashDotDot{4, 2, 1, 2, 1, 2};
+  static constexpr std::array<double, 2> Dash{4, 2};
+  static constexpr std::array<double, 2> Dot{1, 2};
+  static constexpr std::array<double, 4> DashDot{4, 2, 1, 2};
+  static constexpr std::array<double, 6> DashDotDot{4, 2, 1, 2, 1, 2};
   switch (style) {
     case TPenStyle::psDash:
-      return kDash;
+      return Dash;
     case TPenStyle::psDot:
-      return kDot;
+      return Dot;
     case TPenStyle::psDashDot:
-      return kDashDot;
+      return DashDot;
     case TPenStyle::psDashDotDot:
-      return kDashDotDot;
+      return DashDotDot;
     case TPenStyle::psSolid:
     case TPenStyle::psClear:
     case TPenStyle::psInsideFrame:
@@ -183,7 +183,7 @@ std::span<const double> DashPattern(TPenStyle style) {
 }
 
 void StrokePolyline(PaintStage &stage, std::span<const TPoint> points, const DevicePen &pen, double &phasePx) {
-  if (pen.widthPx < kNarrowestWidePx && !pen.IsDashed()) {
+  if (pen.widthPx < NarrowestWidePx && !pen.IsDashed()) {
     DrawNarrowPolyline(stage.GetSurface(), points, {pen.widthPx, pen.OffsetPx()}, LineEnd::Drawn, pen.ink);
     return;
   }

@@ -53,8 +53,8 @@ void TBitmap::SetSize(int width, int height, qreal devicePixelRatio) {
   const double deviceWidth = std::round(width * devicePixelRatio);
   const double deviceHeight = std::round(height * devicePixelRatio);
   // QPainter draws on no wider or higher picture; the comparison also refuses a ratio that is not a number.
-  constexpr double kLargest = 32767;
-  const bool possible = deviceWidth >= 1 && deviceHeight >= 1 && deviceWidth <= kLargest && deviceHeight <= kLargest &&
+  constexpr double Largest = 32767;
+  const bool possible = deviceWidth >= 1 && deviceHeight >= 1 && deviceWidth <= Largest && deviceHeight <= Largest &&
                         devicePixelRatio > 0;
   if (!possible) {
     m_image = QImage();

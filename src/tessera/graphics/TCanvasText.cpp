@@ -15,7 +15,7 @@ using detail::PaintStage;
 
 namespace {
 
-constexpr int kFullTurn = 3600;  ///< In tenths of a degree.
+constexpr int FullTurn = 3600;  ///< In tenths of a degree.
 
 /// A text's box, turned about its upper left corner.
 struct TextBox {
@@ -65,12 +65,12 @@ void TCanvas::TextOut(int x, int y, const QString &text) {
   const Fill fill = d->MakeFill();
   const TPenMode mode = d->m_pen.GetMode();
   const TPoint corner = d->ToDevice(TPoint(x, y));
-  if (mode == TPenMode::pmCopy && d->m_escapement % kFullTurn == 0 && face.TakesRun(text)) {
+  if (mode == TPenMode::pmCopy && d->m_escapement % FullTurn == 0 && face.TakesRun(text)) {
     if (!fill.IsNone()) fill.PaintRect(d->GetSurface(), d->ToDevice(TPoint(x, y), face.Extent(text)));
     face.DrawRun(d->GetSurface(), corner.x(), corner.y(), text);
     return;
   }
-  const TextBox box{corner, QSizeF(face.Extent(text)) * d->Ratio(), d->m_escapement % kFullTurn / 10.0};
+  const TextBox box{corner, QSizeF(face.Extent(text)) * d->Ratio(), d->m_escapement % FullTurn / 10.0};
   // Letters may hang over their box, but not by more than their height.
   const DeviceRect bounds = box.Bounds(face.DeviceFont().pixelSize() + 2.0);
   if (bounds.Intersected(d->GetSurface().Bounds()).IsEmpty()) return;

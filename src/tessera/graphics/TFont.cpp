@@ -8,10 +8,10 @@ namespace tessera {
 
 int TFont::GetPixelSize() const {
   // Beyond this the font engines give up, and no letter would fit on a picture anyway.
-  constexpr std::int64_t kLargestPx = 16384;
+  constexpr std::int64_t LargestPx = 16384;
   const std::int64_t size = m_sizePt;
   const std::int64_t pixels = size < 0 ? -size : (size * 96 + 36) / 72;
-  return int(std::clamp<std::int64_t>(pixels, 1, kLargestPx));
+  return int(std::clamp<std::int64_t>(pixels, 1, LargestPx));
 }
 
 }  // namespace tessera

@@ -94,7 +94,7 @@ class ScanConverter {
            i = m_edges[std::size_t(i)].next) {
         m_active.push_back(m_edges[std::size_t(i)]);
       }
-      if (m_active.size() <= kFewCrossings) {
+      if (m_active.size() <= FewCrossings) {
         EmitFew(y, runs);
       } else {
         EmitMany(y, runs);
@@ -104,11 +104,11 @@ class ScanConverter {
 
  private:
   /// Up to here sorting is faster than counting by column.
-  static constexpr std::size_t kFewCrossings = 24;
-  static constexpr std::size_t kTinyCorners = 16;
-  static constexpr int kTinyRows = 64;
-  static constexpr int kTinyHeight = 1 << 10;
-  static constexpr int kTinyReach = 1 << 19;
+  static constexpr std::size_t FewCrossings = 24;
+  static constexpr std::size_t TinyCorners = 16;
+  static constexpr int TinyRows = 64;
+  static constexpr int TinyHeight = 1 << 10;
+  static constexpr int TinyReach = 1 << 19;
 
   /// Finds the rows to be converted. False when no pixel can be inside both polygon and clip.
   bool Prepare(std::span<const TPoint> points, const QRect &clip) {
@@ -122,13 +122,13 @@ class ScanConverter {
       minY = std::min(minY, point.y());
       maxY = std::max(maxY, point.y());
     }
-    constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int64_t Largest = std::numeric_limits<std::int32_t>::max();
     m_left = clip.left();
-    m_right = std::int32_t(std::min(kLargest, std::int64_t(clip.right()) + 1));
+    m_right = std::int32_t(std::min(Largest, std::int64_t(clip.right()) + 1));
     m_top = std::max(minY, clip.top());
     m_bottom = std::int32_t(std::min<std::int64_t>(maxY, std::int64_t(clip.bottom()) + 1));
-    m_isTiny = points.size() <= kTinyCorners && std::int64_t(m_bottom) - m_top <= kTinyRows && minX >= -kTinyReach &&
-               maxX <= kTinyReach && minY >= -kTinyReach && maxY <= kTinyReach && maxY - minY <= kTinyHeight;
+    m_isTiny = points.size() <= TinyCorners && std::int64_t(m_bottom) - m_top <= TinyRows && minX >= -TinyReach &&
+               maxX <= TinyReach && minY >= -TinyReach && maxY <= TinyReach && maxY - minY <= TinyHeight;
     return m_top < m_bottom && minX < m_right && maxX > m_left;
   }
 
@@ -159,16 +159,16 @@ class ScanConverter {
   }
 
   /// Notes the edge's crossing with each row. A crossing is kept in units of 2^-32: the slope is rounded by less than a
-  /// unit, so that after at most kTinyHeight = 2^10 rows the crossing is less than 2^-22 off. What is added to round up
-  /// must leave crossings on a pixel where they are, and take those at least 1 / kTinyHeight behind one to the next:
+  /// unit, so that after at most TinyHeight = 2^10 rows the crossing is less than 2^-22 off. What is added to round up
+  /// must leave crossings on a pixel where they are, and take those at least 1 / TinyHeight behind one to the next:
   /// 1 - 2^-16 does both.
   void PutTinyEdge(const TPoint &upper, const TPoint &lower, std::int32_t winding) {
-    constexpr double kOne = 4294967296.0;
-    constexpr std::int64_t kRoundUp = (std::int64_t(1) << 32) - (std::int64_t(1) << 16);
+    constexpr double One = 4294967296.0;
+    constexpr std::int64_t RoundUp = (std::int64_t(1) << 32) - (std::int64_t(1) << 16);
     const std::int32_t first = std::max(upper.y(), m_top);
     const std::int32_t end = std::min(lower.y(), m_bottom);
-    const auto slope = std::int64_t(std::floor((lower.x() - upper.x()) * kOne / (lower.y() - upper.y())));
-    std::int64_t x = std::int64_t(upper.x()) * (std::int64_t(1) << 32) + kRoundUp + slope * (first - upper.y());
+    const auto slope = std::int64_t(std::floor((lower.x() - upper.x()) * One / (lower.y() - upper.y())));
+    std::int64_t x = std::int64_t(upper.x()) * (std::int64_t(1) << 32) + RoundUp + slope * (first - upper.y());
     for (std::int32_t row = first - m_top; row < end - m_top; ++row, x += slope) {
       const std::int32_t column = std::clamp(std::int32_t(x >> 32), m_left, m_right);
       InsertKey(m_tinyCrossings[row], m_tinyCounts[row]++, KeyOf(column, winding));
@@ -219,8 +219,8 @@ class ScanConverter {
 
   /// Sets the slope and goes `rows` rows down. All products stay below 2^64 because rows, remainder < dy < 2^32.
   static void SetSlope(Edge &edge, std::int64_t dx, std::uint64_t rows) {
-    constexpr std::int64_t kNarrow = std::numeric_limits<std::int32_t>::max();
-    if (dx >= -kNarrow && dx <= kNarrow && edge.height <= kNarrow) {  // a narrow division is several times faster
+    constexpr std::int64_t Narrow = std::numeric_limits<std::int32_t>::max();
+    if (dx >= -Narrow && dx <= Narrow && edge.height <= Narrow) {  // a narrow division is several times faster
       edge.step = std::int32_t(dx) / std::int32_t(edge.height);
       edge.remainder = std::int32_t(dx) % std::int32_t(edge.height);
     } else {
@@ -257,7 +257,7 @@ class ScanConverter {
   }
 
   void EmitFew(std::int32_t y, std::vector<Run> &runs) {
-    std::int64_t crossings[kFewCrossings];
+    std::int64_t crossings[FewCrossings];
     std::size_t count = 0;
     TakeCrossings([&](std::int32_t x, std::int32_t winding) { InsertKey(crossings, count++, KeyOf(x, winding)); });
     SweepKeys(y, crossings, count, runs);
@@ -295,8 +295,8 @@ class ScanConverter {
   std::int32_t m_bottom = 0;
   std::int32_t m_insideBits = 0;
   bool m_isTiny = false;
-  std::uint8_t m_tinyCounts[kTinyRows];
-  std::int64_t m_tinyCrossings[kTinyRows][kTinyCorners];
+  std::uint8_t m_tinyCounts[TinyRows];
+  std::int64_t m_tinyCrossings[TinyRows][TinyCorners];
 };
 
 /// Walks over the borders of the runs of one row, left and right alternately.
