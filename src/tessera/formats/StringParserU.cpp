@@ -86,8 +86,11 @@ void TStringParser::FromString(QStringView line) {
   Clear();
   qsizetype start = 0;
   if (!m_delimiter.isEmpty()) {
-    for (qsizetype end; (end = line.indexOf(m_delimiter, start)) >= 0; start = end + m_delimiter.size()) {
+    qsizetype end = line.indexOf(m_delimiter);
+    while (end >= 0) {
       Add().SetRawData(line.sliced(start, end - start).toString());
+      start = end + m_delimiter.size();
+      end = line.indexOf(m_delimiter, start);
     }
   }
   Add().SetRawData(line.sliced(start).toString());

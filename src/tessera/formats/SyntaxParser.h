@@ -10,6 +10,7 @@
 #include <bitset>
 #include <cstdint>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace tessera {
@@ -64,8 +65,8 @@ class TESSERA_CORE_EXPORT TSyntaxItem {
 
  private:
   friend class TSyntaxParser;
-  TSyntaxItem(const TSyntaxParser *parser, const QString &value, int offset, int line)
-      : Offset(offset), Value(value), Line(line), m_parser(parser) {}
+  TSyntaxItem(const TSyntaxParser *parser, QString value, int offset, int line)
+      : Offset(offset), Value(std::move(value)), Line(line), m_parser(parser) {}
 
   const TSyntaxParser *m_parser;
 };

@@ -41,7 +41,7 @@ class TCanvas::Private {
   void Stroke(std::span<const TPoint> points, const DevicePen &pen, double &phasePx);
 
   /// The picture scaled to `dest`, without its transparent pixels.
-  void Blit(const DeviceRect &dest, const TBitmap &bitmap);
+  void Blit(const DeviceRect &dest, const TBitmap &bitmap) const;
 
   /// Draws a figure within `bounds` whose parts overlap. `draw(stage, pen, fill)` is called with what was given, or,
   /// when the ink toggles, with a scratch stage and tools that leave marks there, each of which then changes a pixel

@@ -134,16 +134,16 @@ void Fill::MeetTile(QRgb source, QRgb &pixel) const {
 
 Fill TileSource::MakeFill(const TBrush &brush, TPenMode mode, double devicePixelRatio) {
   if (const TBitmap *bitmap = brush.GetBitmap()) {
-    if (bitmap->IsEmpty()) return Fill();
-    return Fill(&BitmapTile(*bitmap, devicePixelRatio), mode);
+    if (bitmap->IsEmpty()) return {};
+    return {&BitmapTile(*bitmap, devicePixelRatio), mode};
   }
   switch (brush.GetStyle()) {
     case TBrushStyle::bsClear:
-      return Fill();
+      return {};
     case TBrushStyle::bsSolid:
       return Fill(MakeInk(brush.GetColor(), mode));
     default:
-      return Fill(&HatchTile(brush.GetStyle(), brush.GetColor(), devicePixelRatio), mode);
+      return {&HatchTile(brush.GetStyle(), brush.GetColor(), devicePixelRatio), mode};
   }
 }
 

@@ -51,7 +51,7 @@ std::array<TPoint, 5> FrameLine(const DeviceRect &rect, int unitPx) {
 
 }  // namespace
 
-void TCanvas::Private::Blit(const DeviceRect &dest, const TBitmap &bitmap) {
+void TCanvas::Private::Blit(const DeviceRect &dest, const TBitmap &bitmap) const {
   std::optional<QRgb> transparent;
   if (bitmap.HasTransparentColor()) transparent = ToRgb(bitmap.GetTransparentColor());
   // A bitmap drawn on itself is copied here, because the surface must stay the only user of its pixels.

@@ -302,7 +302,7 @@ class ScanConverter {
 /// Walks over the borders of the runs of one row, left and right alternately.
 class BorderCursor {
  public:
-  BorderCursor(const std::vector<Run> &runs) : m_run(runs.data()), m_end(runs.data() + runs.size()) {}
+  explicit BorderCursor(const std::vector<Run> &runs) : m_run(runs.data()), m_end(runs.data() + runs.size()) {}
   [[nodiscard]] bool IsAtEnd() const { return m_run == m_end; }
   [[nodiscard]] std::int32_t Row() const { return m_run->y; }
   [[nodiscard]] bool IsIn(std::int32_t y) const { return m_run != m_end && m_run->y == y; }

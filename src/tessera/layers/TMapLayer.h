@@ -99,7 +99,7 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   /// The attribute columns. Objects get them when they are added.
   [[nodiscard]] TDataFields &GetFields() { return m_fields; }
   [[nodiscard]] const TDataFields &GetFields() const { return m_fields; }
-  void SetFields(TDataFields fields) { m_fields = std::move(fields); }
+  void SetFields(const TDataFields &fields) { m_fields = fields; }
   [[nodiscard]] int GetFieldCount() const override { return m_fields.GetCount(); }
   /// Tools that loaders and programs may use; new objects get those of the map's options instead.
   [[nodiscard]] const TPen &GetDefaultPen() const { return m_defaultPen; }

@@ -177,28 +177,28 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   [[nodiscard]] QSize sizeHint() const override;
 
  Q_SIGNALS:
-  void OnAddLayer(tessera::TTessera *Sender, tessera::TMapLayer *Layer);
-  /// `ConfirmDelete` tells whether AllowDelete is listened to: it is false when the layer is being destroyed already.
-  void OnBeforeDelLayer(tessera::TTessera *Sender, tessera::TMapLayer *Layer, bool ConfirmDelete, bool &AllowDelete);
-  void OnAfterDelLayer(tessera::TTessera *Sender);
-  void OnAddObject(tessera::TTessera *Sender, tessera::TCustomMapObject *MapObject);
-  void OnDeleteObject(tessera::TCustomMapObject *Sender);
-  void OnAddSelection(tessera::TTessera *Sender, tessera::TCustomMapObject *MapObject);
-  void OnDelSelection(tessera::TTessera *Sender, tessera::TCustomMapObject *MapObject);
-  void OnStartProgress(tessera::TTessera *Sender, int Min, int Max, const QString &Caption);
-  void OnShowProgress(tessera::TTessera *Sender, int Position);
-  void OnStopProgress(tessera::TTessera *Sender);
-  void OnUpdate(tessera::TTessera *Sender);
-  void OnZoom(tessera::TTessera *Sender);
+  void OnAddLayer(tessera::TTessera *sender, tessera::TMapLayer *layer);
+  /// `confirmDelete` tells whether allowDelete is listened to: it is false when the layer is being destroyed already.
+  void OnBeforeDelLayer(tessera::TTessera *sender, tessera::TMapLayer *layer, bool confirmDelete, bool &allowDelete);
+  void OnAfterDelLayer(tessera::TTessera *sender);
+  void OnAddObject(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject);
+  void OnDeleteObject(tessera::TCustomMapObject *sender);
+  void OnAddSelection(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject);
+  void OnDelSelection(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject);
+  void OnStartProgress(tessera::TTessera *sender, int min, int max, const QString &caption);
+  void OnShowProgress(tessera::TTessera *sender, int position);
+  void OnStopProgress(tessera::TTessera *sender);
+  void OnUpdate(tessera::TTessera *sender);
+  void OnZoom(tessera::TTessera *sender);
   /// The off-screen picture has been rebuilt; it may be drawn on through the canvas.
-  void OnPaint(tessera::TTessera *Sender);
-  void OnMouseDown(tessera::TTessera *Sender, Qt::MouseButton Button, Qt::KeyboardModifiers Shift, int X, int Y);
-  void OnMouseMove(tessera::TTessera *Sender, Qt::KeyboardModifiers Shift, int X, int Y);
-  void OnMouseUp(tessera::TTessera *Sender, Qt::MouseButton Button, Qt::KeyboardModifiers Shift, int X, int Y);
-  void OnDblClick(tessera::TTessera *Sender);
-  void OnKeyDown(tessera::TTessera *Sender, int &Key, Qt::KeyboardModifiers Shift);
-  void OnKeyUp(tessera::TTessera *Sender, int &Key, Qt::KeyboardModifiers Shift);
-  void OnKeyPress(tessera::TTessera *Sender, QChar &Key);
+  void OnPaint(tessera::TTessera *sender);
+  void OnMouseDown(tessera::TTessera *sender, Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
+  void OnMouseMove(tessera::TTessera *sender, Qt::KeyboardModifiers shift, int x, int y);
+  void OnMouseUp(tessera::TTessera *sender, Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
+  void OnDblClick(tessera::TTessera *sender);
+  void OnKeyDown(tessera::TTessera *sender, int &key, Qt::KeyboardModifiers shift);
+  void OnKeyUp(tessera::TTessera *sender, int &key, Qt::KeyboardModifiers shift);
+  void OnKeyPress(tessera::TTessera *sender, QChar &key);
 
  protected:
   /// Brings the screen picture up to date; runs for the repaints that the library asks for.

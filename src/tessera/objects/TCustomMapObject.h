@@ -119,7 +119,7 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   void SetParts(TParts &parts) { m_parts.Swap(parts); }
   [[nodiscard]] TDataFields &GetFields() { return m_fields; }
   [[nodiscard]] const TDataFields &GetFields() const { return m_fields; }
-  void SetFields(TDataFields fields) { m_fields = std::move(fields); }
+  void SetFields(const TDataFields &fields) { m_fields = fields; }
   /// Free for the user.
   [[nodiscard]] int GetTag() const { return m_tag; }
   void SetTag(int tag) { m_tag = tag; }

@@ -47,13 +47,14 @@ TMapPoints &TMapPoints::operator=(TMapPoints &&other) noexcept {
 }
 
 TMapPoints::~TMapPoints() {
-  std::free(m_block);
+  std::free(m_block);  // NOLINT(cppcoreguidelines-no-malloc): see Reallocate
 }
 
 void TMapPoints::Reallocate(std::size_t capacity, bool keepsBounds) {
   if (capacity > MaxCount) throw ERangeError(QStringLiteral("A part cannot hold that many points"));
   const std::size_t slots = capacity + (keepsBounds ? Block::BoundsSlots : 0);
   // Blocks grow in place where the allocator can, which is what makes one pass over a file enough.
+  // NOLINTNEXTLINE(cppcoreguidelines-no-malloc)
   void *memory = std::realloc(m_block, sizeof(Block) + slots * sizeof(TMapPoint));
   if (memory == nullptr) throw std::bad_alloc();
   if (m_block == nullptr) new (memory) Block{nullptr, 0, 0, keepsBounds};
@@ -125,7 +126,7 @@ TBounds TMapPoints::GetBounds() const {
 void TMapPoints::KeepBounds() {
   if (m_block && m_block->storesBounds) return;
   const TBounds bounds = GetBounds();
-  const std::size_t count = std::size_t(GetCount());
+  const auto count = std::size_t(GetCount());
   Reallocate(std::max<std::size_t>(count, 1), true);
   std::memmove(m_block->Slots() + Block::BoundsSlots, m_block->Slots(), count * sizeof(TMapPoint));
   m_block->storesBounds = 1;

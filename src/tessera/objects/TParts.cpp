@@ -17,6 +17,7 @@ constexpr char PartIndex[] = "Part";
 
 // A single part lives in the word that otherwise holds the address of the array; a part is one pointer to a block that
 // is never empty and, like every allocation, lies at an even address.
+// NOLINTNEXTLINE(misc-redundant-expression): size and alignment happen to be the same
 static_assert(sizeof(TPart) == sizeof(std::uintptr_t) && alignof(TPart) == alignof(std::uintptr_t));
 
 void TPart::SetPoints(TMapPoints &&points) {
@@ -48,6 +49,7 @@ void TParts::SetWord(std::uintptr_t word) {
 
 TParts::Many *TParts::GetMany() const {
   const std::uintptr_t word = GetWord();
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the word is the address, with a flag in its lowest bit
   return (word & ManyFlag) != 0 ? reinterpret_cast<Many *>(word & ~ManyFlag) : nullptr;
 }
 

@@ -156,7 +156,7 @@ void TText::Draw() {
     if (!m_freezeFontSize) FitFont(box);
   }
   if (GetFont().GetSize() < m_minShowTextSizePt) return;
-  TCustomMapObject::Draw();
+  TCustomMapObject::Draw();  // NOLINT(bugprone-parent-virtual-call): the sign of a symbol is not drawn
   TCanvas &canvas = map->GetCanvas();
   canvas.Font() = GetFont();
   PrepareBackground(canvas);

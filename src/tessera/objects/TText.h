@@ -76,7 +76,7 @@ class TESSERA_CORE_EXPORT TText : public TSymbol {
   };
   [[nodiscard]] Corners GetScreenBox() const;
   [[nodiscard]] std::array<TPoint, 4> GetTurnedBox() const;
-  void FitFont(const Corners &box);
+  void FitFont(const Corners &corners);
   void PrepareBackground(TCanvas &canvas);
 
   static constexpr detail::PixelBox Unfitted{UINT32_MAX, UINT32_MAX};
