@@ -7,13 +7,12 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <cstring>
 
-namespace tessera {
+namespace tessera::test {
 namespace {
 
 using Points = std::vector<TMapPoint>;
-using test::TRandomShapes;
 
 Points Clipped(TRectClipper &clipper, const Points &points) {
   Points clipped;
@@ -21,29 +20,11 @@ Points Clipped(TRectClipper &clipper, const Points &points) {
   return clipped;
 }
 
-TEST(TRectClipperTest, CutsTheCornersOffADiamond) {
-  TRectClipper clipper({-2, -2, 2, 2});
-  EXPECT_EQ(Clipped(clipper, {{-3, 0}, {0, 3}, {3, 0}, {0, -3}}),
-            (Points{{-2, -1}, {-2, 1}, {-1, 2}, {1, 2}, {2, 1}, {2, -1}, {1, -2}, {-1, -2}}));
-}
-
 TEST(TRectClipperTest, LeavesAnOutlineBeyondOneSideWholeInThatCut) {
   TRectClipper clipper({0, 0, 10, 10});
   const Points beyond{{-5, 2}, {-3, 2}, {-3, 4}};
   EXPECT_EQ(Clipped(clipper, beyond), beyond);
   EXPECT_TRUE(Clipped(clipper, {}).empty());
-}
-
-/// Rectangles and random outlines of one kind.
-struct OutlineKind {
-  std::string name;
-  TBounds rect;
-  int count;
-  Points (*make)(TRandomShapes &, const TBounds &rect);
-};
-
-void PrintTo(const OutlineKind &kind, std::ostream *stream) {
-  *stream << kind.name;
 }
 
 TBounds Inflated(const TBounds &rect, double by) {
@@ -79,51 +60,44 @@ Points OfOddNumbers(TRandomShapes &random, const TBounds &rect) {
   return points;
 }
 
-class TRectClipperRandomTest : public testing::TestWithParam<OutlineKind> {};
-
 bool SameBits(const Points &a, const Points &b) {
   return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0);
 }
 
-TEST_P(TRectClipperRandomTest, GivesThePointsOfFourCuts) {
-  const OutlineKind &kind = GetParam();
-  TRandomShapes random(77);
-  TRectClipper clipper(kind.rect);
-  for (int i = 0; i < kind.count; ++i) {
-    const Points points = kind.make(random, kind.rect);
-    const Points clipped = Clipped(clipper, points);
-    const Points expected = test::FourCuts(kind.rect, points);
-    ASSERT_TRUE(SameBits(clipped, expected))
-        << "outline " << i << testing::PrintToString(points) << " became " << testing::PrintToString(clipped)
-        << ", not " << testing::PrintToString(expected);
+TEST(TRectClipperTest, GivesThePointsOfFourCuts) {
+  static constexpr TBounds Near{-3, -2, 5, 7};
+  constexpr TBounds Far{4.5e8, -7.1e8, 4.5e8 + 0.02, -7.1e8 + 0.01};
+  constexpr auto Nearby = [](TRandomShapes &random, const TBounds &) { return Anywhere(random, Near); };
+  struct Row {
+    const char *name;
+    TBounds rect;
+    int count;
+    Points (*make)(TRandomShapes &, const TBounds &rect);
+  };
+  const Row rows[] = {{"anywhere", Near, 3000, Anywhere},
+                      {"inside", Near, 500, Inside},
+                      {"beyond a corner", Near, 2000, BeyondACorner},
+                      {"on the sides", Near, 5000, OnTheSides},
+                      {"with thousands of vertices", Near, 20, WithThousandsOfVertices},
+                      {"of odd numbers", Near, 2000, OfOddNumbers},
+                      {"far from the origin", Far, 3000, Anywhere},
+                      {"on the sides far from the origin", Far, 3000, OnTheSides},
+                      {"of a rectangle without height", {-3, 1, 5, 1}, 2000, Nearby},
+                      {"of a rectangle without width", {1, -2, 1, 7}, 2000, Nearby},
+                      {"of an inverted rectangle", {5, 7, -3, -2}, 2000, Nearby}};
+  for (const Row &row : rows) {
+    TRandomShapes random(77);
+    TRectClipper clipper(row.rect);
+    for (int i = 0; i < row.count; ++i) {
+      const Points points = row.make(random, row.rect);
+      const Points clipped = Clipped(clipper, points);
+      const Points expected = FourCuts(row.rect, points);
+      ASSERT_TRUE(SameBits(clipped, expected))
+          << row.name << ' ' << i << testing::PrintToString(points) << " became " << testing::PrintToString(clipped)
+          << ", not " << testing::PrintToString(expected);
+    }
   }
 }
 
-constexpr TBounds Near{-3, -2, 5, 7};
-constexpr TBounds Far{4.5e8, -7.1e8, 4.5e8 + 0.02, -7.1e8 + 0.01};
-
-INSTANTIATE_TEST_SUITE_P(
-    Outlines, TRectClipperRandomTest,
-    testing::Values(OutlineKind{"Anywhere", Near, 3000, Anywhere}, OutlineKind{"Inside", Near, 500, Inside},
-                    OutlineKind{"BeyondACorner", Near, 2000, BeyondACorner},
-                    OutlineKind{"OnTheSides", Near, 5000, OnTheSides},
-                    OutlineKind{"WithThousandsOfVertices", Near, 20, WithThousandsOfVertices},
-                    OutlineKind{"OfOddNumbers", Near, 2000, OfOddNumbers},
-                    OutlineKind{"FarFromTheOrigin", Far, 3000, Anywhere},
-                    OutlineKind{"OnTheSidesFarFromTheOrigin", Far, 3000, OnTheSides},
-                    OutlineKind{"OfARectangleWithoutHeight",
-                                {-3, 1, 5, 1},
-                                2000,
-                                [](TRandomShapes &random, const TBounds &) { return Anywhere(random, Near); }},
-                    OutlineKind{"OfARectangleWithoutWidth",
-                                {1, -2, 1, 7},
-                                2000,
-                                [](TRandomShapes &random, const TBounds &) { return Anywhere(random, Near); }},
-                    OutlineKind{"OfAnInvertedRectangle",
-                                {5, 7, -3, -2},
-                                2000,
-                                [](TRandomShapes &random, const TBounds &) { return Anywhere(random, Near); }}),
-    [](const auto &row) { return row.param.name; });
-
 }  // namespace
-}  // namespace tessera
+}  // namespace tessera::test
