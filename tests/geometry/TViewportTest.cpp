@@ -7,11 +7,10 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <algorithm>
 #include <limits>
-#include <string>
 
-namespace tessera {
+namespace tessera::test {
 namespace {
 
 constexpr int Lowest = std::numeric_limits<int>::min();
@@ -26,30 +25,25 @@ TViewport ViewOf(int width, int height) {
   return view;
 }
 
-TEST(TViewportTest, ShowsTheWholeWidthOfTheExtentAtFirst) {
-  const TViewport view = ViewOf(100, 100);
-  EXPECT_EQ(view.GetScale().Kx, 100.0L / 360);
-  EXPECT_EQ(view.MapToScreen(0, 0), QPoint(50, 50));
-  EXPECT_EQ(view.ScreenToMap(0, 0), (TMapPoint{-180, 180}));
-  EXPECT_EQ(view.GetViewBounds(), (TBounds{-180, -180, 180, 180}));
-}
+/// A point on the map and the pixel that shows it.
+struct Row {
+  double mx, my;
+  QPoint pixel;
+};
 
 TEST(TViewportTest, TakesTheScaleOfBothAxesFromTheWidth) {
-  TViewport view = ViewOf(100, 50);
-  view.Zoom = 2;
-  view.CenterX = 10;
-  view.CenterY = -20;
-  EXPECT_EQ(view.GetScale().Kx, view.GetScale().Ky);
-  EXPECT_EQ(view.GetViewBounds(), (TBounds{-80, -65, 100, 25}));
-  EXPECT_EQ(view.MapToScreen(10, -20), QPoint(50, 25));
+  const TViewport square = ViewOf(100, 100);
+  EXPECT_EQ(square.GetScale().Kx, 100.0L / 360);
+  EXPECT_EQ(square.GetViewBounds(), (TBounds{-180, -180, 180, 180}));
+  EXPECT_EQ(square.ScreenToMap(0, 0), (TMapPoint{-180, 180}));
+  const TViewport zoomed{-180, -90, 180, 90, 10, -20, 2, 100, 50};
+  EXPECT_EQ(zoomed.GetScale().Kx, zoomed.GetScale().Ky);
+  EXPECT_EQ(zoomed.GetViewBounds(), (TBounds{-80, -65, 100, 25}));
+  EXPECT_EQ(zoomed.MapToScreen(10, -20), QPoint(50, 25));
 }
 
 TEST(TViewportTest, RoundsHalvesToEven) {
   const TViewport view = ViewOf(360, 360);  // one pixel a map unit, the origin at (180, 180)
-  struct Row {
-    double mx, my;
-    QPoint pixel;
-  };
   for (const Row &row :
        {Row{0.5, 0.5, {180, 180}}, Row{1.5, 1.5, {182, 178}}, Row{-0.5, -0.5, {180, 180}}, Row{-1.5, -1.5, {178, 182}},
         Row{-180.5, 180.5, {0, 0}}, Row{0.5000001, 0.4999999, {181, 180}}}) {
@@ -66,10 +60,6 @@ TEST(TViewportTest, PinsPixelsBeyond32Bits) {
 
 TEST(TViewportTest, PinsPointsOutOfViewBesideTheClient) {
   const TViewport view = ViewOf(360, 180);
-  struct Row {
-    double mx, my;
-    QPoint pixel;
-  };
   for (const Row &row : {Row{-181, 91, {-1, -1}}, Row{181, -91, {360, 180}}, Row{180, -90, {360, 180}},
                          Row{-180, 90, {0, 0}}, Row{-180.1, 0, {-1, 90}}, Row{7, 1e300, {187, -1}}}) {
     EXPECT_EQ(view.MapToScreenClipped(row.mx, row.my), row.pixel) << row.mx << ' ' << row.my;
@@ -79,17 +69,11 @@ TEST(TViewportTest, PinsPointsOutOfViewBesideTheClient) {
 }
 
 TEST(TViewportTest, RefusesAScaleThatIsZeroOrUndefined) {
-  TViewport narrow = ViewOf(100, 100);
-  narrow.MinX = narrow.MaxX;
-  TViewport low = ViewOf(100, 100);
-  low.MinY = low.MaxY;
-  for (const TViewport &view : {narrow, low}) {
+  for (const TViewport &view : {TViewport{5, -90, 5, 90, 0, 0, 1, 100, 100}, {-180, 5, 180, 5, 0, 0, 1, 100, 100}}) {
     EXPECT_THROW(static_cast<void>(view.MapToScreen(0, 0)), EZeroDivide);
     EXPECT_THROW(static_cast<void>(view.ScreenToMap(0, 0)), EZeroDivide);
   }
-  TViewport unzoomed = ViewOf(100, 100);
-  unzoomed.Zoom = 0;
-  for (const TViewport &view : {unzoomed, ViewOf(0, 100)}) {
+  for (const TViewport &view : {TViewport{-180, -90, 180, 90, 0, 0, 0, 100, 100}, ViewOf(0, 100)}) {
     EXPECT_THROW(static_cast<void>(view.ScreenToMap(0, 0)), EZeroDivide);
     EXPECT_THROW(static_cast<void>(view.GetViewBounds()), EZeroDivide);
     EXPECT_THROW(static_cast<void>(view.MapToScreenClipped(0, 0)), EZeroDivide);
@@ -97,7 +81,7 @@ TEST(TViewportTest, RefusesAScaleThatIsZeroOrUndefined) {
 }
 
 TEST(TViewportTest, GivesThePixelOfWhatItSaysAPixelShows) {
-  test::TRandomShapes random(11);
+  TRandomShapes random(11);
   for (int i = 0; i < 2000; ++i) {
     TViewport view = ViewOf(random.Whole(1, 4000), random.Whole(1, 4000));
     view.Zoom = random.Real(0.001, 5000);
@@ -109,17 +93,8 @@ TEST(TViewportTest, GivesThePixelOfWhatItSaysAPixelShows) {
   }
 }
 
-/// A view whose conversion of arrays is compared with that of single points.
-struct ViewCase {
-  std::string name;
-  TViewport view;
-};
-
-void PrintTo(const ViewCase &row, std::ostream *stream) {
-  *stream << row.name;
-}
-
-class TViewportArrayTest : public testing::TestWithParam<ViewCase> {
+/// Points about a view whose conversion as an array is compared with that of single points.
+class TViewportArrayTest : public testing::Test {
  protected:
   /// The double nearest to where the position on the screen lies on the map, or a neighbour of it.
   double Near(long double position, int clientSize, long double scale, double center) {
@@ -128,7 +103,7 @@ class TViewportArrayTest : public testing::TestWithParam<ViewCase> {
     return side == 0 ? exact : std::nextafter(exact, side * Infinity);
   }
   /// Points of all sorts: in and about the view, on the middle between two pixels, beside it, and beyond all bounds.
-  std::vector<TMapPoint> Points(const TViewport &view) {
+  std::vector<TMapPoint> PointsAbout(const TViewport &view) {
     const TViewport::Scale scale = view.GetScale();
     std::vector<TMapPoint> points;
     for (int i = 0; i < 20000; ++i) {
@@ -146,35 +121,37 @@ class TViewportArrayTest : public testing::TestWithParam<ViewCase> {
     return points;
   }
 
-  test::TRandomShapes m_random{20240};
+  TRandomShapes m_random{20240};
 };
 
-TEST_P(TViewportArrayTest, ConvertsToThePixelsOfTheSinglePoints) {
-  const TViewport &view = GetParam().view;
-  const std::vector<TMapPoint> points = Points(view);
-  std::vector<QPoint> pixels(points.size());
-  view.MapToScreen(points, pixels.data());
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    const QPoint expected = view.MapToScreen(points[i].X, points[i].Y);
-    ASSERT_EQ(pixels[i], expected) << testing::PrintToString(points[i]);
-    // Points are converted in blocks, where one that is hard to round makes the whole block slow and exact.
-    QPoint alone;
-    view.MapToScreen(std::span(points).subspan(i, 1), &alone);
-    ASSERT_EQ(alone, expected) << testing::PrintToString(points[i]);
+TEST_F(TViewportArrayTest, ConvertsToThePixelsOfTheSinglePoints) {
+  struct Case {
+    const char *name;
+    TViewport view;
+  };
+  const Case cases[] = {{"at first", ViewOf(100, 100)},
+                        {"one pixel a unit", ViewOf(360, 181)},
+                        {"four pixels a unit", {-512, -512, 512, 512, 3.25, -7.5, 4, 1024, 768}},
+                        {"far from the origin", {-180, -90, 180, 90, 4.5e8 + 1 / 3.0, -7.1e8, 1234.5, 1921, 1079}},
+                        {"of metres", {0, 0, 2e7, 1e7, 7.4e6, 6.1e6, 4321, 1280, 1024}},
+                        {"mirrored", {-180, -90, 180, 90, 30, 60, -2.5, 800, 600}},
+                        {"of a huge picture", {-180, -90, 180, 90, 0.1, 0.2, 1, 2'000'000'001, 2'000'000'001}},
+                        {"without zoom", {-180, -90, 180, 90, 0.1, 0.2, 0, 801, 600}},
+                        {"zoomed beyond all measure", {-180, -90, 180, 90, 0.1, 0.2, 1e300, 801, 600}}};
+  for (const auto &[name, view] : cases) {
+    const std::vector<TMapPoint> points = PointsAbout(view);
+    std::vector<QPoint> pixels(points.size());
+    view.MapToScreen(points, pixels.data());
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      const QPoint expected = view.MapToScreen(points[i].X, points[i].Y);
+      ASSERT_EQ(pixels[i], expected) << name << testing::PrintToString(points[i]);
+      // Points are converted in blocks, where one that is hard to round makes the whole block slow and exact.
+      QPoint alone;
+      view.MapToScreen(std::span(points).subspan(i, 1), &alone);
+      ASSERT_EQ(alone, expected) << name << testing::PrintToString(points[i]);
+    }
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Views, TViewportArrayTest,
-    testing::Values(ViewCase{"AtFirst", ViewOf(100, 100)}, ViewCase{"OnePixelAUnit", ViewOf(360, 181)},
-                    ViewCase{"FourPixelsAUnit", {-512, -512, 512, 512, 3.25, -7.5, 4, 1024, 768}},
-                    ViewCase{"FarFromTheOrigin", {-180, -90, 180, 90, 4.5e8 + 1 / 3.0, -7.1e8, 1234.5, 1921, 1079}},
-                    ViewCase{"OfMetres", {0, 0, 2e7, 1e7, 7.4e6, 6.1e6, 4321, 1280, 1024}},
-                    ViewCase{"Mirrored", {-180, -90, 180, 90, 30, 60, -2.5, 800, 600}},
-                    ViewCase{"OfAHugePicture", {-180, -90, 180, 90, 0.1, 0.2, 1, 2'000'000'001, 2'000'000'001}},
-                    ViewCase{"WithoutZoom", {-180, -90, 180, 90, 0.1, 0.2, 0, 801, 600}},
-                    ViewCase{"ZoomedBeyondAllMeasure", {-180, -90, 180, 90, 0.1, 0.2, 1e300, 801, 600}}),
-    [](const auto &row) { return row.param.name; });
-
 }  // namespace
-}  // namespace tessera
+}  // namespace tessera::test
