@@ -87,13 +87,6 @@ TEST(CoordConvertorUTest, CountsZonesEastwardsFromGreenwich) {
   EXPECT_NEAR(Plane(60, 9, 1).y - Plane(60, 9).y, -1e6 + 334e3, 1e3) << "six degrees from the shifted zone's meridian";
 }
 
-TEST(CoordConvertorUTest, PutsTheCentralMeridianAtHalfAMillion) {
-  const TPlanePoint point = Plane(0, 3);
-  EXPECT_NEAR(point.x, 0, 1e-3);
-  EXPECT_NEAR(point.y, 1500000, 1e-3);
-  EXPECT_NEAR(Plane(70, 27).y, 5500000, 1e-3);
-}
-
 TEST(CoordConvertorUTest, TakesPlanePointsBackWithScaledEastings) {
   // Beside the plane point stand the latitude and longitude that PROJ gives for the easting scaled about the central
   // meridian by (1 + 0.00673853 cos^2 B)^1.5, with B the latitude of the northing there.
