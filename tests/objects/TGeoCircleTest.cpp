@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "../support/FakeMapHost.h"
-#include "../support/Printers.h"
+#include "../support/ObjectChecks.h"
 
 #include <tessera/base/Exceptions.h>
 #include <tessera/geometry/CoordConvertorU.h>
@@ -10,63 +9,30 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
-namespace tessera {
+namespace tessera::test {
 namespace {
-
-using test::AddPart;
-using test::TFakeMapHost;
 
 std::span<const TMapPoint> RingOf(const TCustomMapObject &object) {
   return object.GetParts().GetFirst().GetPoints().Points();
 }
 
-struct TPlace {
-  double x, y;
-};
-
-template <class Circle>
-void Place(Circle &circle, const TPlace &place);
-
-template <>
-void Place(TGeoCircle &circle, const TPlace &place) {
-  circle.SetCenterX(place.x);
-  circle.SetCenterY(place.y);
+void Place(TGeoCircle &circle, const TMapPoint &place) {
+  circle.SetCenterX(place.X);
+  circle.SetCenterY(place.Y);
 }
 
-template <>
-void Place(geocircle::TGeoCircle &circle, const TPlace &place) {
-  circle.SetX(place.x);
-  circle.SetY(place.y);
+void Place(geocircle::TGeoCircle &circle, const TMapPoint &place) {
+  circle.SetX(place.X);
+  circle.SetY(place.Y);
 }
 
 TEST(TGeoCircleTest, StartsWithNinetyPointsAndTheFirstOnceMore) {
   const TGeoCircle circle;
-  EXPECT_EQ(circle.GetPieCount(), 90);
-  EXPECT_EQ(circle.GetRadius(), 100000);
-  ASSERT_EQ(circle.GetParts().GetCount(), 1);
-  const auto ring = RingOf(circle);
-  ASSERT_EQ(ring.size(), 91U);
-  EXPECT_EQ(ring.front(), ring.back());
-  EXPECT_TRUE(circle.ContainsPoint(0, 0));
-}
-
-TEST(TGeoCircleTest, GoesRoundFromTheEastBeginningAtOneStep) {
-  // On a central meridian, where the bearings of the plane are those of the ground.
-  TGeoCircle circle;
-  Place(circle, {39, 56});
-  circle.SetPieCount(4);
-  const auto ring = RingOf(circle);
-  ASSERT_EQ(ring.size(), 5U);
-  const double west = ring[2].X;
-  EXPECT_NEAR(ring[0].Y, 56, 0.02);
-  EXPECT_NEAR(ring[0].X, 39 + 100 / 62.4, 0.02) << "east";
-  EXPECT_NEAR(ring[1].Y, 56 - 100 / 111.3, 0.002) << "south";
-  EXPECT_NEAR(ring[1].X, 39, 2e-5);
-  EXPECT_NEAR(west, 39 - 100 / 62.4, 0.02) << "west";
-  EXPECT_NEAR(ring[3].Y, 56 + 100 / 111.3, 0.002) << "north";
-  EXPECT_EQ(ring[4], ring[0]);
+  EXPECT_EQ(RingOf(circle).size(), 91U);
+  EXPECT_NEAR(RingOf(circle)[89].Y, 100 / 110.6, 0.002) << "north, at 100 km";
 }
 
 TEST(TGeoCircleTest, LiesInThePlaneAtItsRadius) {
@@ -78,6 +44,8 @@ TEST(TGeoCircleTest, LiesInThePlaneAtItsRadius) {
   double y0 = 0;
   BL2XY(-34.6, -58.4, x0, y0, 0);
   const auto ring = RingOf(circle);
+  ASSERT_EQ(ring.size(), 18U);
+  EXPECT_EQ(ring.front(), ring.back());
   for (int i = 1; i <= 17; ++i) {
     const double bearing = 2 * std::acos(-1.0) * i / 17;
     double b = 0;
@@ -100,13 +68,9 @@ TEST(TGeoCircleTest, IsTwiceAsWideAsHighAtSixtyDegrees) {
 TEST(TGeoCircleTest, CountsLongitudesFrom180OnAsWestern) {
   TGeoCircle circle;
   Place(circle, {179.9, 10});
-  int eastern = 0;
-  int western = 0;
-  for (const TMapPoint &point : RingOf(circle)) {
-    EXPECT_LT(point.X, 180);
-    eastern += point.X > 178 ? 1 : 0;
-    western += point.X < -178 ? 1 : 0;
-  }
+  const auto ring = RingOf(circle);
+  const auto eastern = std::ranges::count_if(ring, [](const TMapPoint &p) { return p.X > 178 && p.X < 180; });
+  const auto western = std::ranges::count_if(ring, [](const TMapPoint &p) { return p.X < -178; });
   EXPECT_GT(eastern, 20);
   EXPECT_GT(western, 20);
   EXPECT_EQ(eastern + western, 91);
@@ -121,35 +85,12 @@ TEST(TGeoCircleTest, AcceptsNoRingWithoutPoints) {
   EXPECT_EQ(RingOf(circle).size(), 2U);
 }
 
-TEST(TGeoCircleTest, DrawsAsARegion) {
-  TFakeMapHost host;
-  TGeoCircle circle;
-  circle.SetMap(&host);
-  Place(circle, {39, 56});
-  host.viewport = {37, 54, 41, 58, 39, 56, 1, 100, 100};
-  TBrush brush;
-  brush.SetColor(clRed);
-  circle.SetBrush(brush);
-  circle.Paint();
-  EXPECT_EQ(host.At(50, 50), clRed);
-  EXPECT_EQ(host.At(50 + 38, 50), clRed);
-  EXPECT_EQ(host.At(50, 50 - 20), clRed);
-  EXPECT_EQ(host.At(50 + 38, 50 - 20), clWhite);
-  EXPECT_EQ(host.At(50, 50 - 25), clWhite);
-}
-
 /// The circle that stands alone, in a view of 37 to 41 degrees east and 54 to 58 north.
 class GeoCircleTest : public testing::Test {
  protected:
   GeoCircleTest() {
     host.viewport = {37, 54, 41, 58, 39, 56, 1, 100, 100};
-    circle.SetMap(&host);
-    TPen pen;
-    pen.SetColor(clBlue);
-    TBrush brush;
-    brush.SetColor(clRed);
-    circle.SetPen(pen);
-    circle.SetBrush(brush);
+    GiveTools(circle, host);
   }
 
   TFakeMapHost host;
@@ -158,73 +99,34 @@ class GeoCircleTest : public testing::Test {
 
 TEST_F(GeoCircleTest, StartsAsASquareOfOneDegree) {
   const auto ring = RingOf(circle);
-  ASSERT_EQ(ring.size(), 4U);
-  EXPECT_EQ(ring[0], (TMapPoint{0, 0}));
-  EXPECT_EQ(ring[1], (TMapPoint{0, 1}));
-  EXPECT_EQ(ring[2], (TMapPoint{1, 1}));
-  EXPECT_EQ(ring[3], (TMapPoint{1, 0}));
+  const TMapPoint corners[] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}};
+  EXPECT_TRUE(std::ranges::equal(ring, corners));
 }
 
 TEST_F(GeoCircleTest, HasTheRingOfTheRegion) {
   TGeoCircle region;
-  for (const TPlace &place : {TPlace{39, 56}, {-120.5, -40}, {179.9, 0}}) {
+  for (const TMapPoint &place : {TMapPoint{39, 56}, {-120.5, -40}, {179.9, 0}}) {
     Place(region, place);
     Place(circle, place);
     region.SetRadius(50000);
     circle.SetRadius(50000);
-    const auto ring = RingOf(circle);
-    EXPECT_TRUE(std::ranges::equal(ring, RingOf(region)));
+    EXPECT_TRUE(std::ranges::equal(RingOf(circle), RingOf(region)));
     EXPECT_EQ(circle.GetBounds(), region.GetBounds());
   }
 }
 
 TEST_F(GeoCircleTest, IsHitWithinItsOutlineAndOnIt) {
-  struct Row {
-    double x, y;
-    bool isInside;
-  };
-  for (const Row &row : {Row{0.5, 0.5, true},
-                         {0, 0, true},
-                         {1, 1, true},
-                         {0, 0.5, true},
-                         {1, 0.25, true},
-                         {0.5, 1, true},
-                         {0.5, 0, true},
-                         {1.0001, 0.5, false},
-                         {-0.0001, 0.5, false},
-                         {0.5, 1.0001, false},
-                         {0.5, -0.0001, false}}) {
-    EXPECT_EQ(circle.ContainsPoint(row.x, row.y), row.isInside) << row.x << ' ' << row.y;
-  }
+  ExpectHits(circle, {{0.5, 0.5}, {0, 0}, {1, 1}, {0, 0.5}, {1, 0.25}, {0.5, 1}, {0.5, 0}},
+             {{1.0001, 0.5}, {-0.0001, 0.5}, {0.5, 1.0001}, {0.5, -0.0001}});
   Place(circle, {39, 56});
   const TBounds &bounds = circle.GetBounds();
-  EXPECT_FALSE(circle.ContainsPoint(bounds.MinX, bounds.MinY)) << "a corner of the bounds";
-  EXPECT_TRUE(circle.ContainsPoint(39, 56));
+  ExpectHits(circle, {{39, 56}}, {{bounds.MinX, bounds.MinY}});
   circle.GetParts().Clear();
-  EXPECT_FALSE(circle.ContainsPoint(39, 56));
-}
-
-TEST_F(GeoCircleTest, IsHitWhereAnOutlineOfAnyShapeIsFilled) {
+  ExpectHits(circle, {}, {{39, 56}});
   // A zigzag with corners at the height of the question, a spike downwards among them.
-  circle.GetParts().Clear();
   AddPart(circle, {{0, 0}, {2, 4}, {4, 2}, {6, 4}, {8, 2}, {10, 4}, {12, 0}});
-  struct Row {
-    double x, y;
-    bool isInside;
-  };
-  for (const Row &row : {Row{4, 1.9, true},
-                         {4, 2, true},
-                         {4, 2.1, false},
-                         {5.5, 2, true},
-                         {0.5, 2, false},
-                         {1.1, 2, true},
-                         {8, 3.9, false},
-                         {2, 4, true},
-                         {-1, 0, false},
-                         {11.5, 2, false},
-                         {10.9, 2, true}}) {
-    EXPECT_EQ(circle.ContainsPoint(row.x, row.y), row.isInside) << row.x << ' ' << row.y;
-  }
+  ExpectHits(circle, {{4, 1.9}, {4, 2}, {5.5, 2}, {1.1, 2}, {2, 4}, {10.9, 2}},
+             {{4, 2.1}, {0.5, 2}, {8, 3.9}, {-1, 0}, {11.5, 2}});
 }
 
 TEST_F(GeoCircleTest, AnswersOtherTestsWithItsOwnHitTest) {
@@ -237,53 +139,43 @@ TEST_F(GeoCircleTest, AnswersOtherTestsWithItsOwnHitTest) {
   EXPECT_TRUE(circle.Contains(inside));
   EXPECT_TRUE(circle.Intersects(inside));
   EXPECT_FALSE(circle.Intersects(corner));
-  EXPECT_TRUE(circle.IntersectsRect(bounds.MaxX, 0, 90, 90));
-  EXPECT_TRUE(circle.WithinRect(bounds.MinX, bounds.MinY, bounds.MaxX, bounds.MaxY));
-  EXPECT_FALSE(circle.ContainsRect(bounds.MinX, bounds.MinY, bounds.MaxX, bounds.MaxY));
-  EXPECT_TRUE(circle.ContainsRect(38.9, 55.9, 39.1, 56.1));
+  ExpectRectAnswers(circle, {{{bounds.MaxX, 0, 90, 90}, true, false, false},
+                             {bounds, true, false, true},
+                             {{38.9, 55.9, 39.1, 56.1}, true, true, false}});
 }
 
 TEST_F(GeoCircleTest, DrawsAClosedOutlineOfFourPointsOrMore) {
   Place(circle, {39, 56});
   circle.Paint();
-  EXPECT_EQ(host.At(50, 50), clRed);
-  EXPECT_EQ(host.At(50, 50 - 25), clWhite);
+  ExpectPixels(host, {{50, 50, FillColor}, {50, 50 - 25, clWhite}});
   host.ClearPicture();
   circle.GetParts().Clear();
   AddPart(circle, {{38, 55}, {38, 57}, {40, 57}});
   circle.Paint();
-  EXPECT_EQ(host.At(30, 30), clWhite) << "three points";
+  EXPECT_TRUE(InkOf(host).isNull()) << "three points";
   circle.GetParts().GetFirst().GetPoints().Add(40, 55);
   circle.Paint();
-  EXPECT_EQ(host.At(50, 50), clRed);
-  EXPECT_EQ(host.At(50, 75), clBlue) << "the closing side";
+  ExpectPixels(host, {{50, 50, FillColor}, {50, 75, LineColor}});
 }
 
 TEST_F(GeoCircleTest, LaysItsBackgroundUnderTheBrush) {
   Place(circle, {39, 56});
-  TBrush clear;
-  clear.SetStyle(TBrushStyle::bsClear);
-  circle.SetBrush(clear);
+  GiveTools(circle, host, TBrushStyle::bsClear);
   circle.SetBGColor(clNavy);
-  circle.Paint();
-  EXPECT_EQ(host.At(50, 50), clWhite);
-  circle.SetUseBGColor(true);
-  circle.Paint();
-  EXPECT_EQ(host.At(50, 50), clNavy);
+  for (const bool usesBackground : {false, true}) {
+    circle.SetUseBGColor(usesBackground);
+    circle.Paint();
+    EXPECT_EQ(host.At(50, 50), usesBackground ? clNavy : clWhite);
+  }
   int outline = 0;
-  for (int x = 0; x < 100; ++x) outline += host.At(x, 50) == clBlue ? 1 : 0;
+  for (int x = 0; x < 100; ++x) outline += host.At(x, 50) == LineColor ? 1 : 0;
   EXPECT_EQ(outline, 2) << "drawn once, with the pen of the object";
 }
 
 TEST_F(GeoCircleTest, TakesItsHighlightAwayAgain) {
   Place(circle, {39, 56});
-  circle.Paint();
-  const QImage before = host.picture.GetImage().copy();
-  circle.DrawSelection();
-  EXPECT_NE(host.At(50, 50), clRed);
-  circle.DrawSelection();
-  EXPECT_EQ(host.picture.GetImage(), before);
+  ExpectTwoHighlightsCancel(host, circle);
 }
 
 }  // namespace
-}  // namespace tessera
+}  // namespace tessera::test
