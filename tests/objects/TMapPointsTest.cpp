@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <random>
 
@@ -13,8 +14,6 @@ namespace tessera {
 namespace {
 
 using Points = std::vector<TMapPoint>;
-
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 
 Points PointsOf(const TMapPoints &points) {
   return {points.Points().begin(), points.Points().end()};
@@ -24,159 +23,114 @@ void Fill(TMapPoints &points, std::initializer_list<TMapPoint> vertices) {
   for (const TMapPoint &vertex : vertices) points.Add(vertex);
 }
 
-TEST(TMapPointsTest, StartsWithBoundsThatContainNothing) {
-  const TMapPoints points;
-  EXPECT_EQ(points.GetCount(), 0);
-  EXPECT_EQ(points.GetBounds(), (TBounds{2147483647.0, 2147483647.0, -2147483647.0, -2147483647.0}));
-}
-
-TEST(TMapPointsTest, WidensItsBoundsWithEveryVertex) {
+TEST(TMapPointsTest, WidensItsBoundsFromTheSentinelsOnAndNotBeyondThem) {
+  constexpr double Sentinel = 2147483647.0;
+  constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
   TMapPoints points;
-  EXPECT_EQ(points.Add(3, 4), (TMapPoint{3, 4}));
-  EXPECT_EQ(points.GetBounds(), (TBounds{3, 4, 3, 4}));
-  points.Add(-1, 9);
-  EXPECT_EQ(points.GetBounds(), (TBounds{-1, 4, 3, 9}));
-  points.Add(NaN, NaN);
-  points.Add(0, 5);
-  EXPECT_EQ(points.GetBounds(), (TBounds{-1, 4, 3, 9}));
-}
-
-TEST(TMapPointsTest, DoesNotWidenItsBoundsBeyondTheSentinels) {
-  TMapPoints points;
-  points.Add(3e9, -3e9);
-  EXPECT_EQ(points.GetBounds(), (TBounds{2147483647.0, -3e9, 3e9, -2147483647.0}));
-}
-
-TEST(TMapPointsTest, NeverShrinksItsBounds) {
-  struct Row {
-    const char *name;
-    void (*change)(TMapPoints &);
-    Points left;
-  };
-  const Row rows[] = {{"deleting", [](TMapPoints &p) { p.Delete(1); }, {{0, 0}, {2, 2}}},
-                      {"moving",
-                       [](TMapPoints &p) {
-                         p.SetPoint(1, {1, 1});
-                       },
-                       {{0, 0}, {1, 1}, {2, 2}}},
-                      {"moving outwards",
-                       [](TMapPoints &p) {
-                         p.SetPoint(1, {50, 1});
-                       },
-                       {{0, 0}, {50, 1}, {2, 2}}},
-                      {"deleting all",
-                       [](TMapPoints &p) {
-                         while (p.GetCount() > 0) p.Delete(0);
-                       },
-                       {}},
-                      {"turning",
-                       [](TMapPoints &p) { p.Transform([](const TMapPoint &v) {
-                                             return TMapPoint{v.Y, -v.X / 9};
-                                           }); },
-                       {{0, 0}, {8, -1}, {2, -2 / 9.0}}}};
-  for (const Row &row : rows) {
-    TMapPoints points;
-    Fill(points, {{0, 0}, {9, 8}, {2, 2}});
-    row.change(points);
-    EXPECT_EQ(PointsOf(points), row.left) << row.name;
-    TBounds bounds{0, 0, 9, 8};
-    if (row.left.size() == 3 && row.left[1].Y == -1) bounds.MinY = -1;
-    EXPECT_EQ(points.GetBounds(), bounds) << row.name;
-    points.Add(-1, 10);
-    bounds.Widen(-1, 10);
-    EXPECT_EQ(points.GetBounds(), bounds) << row.name;
-  }
-}
-
-TEST(TMapPointsTest, StartsAnewWhenRestarted) {
-  TMapPoints points;
+  EXPECT_EQ(points.GetBounds(), (TBounds{Sentinel, Sentinel, -Sentinel, -Sentinel}));
+  EXPECT_EQ(points.Add(3e9, -3e9), (TMapPoint{3e9, -3e9}));
+  EXPECT_EQ(points.GetBounds(), (TBounds{Sentinel, -3e9, 3e9, -Sentinel}));
   points.Restart();
-  Fill(points, {{0, 0}, {9, 8}});
-  points.Delete(0);
-  points.Restart();
-  EXPECT_EQ(points.GetCount(), 0);
-  EXPECT_EQ(points.GetBounds(), TBounds::Empty());
-  Fill(points, {{1, 2}, {3, 4}, {5, 6}});
-  EXPECT_EQ(points.GetBounds(), (TBounds{1, 2, 5, 6}));
-  EXPECT_EQ(PointsOf(points), (Points{{1, 2}, {3, 4}, {5, 6}}));
-}
-
-TEST(TMapPointsTest, ClonesItsVerticesWithBoundsOfTheirOwn) {
-  TMapPoints points;
-  Fill(points, {{0, 0}, {9, 8}});
-  points.Delete(1);
-  TMapPoints clone = points.Clone();
-  clone.Add(1, 1);
-  EXPECT_EQ(PointsOf(clone), (Points{{0, 0}, {1, 1}}));
-  EXPECT_EQ(clone.GetBounds(), (TBounds{0, 0, 1, 1}));
-  EXPECT_EQ(points.GetCount(), 1);
+  Fill(points, {{3, 4}, {-1, 9}, {NaN, NaN}, {0, 5}});
+  EXPECT_EQ(points.GetBounds(), (TBounds{-1, 4, 3, 9}));
 }
 
 TEST(TMapPointsTest, RefusesVerticesThatDoNotExist) {
   TMapPoints points;
-  EXPECT_THROW(static_cast<void>(points.GetPoint(0)), ERangeError);
-  EXPECT_THROW(points.Delete(0), ERangeError);
-  Fill(points, {{0, 0}});
-  EXPECT_THROW(static_cast<void>(points.GetPoint(-1)), ERangeError);
-  EXPECT_THROW(points.SetPoint(1, {0, 0}), ERangeError);
-  EXPECT_THROW(points.Delete(1), ERangeError);
+  for (int count = 0; count < 2; ++count) {
+    for (const int index : {-1, count}) {
+      EXPECT_THROW(static_cast<void>(points.GetPoint(index)), ERangeError);
+      EXPECT_THROW(points.SetPoint(index, {0, 0}), ERangeError);
+      EXPECT_THROW(points.Delete(index), ERangeError);
+    }
+    points.Add(0, 0);
+  }
 }
 
-TEST(TMapPointsTest, AppendsWhatIsWrittenInPlace) {
-  TParts parts;
-  TMapPoints &points = parts.Add().GetPoints();
-  Fill(points, {{0, 0}});
-  const auto writeTwoOfThree = [](TMapPoint *first, TBounds &bounds) {
-    first[0] = {5, 1};
-    first[1] = {7, 2};
-    bounds = {5, 1, 7, 2};
-    return std::size_t(2);
-  };
-  points.AppendInPlace(3, writeTwoOfThree);
-  points.AppendInPlace(3, [](TMapPoint *, TBounds &) { return std::size_t(0); });
-  EXPECT_EQ(PointsOf(points), (Points{{0, 0}, {5, 1}, {7, 2}}));
-  EXPECT_EQ(parts.GetBounds(), (TBounds{0, 0, 7, 2}));
-  // Bounds that nothing was entered into widen nothing.
-  parts.AddBounds(TBounds::Empty());
-  EXPECT_EQ(parts.GetBounds(), (TBounds{0, 0, 7, 2}));
+TBounds BoundsOf(const Points &points) {
+  TBounds bounds = TBounds::Empty();
+  for (const TMapPoint &point : points) bounds.Widen(point.X, point.Y);
+  return bounds;
 }
 
-TEST(TMapPointsTest, FollowsAListThroughRandomChanges) {
-  std::mt19937 random(3);
-  const auto any = [&](std::size_t count) { return int(random() % count); };
-  for (int run = 0; run < 30; ++run) {
-    TParts parts;
-    TMapPoints &points = parts.Add().GetPoints();
-    Points model;
-    TBounds bounds = TBounds::Empty();
-    for (int step = 0; step < 300; ++step) {
-      const TMapPoint vertex{any(2000) - 1000.0, any(2000) - 1000.0};
-      const int at = model.empty() ? 0 : any(model.size());
-      switch (any(8)) {
-        case 0:
-          if (model.empty()) break;
-          points.Delete(at);
-          model.erase(model.begin() + at);
-          break;
-        case 1:
-          if (model.empty()) break;
-          points.SetPoint(at, vertex);
-          model[std::size_t(at)] = vertex;
-          break;
-        case 2:
-          points.Reserve(random() % 9);
-          break;
-        case 3:
-          points.UpdateBounds(vertex);
-          bounds.Widen(vertex.X, vertex.Y);
-          break;
-        default:
-          points.Add(vertex);
-          model.push_back(vertex);
-          bounds.Widen(vertex.X, vertex.Y);
+/// A list of a parts list beside a plain model of both.
+class TMapPointsModel {
+ public:
+  void Change(std::mt19937 &random) {
+    const auto any = [&](std::size_t count) { return int(random() % count); };
+    const TMapPoint vertex{any(2000) - 1000.0, any(2000) - 1000.0};
+    const int at = m_model.empty() ? -1 : any(m_model.size());
+    const int action = any(40);
+    if (action < 5 && at >= 0) {
+      m_points.Delete(at);
+      m_model.erase(m_model.begin() + at);
+    } else if (action < 10 && at >= 0) {
+      m_points.SetPoint(at, vertex);
+      m_model[std::size_t(at)] = vertex;
+    } else if (action < 15) {
+      m_points.Reserve(random() % 9);
+    } else if (action < 20) {
+      m_points.UpdateBounds(vertex);
+      m_bounds.Widen(vertex.X, vertex.Y);
+    } else if (action == 20) {
+      m_points.Restart();
+      m_model.clear();
+      m_bounds = TBounds::Empty();
+    } else if (action == 21) {
+      const auto turn = [](const TMapPoint &v) { return TMapPoint{v.Y, -v.X / 9}; };
+      m_points.Transform(turn);
+      for (TMapPoint &point : m_model) {
+        point = turn(point);
+        m_bounds.Widen(point.X, point.Y);
       }
-      ASSERT_EQ(PointsOf(points), model) << "run " << run << " step " << step;
-      ASSERT_EQ(points.GetBounds(), bounds) << "run " << run << " step " << step;
+    } else if (action == 22) {
+      AppendInPlace({vertex, {vertex.Y, vertex.X}, vertex}, std::size_t(any(4)));
+    } else {
+      m_points.Add(vertex);
+      Append(vertex);
+    }
+  }
+  void Check() {
+    ASSERT_EQ(PointsOf(m_points), m_model);
+    ASSERT_EQ(m_points.GetBounds(), m_bounds);
+    const TMapPoints clone = m_points.Clone();
+    ASSERT_EQ(PointsOf(clone), m_model);
+    ASSERT_EQ(clone.GetBounds(), BoundsOf(m_model)) << "of a clone, which are those of its vertices";
+    ASSERT_EQ(m_parts.GetBounds(), m_added) << "of the parts list, which only hears of what is added";
+  }
+
+ private:
+  /// Writes the first vertices into room for all of them.
+  void AppendInPlace(const Points &vertices, std::size_t count) {
+    const Points written(vertices.begin(), vertices.begin() + std::ptrdiff_t(count));
+    m_points.AppendInPlace(vertices.size(), [&](TMapPoint *first, TBounds &bounds) {
+      std::ranges::copy(written, first);
+      bounds = BoundsOf(written);
+      return count;
+    });
+    for (const TMapPoint &vertex : written) Append(vertex);
+  }
+  void Append(const TMapPoint &vertex) {
+    m_model.push_back(vertex);
+    m_bounds.Widen(vertex.X, vertex.Y);
+    m_added.Widen(vertex.X, vertex.Y);
+  }
+
+  TParts m_parts;
+  TMapPoints &m_points = m_parts.Add().GetPoints();
+  Points m_model;
+  TBounds m_bounds = TBounds::Empty();
+  TBounds m_added = TBounds::Empty();
+};
+
+TEST(TMapPointsTest, FollowsAModelThroughRandomChanges) {
+  std::mt19937 random(3);
+  for (int run = 0; run < 50; ++run) {
+    TMapPointsModel model;
+    for (int step = 0; step < 300; ++step) {
+      SCOPED_TRACE(testing::Message() << "run " << run << " step " << step);
+      model.Change(random);
+      ASSERT_NO_FATAL_FAILURE(model.Check());
     }
   }
 }
@@ -188,15 +142,12 @@ std::vector<double> Marks(const TParts &parts) {
   return marks;
 }
 
-TPart &Mark(TPart &part, double mark) {
+void Mark(TPart &part, double mark) {
   part.GetPoints().Add(mark, mark);
-  return part;
 }
 
 TEST(TPartsTest, WidensItsBoundsWithEveryVertexOfEveryPart) {
   TParts parts;
-  EXPECT_EQ(parts.GetMinX(), 2147483647.0);
-  EXPECT_EQ(parts.GetMaxX(), -2147483647.0);
   Mark(parts.Add(), 3);
   Mark(parts.Add(), 5);
   Mark(parts.GetFirst(), 1);
@@ -204,28 +155,25 @@ TEST(TPartsTest, WidensItsBoundsWithEveryVertexOfEveryPart) {
   EXPECT_EQ(parts.GetBounds(), (TBounds{1, 1, 5, 9}));
   parts.Delete(0);
   parts.Clear();
+  parts.AddBounds(TBounds::Empty());
   EXPECT_EQ(parts.GetBounds(), (TBounds{1, 1, 5, 9}));
 }
 
 TEST(TPartsTest, KeepsPartsInOrderWithNoneOneAndMany) {
+  std::mt19937 random(4);
   TParts parts;
-  EXPECT_TRUE(parts.Items().empty());
-  Mark(parts.Insert(0), 1);
-  Mark(parts.Insert(0), 0);
-  Mark(parts.Insert(2), 3);
-  Mark(parts.Insert(2), 2);
-  EXPECT_EQ(Marks(parts), (std::vector<double>{0, 1, 2, 3}));
-  parts.Delete(1);
-  EXPECT_EQ(Marks(parts), (std::vector<double>{0, 2, 3}));
-  parts.Delete(2);
-  parts.Delete(0);
-  EXPECT_EQ(Marks(parts), (std::vector<double>{2}));
-  parts.Delete(0);
-  EXPECT_EQ(parts.GetCount(), 0);
-  Mark(parts.Add(), 9);
-  EXPECT_EQ(Marks(parts), (std::vector<double>{9}));
-  parts.Delete(0);
-  EXPECT_EQ(parts.GetCount(), 0);
+  std::vector<double> model;
+  for (int step = 0; step < 1000; ++step) {
+    const int at = int(random() % (model.size() + 1));
+    if (at < parts.GetCount() && random() % 9 < 5) {
+      parts.Delete(at);
+      model.erase(model.begin() + at);
+    } else {
+      Mark(parts.Insert(at), step);
+      model.insert(model.begin() + at, step);
+    }
+    ASSERT_EQ(Marks(parts), model) << step;
+  }
 }
 
 TEST(TPartsTest, RefusesPartsThatDoNotExist) {
@@ -303,9 +251,8 @@ TEST(TPartsTest, SwapsListsOfAnySizeWithTheirBounds) {
       EXPECT_EQ(b.GetCount(), mine);
       if (theirs > 0) Mark(a.GetLast(), 99);
       if (mine > 0) Mark(b.GetLast(), -99);
-      EXPECT_EQ(a.GetMaxX(), theirs > 0 ? 99 : -BoundsSentinel);
-      EXPECT_EQ(b.GetMinX(), mine > 0 ? -99 : BoundsSentinel);
-      EXPECT_EQ(b.GetMaxX(), mine > 0 ? mine - 1 : -BoundsSentinel);
+      EXPECT_EQ(a.GetBounds(), theirs > 0 ? (TBounds{10, 10, 99, 99}) : TBounds::Empty());
+      EXPECT_EQ(b.GetBounds(), mine > 0 ? (TBounds{-99, -99, mine - 1.0, mine - 1.0}) : TBounds::Empty());
     }
   }
 }
