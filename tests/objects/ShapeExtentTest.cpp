@@ -12,48 +12,46 @@
 
 #include <limits>
 
-namespace tessera {
+namespace tessera::test {
 namespace {
-
-using test::TRandomShapes;
 
 /// Where a coordinate lies: on a coarse grid, so that borders coincide, or anywhere, near the origin or far from it.
 double Place(TRandomShapes &random, double offset) {
   return offset + (random.Whole(0, 1) == 0 ? random.Whole(-4, 4) : random.Real(-5, 5));
 }
 
+/// Meets no rectangle, but contains some.
+class TContainingOnly : public TRectangle {
+ public:
+  bool IntersectsRect(double, double, double, double) const override { return false; }
+};
+
 void AddShape(TMapLayer &layer, TRandomShapes &random, double offset) {
   const double x = Place(random, offset);
   const double y = Place(random, offset);
-  switch (random.Whole(0, 3)) {
-    case 0: {
-      auto *circle = layer.NewObject<TCircle>();
-      circle->SetX(x);
-      circle->SetY(y);
-      circle->SetRadius(random.Whole(0, 1) == 0 ? random.Whole(-2, 3) : random.Real(-1, 3));
-      break;
-    }
-    case 1: {
-      auto *rectangle = layer.NewObject<TRectangle>();
-      rectangle->SetX0(x);
-      rectangle->SetY0(y);
-      rectangle->SetX1(Place(random, offset));
-      rectangle->SetY1(Place(random, offset));
-      break;
-    }
-    case 2: {
-      auto *circle = layer.NewObject<TGeoCircle>();
-      circle->SetCenterX(x);
-      circle->SetCenterY(y);
-      circle->SetPieCount(8);
-      break;
-    }
-    default: {
-      auto *circle = layer.NewObject<geocircle::TGeoCircle>();
-      circle->SetX(x);
-      circle->SetY(y);
-      circle->SetRadius(random.Real(1e4, 2e5));
-    }
+  const int kind = random.Whole(0, 3);
+  if (kind == 0) {
+    auto *circle = layer.NewObject<TCircle>();
+    circle->SetX(x);
+    circle->SetY(y);
+    circle->SetRadius(random.Whole(0, 1) == 0 ? random.Whole(-2, 3) : random.Real(-1, 3));
+  } else if (kind == 1) {
+    TRectangle *rectangle =
+        random.Whole(0, 1) == 0 ? layer.NewObject<TRectangle>() : layer.NewObject<TContainingOnly>();
+    rectangle->SetX0(x);
+    rectangle->SetY0(y);
+    rectangle->SetX1(Place(random, offset));
+    rectangle->SetY1(Place(random, offset));
+  } else if (kind == 2) {
+    auto *circle = layer.NewObject<TGeoCircle>();
+    circle->SetCenterX(x);
+    circle->SetCenterY(y);
+    circle->SetPieCount(8);
+  } else {
+    auto *circle = layer.NewObject<geocircle::TGeoCircle>();
+    circle->SetX(x);
+    circle->SetY(y);
+    circle->SetRadius(random.Real(1e4, 2e5));
   }
 }
 
@@ -65,12 +63,14 @@ bool MeetsPlainly(const TCustomMapObject &object, const TBounds &r) {
 /// Compares what the layer answers with the objects' own tests, and counts the objects that met.
 int CompareQuery(const TMapLayer &layer, const TBounds &rect) {
   TCardinalArray ids;
-  layer.GetAllIdsInRect(Bounds2CellBounds(rect), ids);
+  ids.Add(99);
+  const bool areFound = layer.GetAllIdsInRect(Bounds2CellBounds(rect), ids);
   TCardinalArray expected;
   for (int i = 0; i < layer.GetObjectCount(); ++i) {
     if (MeetsPlainly(*layer.GetObjects(i), rect)) expected.Add(std::uint32_t(i));
   }
   EXPECT_TRUE(std::ranges::equal(ids.Ids(), expected.Ids())) << testing::PrintToString(rect);
+  EXPECT_EQ(areFound, expected.GetCount() > 0);
   return int(expected.GetCount());
 }
 
@@ -134,4 +134,4 @@ TEST(ShapeExtentTest, FollowsTheSetters) {
 }
 
 }  // namespace
-}  // namespace tessera
+}  // namespace tessera::test
