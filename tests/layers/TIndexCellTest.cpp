@@ -11,15 +11,19 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 
-namespace tessera {
+namespace tessera::test {
 namespace {
 
-using test::PlainCell;
 using Ids = std::vector<std::uint32_t>;
 
 constexpr TBounds World{0, 0, 1024, 1024};
+
+TMapPoint Somewhere(TRandomShapes &random) {
+  return random.Tangle(World, 1)[0];
+}
 
 /// A kind that refines what it contains, as circles do: some corner is enough.
 class TDisc : public TCustomMapObject {
@@ -75,30 +79,24 @@ int CountCells(const TIndexCell &cell) {
   return count;
 }
 
-struct Sample {
-  const char *name;
-  void (*fill)(TMapLayer &layer, test::TRandomShapes &random);
-};
-
-void FillWithPoints(TMapLayer &layer, test::TRandomShapes &random) {
+void FillWithPoints(TMapLayer &layer, TRandomShapes &random) {
   for (int i = 0; i < 300; ++i) AddPoint(layer, random.Real(0, 1024), random.Real(0, 1024));
 }
 
-void FillWithPointsOnMidlines(TMapLayer &layer, test::TRandomShapes &random) {
+void FillWithPointsOnMidlines(TMapLayer &layer, TRandomShapes &random) {
   AddPoint(layer, 0, 0);
   AddPoint(layer, 1024, 1024);
   for (int i = 0; i < 150; ++i) AddPoint(layer, 8 * random.Whole(0, 128), 8 * random.Whole(0, 128));
 }
 
-void FillWithRings(TMapLayer &layer, test::TRandomShapes &random) {
+void FillWithRings(TMapLayer &layer, TRandomShapes &random) {
   for (int i = 0; i < 200; ++i) {
-    const TMapPoint centre{random.Real(0, 1024), random.Real(0, 1024)};
-    AddObject(layer, random.Ring(centre, random.Real(1, 12), random.Whole(3, 30)));
+    AddObject(layer, random.Ring(Somewhere(random), random.Real(1, 12), random.Whole(3, 30)));
   }
 }
 
 /// Outlines long enough to be cut on the way down, and lines that cross quadrants without a vertex in them.
-void FillWithLongOutlines(TMapLayer &layer, test::TRandomShapes &random) {
+void FillWithLongOutlines(TMapLayer &layer, TRandomShapes &random) {
   for (int i = 0; i < 2; ++i) {
     AddObject(layer, random.Ring({random.Real(200, 800), random.Real(200, 800)}, random.Real(50, 250), 400));
     AddObject<TPolyline>(layer, {{0, random.Real(0, 1024)}, {1024, random.Real(0, 1024)}});
@@ -106,54 +104,57 @@ void FillWithLongOutlines(TMapLayer &layer, test::TRandomShapes &random) {
   FillWithPoints(layer, random);
 }
 
-void FillWithParts(TMapLayer &layer, test::TRandomShapes &random) {
+void FillWithParts(TMapLayer &layer, TRandomShapes &random) {
   for (int i = 0; i < 60; ++i) {
-    TRegion *region = AddObject(layer, random.Ring({random.Real(0, 1024), random.Real(0, 1024)}, 3, 40));
+    const TMapPoint centre = Somewhere(random);
+    TRegion *region = AddObject(layer, random.Ring(centre, 3, 40));
     TMapPoints &second = region->GetParts().Add().GetPoints();
-    const TMapPoint centre = region->GetParts().GetFirst().GetPoints().GetPoint(0);
-    for (const TMapPoint &point : random.Ring({centre.X + 9, centre.Y}, 2, 40)) second.Add(point);
+    for (const TMapPoint &point : random.Ring({centre.X + 12, centre.Y}, 2, 40)) second.Add(point);
     region->GetParts().Add();
   }
 }
 
-void FillWithNestedBoxes(TMapLayer &layer, test::TRandomShapes &random) {
+void FillWithNestedBoxes(TMapLayer &layer, TRandomShapes &random) {
   for (int i = 0; i < 4; ++i) AddBox(layer, {20.0 * i, 10.0 * i, 1000 - 30.0 * i, 1024 - 50.0 * i});
   for (int i = 0; i < 60; ++i) AddPoint(layer, random.Real(0, 19), random.Real(0, 1024));
 }
 
 /// Five in a place are not too many, and neither is what has no vertices.
-void FillWithDuplicates(TMapLayer &layer, test::TRandomShapes &random) {
+void FillWithDuplicates(TMapLayer &layer, TRandomShapes &random) {
   for (int i = 0; i < 40; ++i) {
-    const TMapPoint place{random.Real(0, 1024), random.Real(0, 1024)};
+    const TMapPoint place = Somewhere(random);
     for (int j = 0; j < 4; ++j) AddPoint(layer, place.X, place.Y);
   }
   layer.NewObject<TRegion>();
 }
 
 /// Vertices that were moved out of the bounds, or that are nowhere.
-void FillWithStrayVertices(TMapLayer &layer, test::TRandomShapes &random) {
+void FillWithStrayVertices(TMapLayer &layer, TRandomShapes &random) {
   FillWithRings(layer, random);
   for (int id = 0; id < layer.GetObjectCount(); id += 7) {
     TMapPoints &points = layer.GetObjects(id)->GetParts().GetFirst().GetPoints();
-    points.SetPoint(0, {random.Real(0, 1024), random.Real(0, 1024)});
+    points.SetPoint(0, Somewhere(random));
     points.SetPoint(1, {std::numeric_limits<double>::quiet_NaN(), 5});
   }
 }
 
-void FillWithDiscs(TMapLayer &layer, test::TRandomShapes &random) {
-  for (int i = 0; i < 60; ++i) {
-    AddObject<TDisc>(layer, {{random.Real(0, 1024), random.Real(0, 1024)}})->radius = random.Real(1, 40);
-  }
+void FillWithDiscs(TMapLayer &layer, TRandomShapes &random) {
+  for (int i = 0; i < 60; ++i) AddObject<TDisc>(layer, {Somewhere(random)})->radius = random.Real(1, 40);
 }
 
-void FillVerticalLine(TMapLayer &layer, test::TRandomShapes &random) {
+void FillVerticalLine(TMapLayer &layer, TRandomShapes &random) {
   for (int i = 0; i < 40; ++i) AddPoint(layer, 7, random.Real(0, 100));
 }
 
-void FillWithACrowd(TMapLayer &layer, test::TRandomShapes &random) {
+void FillWithACrowd(TMapLayer &layer, TRandomShapes &random) {
   AddPoint(layer, 1024, 1024);
   for (int i = 0; i < 9; ++i) AddPoint(layer, random.Real(0, 1e-6), random.Real(0, 1e-6));
 }
+
+struct Sample {
+  const char *name;
+  void (*fill)(TMapLayer &layer, TRandomShapes &random);
+};
 
 const Sample Samples[] = {
     {"Points", FillWithPoints},         {"PointsOnMidlines", FillWithPointsOnMidlines},
@@ -167,12 +168,11 @@ const Sample Samples[] = {
 class TIndexCellSampleTest : public testing::TestWithParam<Sample> {
  protected:
   TIndexCellSampleTest() {
-    test::TRandomShapes random(11);
+    TRandomShapes random(11);
     GetParam().fill(m_layer, random);
     m_layer.SetUseIndex2D(true);
     m_plain = PlainCell::Build(m_layer);
   }
-
   const TIndexCell &Root() { return *m_layer.GetIndex2D(); }
 
   TMapLayer m_layer;
@@ -180,7 +180,7 @@ class TIndexCellSampleTest : public testing::TestWithParam<Sample> {
 };
 
 INSTANTIATE_TEST_SUITE_P(Layers, TIndexCellSampleTest, testing::ValuesIn(Samples),
-                         [](const auto &param) { return std::string(param.param.name); });
+                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST_P(TIndexCellSampleTest, BuildsTheTreeOfThePlainProcedure) {
   EXPECT_GT(Root().GetCount(), 0);
@@ -188,117 +188,91 @@ TEST_P(TIndexCellSampleTest, BuildsTheTreeOfThePlainProcedure) {
 }
 
 TEST_P(TIndexCellSampleTest, AnswersQueriesInTheOrderOfThePlainProcedure) {
-  test::TRandomShapes random(12);
+  TRandomShapes random(12);
   const TCellBounds all = Root().GetBounds();
-  for (int i = 0; i < 200; ++i) {
+  for (int i = 0; i < 300; ++i) {
     const double x = random.Real(all.MinX - 10, all.MaxX + 10);
     const double y = random.Real(all.MinY - 10, all.MaxY + 10);
-    const double size = random.Real(-5, 100);
-    const TCellBounds rect{x, x + size, y, y + size};
+    const TCellBounds rect{x, x + random.Real(-5, 150), y, y + random.Real(-5, 150)};
     TCardinalArray ids;
     Ids plainIds;
-    ASSERT_EQ(Root().GetAllIdsInRect(rect, ids), m_plain->GetIdsInRect(rect, plainIds));
-    ASSERT_EQ(IdsOf(ids), plainIds);
-    plainIds.clear();
     ASSERT_EQ(Root().GetAllIdsAtPoint(x, y, ids), m_plain->GetIdsAtPoint(x, y, plainIds));
     ASSERT_EQ(IdsOf(ids), plainIds);
-  }
-}
-
-TEST_P(TIndexCellSampleTest, LayerKeepsTheCandidatesThatMeetTheRectangle) {
-  test::TRandomShapes random(13);
-  const TCellBounds all = Root().GetBounds();
-  for (int i = 0; i < 200; ++i) {
-    const double x = random.Real(all.MinX - 10, all.MaxX + 10);
-    const double y = random.Real(all.MinY - 10, all.MaxY + 10);
-    const TCellBounds rect{x, x + random.Real(0, 200), y, y + random.Real(0, 200)};
-    Ids expected;
-    const bool hasCandidates = m_plain->GetIdsInRect(rect, expected);
-    std::erase_if(expected, [&](std::uint32_t id) {
+    plainIds.clear();
+    const bool hasCandidates = m_plain->GetIdsInRect(rect, plainIds);
+    ASSERT_EQ(Root().GetAllIdsInRect(rect, ids), hasCandidates);
+    ASSERT_EQ(IdsOf(ids), plainIds);
+    // The layer keeps the candidates that meet the rectangle.
+    std::erase_if(plainIds, [&](std::uint32_t id) {
       const TCustomMapObject &object = *m_layer.GetObjects(int(id));
       return !object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) &&
              !object.WithinRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
     });
-    TCardinalArray ids;
     ASSERT_EQ(m_layer.GetAllIdsInRect(rect, ids), hasCandidates);
-    ASSERT_EQ(IdsOf(ids), expected);
+    ASSERT_EQ(IdsOf(ids), plainIds);
   }
 }
 
-TEST(TIndexCellTest, KeepsAFewObjectsInTheRoot) {
+class TIndexCellTest : public testing::Test {
+ protected:
+  /// Appends points on the diagonal, from the origin on.
+  void AddDiagonal(int count) {
+    for (int i = 0; i < count; ++i) AddPoint(layer, i, i);
+  }
+  TIndexCell &Root() {
+    layer.SetUseIndex2D(true);
+    return *layer.GetIndex2D();
+  }
+
   TMapLayer layer;
-  for (int i = 0; i < 5; ++i) AddPoint(layer, i, 10 * i);
-  layer.SetUseIndex2D(true);
-  const TIndexCell &root = *layer.GetIndex2D();
+  TCardinalArray ids;
+};
+
+TEST_F(TIndexCellTest, KeepsAFewObjectsInTheRoot) {
+  AddDiagonal(5);
+  TIndexCell &root = Root();
+  root.Clear();
   EXPECT_EQ(root.GetCount(), 0);
-  EXPECT_EQ(IdsOf(root), (Ids{0, 1, 2, 3, 4}));
-  EXPECT_EQ(root.GetBounds(), (TCellBounds{0, 4, 0, 40}));
+  EXPECT_EQ(IdsOf(root), (Ids{0, 1, 2, 3, 4})) << "a leaf stays as it is when cleared";
+  EXPECT_EQ(root.GetBounds(), (TCellBounds{0, 4, 0, 4}));
   EXPECT_TRUE(root.IsBuildNeeded());
+  EXPECT_THROW(static_cast<void>(root.GetCell(0)), ERangeError);
+  EXPECT_THROW(static_cast<void>(root.GetIds(5)), ERangeError);
 }
 
-TEST(TIndexCellTest, OrdersQuadrantsFromTheLowerLeftByTheUpperLeft) {
-  TMapLayer layer;
-  for (int i = 0; i < 3; ++i) {
-    for (const TMapPoint &corner : {TMapPoint{0, 0}, TMapPoint{0, 8}, TMapPoint{8, 8}, TMapPoint{8, 0}}) {
-      AddPoint(layer, corner.X, corner.Y);
-    }
-  }
-  layer.SetUseIndex2D(true);
-  const TIndexCell &root = *layer.GetIndex2D();
-  ASSERT_EQ(root.GetCount(), 4);
-  EXPECT_EQ(root.GetCell(0)->GetBounds(), (TCellBounds{0, 4, 0, 4}));
-  EXPECT_EQ(root.GetCell(1)->GetBounds(), (TCellBounds{0, 4, 4, 8}));
-  EXPECT_EQ(root.GetCell(2)->GetBounds(), (TCellBounds{4, 8, 4, 8}));
-  EXPECT_EQ(root.GetCell(3)->GetBounds(), (TCellBounds{4, 8, 0, 4}));
-  EXPECT_EQ(IdsOf(*root.GetCell(1)), (Ids{1, 5, 9}));
-  EXPECT_EQ(root.GetIdsCount(), 0);
-  EXPECT_THROW(static_cast<void>(root.GetCell(4)), ERangeError);
-  EXPECT_THROW(static_cast<void>(root.GetIds(0)), ERangeError);
-}
-
-TEST(TIndexCellTest, LosesAnObjectThatCrossesAQuadrantWithoutAVertexInIt) {
-  TMapLayer layer;
+TEST_F(TIndexCellTest, LosesAnObjectThatCrossesAQuadrantWithoutAVertexInIt) {
   for (const double at : {0, 1, 2, 3, 100}) AddPoint(layer, at, at);
   AddPoint(layer, 100, 0);
   AddObject<TPolyline>(layer, {{45, 30}, {60, 55}});
   const TCellBounds inLowerRightQuadrant{52, 53, 40, 44};
-  TCardinalArray ids;
   EXPECT_TRUE(layer.GetAllIdsInRect(inLowerRightQuadrant, ids));
   EXPECT_EQ(IdsOf(ids), (Ids{6}));
-  layer.SetUseIndex2D(true);
-  EXPECT_TRUE(layer.GetIndex2D()->GetAllIdsInRect(inLowerRightQuadrant, ids));
+  EXPECT_TRUE(Root().GetAllIdsInRect(inLowerRightQuadrant, ids));
   EXPECT_EQ(IdsOf(ids), (Ids{5}));
 }
 
-TEST(TIndexCellTest, BuildsTwiceWhenMadeWithALayer) {
-  TMapLayer layer;
-  for (int i = 0; i < 8; ++i) AddPoint(layer, i, i);
+TEST_F(TIndexCellTest, BuildsTwiceWhenMadeWithALayer) {
+  AddDiagonal(8);
   const TIndexCell root(&layer);
   EXPECT_EQ(root.GetCount(), 4);
   EXPECT_EQ(root.GetCell(0)->GetBounds(), root.GetCell(2)->GetBounds());
-  TCardinalArray ids;
   EXPECT_TRUE(root.GetAllIdsAtPoint(1, 1, ids));
   EXPECT_EQ(IdsOf(ids), (Ids{0, 1, 2, 3, 0, 1, 2, 3}));
 }
 
-TEST(TIndexCellTest, RefusesAnEmptyLayer) {
-  TMapLayer layer;
+TEST_F(TIndexCellTest, RefusesAnEmptyLayer) {
   EXPECT_THROW(layer.SetUseIndex2D(true), ERangeError);
   EXPECT_TRUE(layer.GetUseIndex2D());
-  TCardinalArray ids;
   EXPECT_FALSE(layer.GetAllIdsInRect({0, 1, 0, 1}, ids));
 }
 
-TEST(TIndexCellTest, StaysUntilItIsClearedWhileDetached) {
-  TMapLayer layer;
-  for (int i = 0; i < 10; ++i) AddPoint(layer, i, i);
-  layer.SetUseIndex2D(true);
-  TIndexCell &root = *layer.GetIndex2D();
+TEST_F(TIndexCellTest, StaysUntilItIsClearedWhileDetached) {
+  AddDiagonal(10);
+  TIndexCell &root = Root();
   layer.SetUseIndex2D(false);
   EXPECT_EQ(root.GetLayer(), nullptr);
   AddPoint(layer, 3, 3);
   layer.SetUseIndex2D(true);
-  TCardinalArray ids;
   EXPECT_TRUE(layer.GetAllIdsInRect({3, 3, 3, 3}, ids));
   EXPECT_EQ(IdsOf(ids), (Ids{3}));
   layer.SetUseIndex2D(false);
@@ -309,40 +283,16 @@ TEST(TIndexCellTest, StaysUntilItIsClearedWhileDetached) {
   EXPECT_EQ(IdsOf(ids), (Ids{3, 10}));
 }
 
-TEST(TIndexCellTest, ClearLeavesALeafAsItIs) {
-  TMapLayer layer;
-  AddPoint(layer, 1, 1);
-  layer.SetUseIndex2D(true);
-  layer.GetIndex2D()->Clear();
-  EXPECT_EQ(IdsOf(*layer.GetIndex2D()), (Ids{0}));
-}
-
-TEST(TIndexCellTest, LayerAnswersTrueWhenNoCandidateIsLeft) {
-  TMapLayer layer;
-  AddPoint(layer, 0, 0);
-  AddPoint(layer, 10, 10);
-  layer.SetUseIndex2D(true);
-  TCardinalArray ids;
-  EXPECT_TRUE(layer.GetAllIdsInRect({4, 5, 4, 5}, ids));
-  EXPECT_EQ(ids.GetCount(), 0);
-  EXPECT_FALSE(layer.GetAllIdsInRect({11, 12, 4, 5}, ids));
-}
-
-TEST(TIndexCellTest, ReportsAStaleId) {
-  TMapLayer layer;
-  for (int i = 0; i < 3; ++i) AddPoint(layer, i, i);
+TEST_F(TIndexCellTest, ReportsAStaleId) {
+  AddDiagonal(3);
   layer.SetUseIndex2D(true);
   layer.RemoveObject(layer.Last());
-  TCardinalArray ids;
   EXPECT_THROW(layer.GetAllIdsInRect({0, 5, 0, 5}, ids), ERangeError);
 }
 
-TEST(TIndexCellTest, QueriesAppendOnlyWhatIsNotThereYet) {
-  TMapLayer layer;
-  for (int i = 0; i < 3; ++i) AddPoint(layer, i, i);
-  layer.SetUseIndex2D(true);
-  const TIndexCell &root = *layer.GetIndex2D();
-  TCardinalArray ids;
+TEST_F(TIndexCellTest, QueriesAppendOnlyWhatIsNotThereYet) {
+  AddDiagonal(3);
+  const TIndexCell &root = Root();
   ids.Add(1);
   EXPECT_TRUE(TIndexCell::GetIdsInRect(root, root, {0, 2, 0, 2}, ids));
   EXPECT_EQ(IdsOf(ids), (Ids{1, 0, 2}));
@@ -356,12 +306,9 @@ TEST(TIndexCellTest, QueriesAppendOnlyWhatIsNotThereYet) {
   EXPECT_EQ(IdsOf(ids), (Ids{0, 1, 2}));
 }
 
-TEST(TIndexCellTest, DividesAChildThatIsMadeWithIds) {
-  TMapLayer layer;
-  for (int i = 0; i < 8; ++i) AddPoint(layer, i, i);
-  layer.SetUseIndex2D(true);
-  TIndexCell &root = *layer.GetIndex2D();
-  TCardinalArray ids;
+TEST_F(TIndexCellTest, DividesAChildThatIsMadeWithIds) {
+  AddDiagonal(8);
+  TIndexCell &root = Root();
   for (const std::uint32_t id : {0u, 1u, 2u, 3u, 4u, 5u, 99u}) ids.Add(id);
   auto child = std::make_unique<TIndexCell>(&root, TCellBounds{0, 8, 0, 8}, ids);
   EXPECT_EQ(child->GetLevel(), 1);
@@ -373,77 +320,62 @@ TEST(TIndexCellTest, DividesAChildThatIsMadeWithIds) {
   EXPECT_EQ(root.GetCell(root.GetCount() - 1)->GetParent(), &root);
 }
 
-TEST(TIndexCellTest, FindsItsIdsThatMeetABox) {
-  TMapLayer layer;
+TEST_F(TIndexCellTest, FindsItsIdsThatMeetABox) {
   AddPoint(layer, 5, 5);
   AddBox(layer, {0, 0, 10, 10});
   AddObject<TPolyline>(layer, {{0, 4.5}, {10, 5.5}});
-  layer.SetUseIndex2D(true);
-  TCardinalArray ids;
-  EXPECT_TRUE(layer.GetIndex2D()->GetIdsByBounds({4, 6, 4, 6}, ids));
+  EXPECT_TRUE(Root().GetIdsByBounds({4, 6, 4, 6}, ids));
   EXPECT_EQ(IdsOf(ids), (Ids{0, 1}));
-  EXPECT_FALSE(layer.GetIndex2D()->GetIdsByBounds({11, 12, 4, 6}, ids));
+  EXPECT_FALSE(Root().GetIdsByBounds({11, 12, 4, 6}, ids));
 }
 
-struct Crowd {
-  const char *name;
-  void (*add)(TMapLayer &layer, int number);
-};
-
-class TIndexCellCrowdTest : public testing::TestWithParam<Crowd> {};
-
-const Crowd Crowds[] = {
-    {"SamePoint", [](TMapLayer &layer, int) { AddPoint(layer, 0.1, 0.1); }},
-    {"SameBox",
-     [](TMapLayer &layer, int) {
-       AddBox(layer, {0, 0, 100, 100});
-     }},
-    {"BoxesOverEachOther",
-     [](TMapLayer &layer, int i) {
-       AddBox(layer, {-1.0 * i, 0, 100, 100.0 + i});
-     }},
-    {"SharedVertex",
-     [](TMapLayer &layer, int i) {
-       AddObject<TPolyline>(layer, {{0.1, 0.2}, {std::cos(i), std::sin(i)}});
-     }},
-    {"Origin", [](TMapLayer &layer, int i) { AddPoint(layer, i % 2 ? 0 : 1, i % 4 < 2 ? 0 : 1); }},
-    {"WithoutVertices", [](TMapLayer &layer, int) { layer.NewObject<TRegion>(); }},
-    {"SameDisc",
-     [](TMapLayer &layer, int) {
-       AddObject<TDisc>(layer, {{5, 5}})->radius = 3;
-     }},
-    {"VerticalLine", [](TMapLayer &layer, int i) { AddPoint(layer, 1, i); }},
-    {"Neighbours",
-     [](TMapLayer &layer, int i) {
-       AddPoint(layer, i % 2 ? 1 : std::nextafter(1, 2), i % 4 < 2 ? 1 : std::nextafter(1, 2));
-     }},
-    {"BeyondRunningBounds", [](TMapLayer &layer, int i) { AddPoint(layer, 3e9 + i, 1e6 * i); }},
-    {"Huge", [](TMapLayer &layer, int i) { AddPoint(layer, i % 2 ? -1.7e308 : 1.7e308, 1e300 * i); }},
-};
-
-INSTANTIATE_TEST_SUITE_P(Crowds, TIndexCellCrowdTest, testing::ValuesIn(Crowds),
-                         [](const auto &param) { return std::string(param.param.name); });
-
-TEST_P(TIndexCellCrowdTest, EndsDivisionWhereObjectsStayTogether) {
-  TMapLayer layer;
-  for (int i = 0; i < 2000; ++i) GetParam().add(layer, i);
-  layer.SetUseIndex2D(true);
-  EXPECT_LT(CountCells(*layer.GetIndex2D()), 400'000);
-  TCardinalArray ids;
-  EXPECT_TRUE(layer.GetIndex2D()->GetAllIdsInRect({-1.7e308, 1.7e308, -1.7e308, 1.7e308}, ids));
-  EXPECT_EQ(ids.GetCount(), 2000);
+TEST(TIndexCellCrowdTest, EndsDivisionWhereObjectsStayTogether) {
+  struct Crowd {
+    const char *name;
+    std::function<void(TMapLayer &layer, int number)> add;
+  };
+  const auto oneOrMore = [](int i) { return i % 2 ? 1 : std::nextafter(1, 2); };
+  const Crowd crowds[] = {
+      {"same point", [](auto &layer, int) { AddPoint(layer, 0.1, 0.1); }},
+      {"same box", [](auto &layer, int) { AddBox(layer, World); }},
+      {"boxes over each other",
+       [](auto &layer, int i) {
+         AddBox(layer, {-1.0 * i, 0, 100, 100.0 + i});
+       }},
+      {"shared vertex",
+       [](auto &layer, int i) {
+         AddObject(layer, {{0.1, 0.2}, {std::cos(i), std::sin(i)}});
+       }},
+      {"origin", [](auto &layer, int i) { AddPoint(layer, i % 2, i / 2 % 2); }},
+      {"without vertices", [](auto &layer, int) { AddObject(layer, {}); }},
+      {"same disc",
+       [](auto &layer, int) {
+         AddObject<TDisc>(layer, {{5, 5}})->radius = 3;
+       }},
+      {"vertical line", [](auto &layer, int i) { AddPoint(layer, 1, i); }},
+      {"neighbours", [&](auto &layer, int i) { AddPoint(layer, oneOrMore(i), oneOrMore(i / 2)); }},
+      {"beyond running bounds", [](auto &layer, int i) { AddPoint(layer, 3e9 + i, 1e6 * i); }},
+      {"huge", [](auto &layer, int i) { AddPoint(layer, i % 2 ? -1.7e308 : 1.7e308, 1e300 * i); }},
+  };
+  for (const Crowd &crowd : crowds) {
+    SCOPED_TRACE(crowd.name);
+    TMapLayer layer;
+    for (int i = 0; i < 2000; ++i) crowd.add(layer, i);
+    layer.SetUseIndex2D(true);
+    EXPECT_LT(CountCells(*layer.GetIndex2D()), 400'000);
+    TCardinalArray ids;
+    EXPECT_TRUE(layer.GetIndex2D()->GetAllIdsInRect({-1.7e308, 1.7e308, -1.7e308, 1.7e308}, ids));
+    EXPECT_EQ(ids.GetCount(), 2000);
+  }
 }
 
-TEST(TIndexCellTest, DividesAroundObjectsThatCoverTheWholeLayer) {
-  TMapLayer layer;
-  test::TRandomShapes random(3);
+TEST_F(TIndexCellTest, DividesAroundObjectsThatCoverTheWholeLayer) {
+  TRandomShapes random(3);
   for (int i = 0; i < 10; ++i) AddBox(layer, World);
   for (int i = 0; i < 5000; ++i) AddPoint(layer, random.Real(0, 1024), random.Real(0, 1024));
-  layer.SetUseIndex2D(true);
-  TCardinalArray ids;
-  EXPECT_TRUE(layer.GetIndex2D()->GetAllIdsInRect({500, 510, 500, 510}, ids));
+  EXPECT_TRUE(Root().GetAllIdsInRect({500, 510, 500, 510}, ids));
   EXPECT_LT(ids.GetCount(), 60);
 }
 
 }  // namespace
-}  // namespace tessera
+}  // namespace tessera::test
