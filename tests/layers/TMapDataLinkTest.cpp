@@ -29,29 +29,26 @@ class TTestLink : public TMapDataLink {
   std::string *m_heard;
 };
 
-TEST(TMapDataLinksTest, TellsEveryLinkInOrder) {
+class TMapDataLinksTest : public testing::Test {
+ protected:
   std::string heard;
   TMapDataLinks links;
   TObject sender;
+  TTestLink a{'a', &heard};
+  TTestLink b{'b', &heard};
+};
+
+TEST_F(TMapDataLinksTest, TellsEveryLinkInOrder) {
   links.TraceMapEvent(mdlMoveLayer, &sender);
-  TTestLink a('a', &heard);
-  TTestLink b('b', &heard);
-  TTestLink c('c', &heard);
-  for (TTestLink *link : {&a, &b, &c}) link->SetLinks(&links);
-  a.SetLinks(&links);
+  for (TTestLink *link : {&a, &b, &a}) link->SetLinks(&links);
   links.TraceMapEvent(mdlDelSelection, &sender);
-  EXPECT_EQ(heard, "bca");
+  EXPECT_EQ(heard, "ba");
   EXPECT_EQ(a.lastEvent, 14);
   EXPECT_EQ(a.lastSender, &sender);
   EXPECT_EQ(a.lastInfo, 0);
 }
 
-TEST(TMapDataLinksTest, IsAPlainListToo) {
-  std::string heard;
-  TMapDataLinks links;
-  TObject sender;
-  TTestLink a('a', &heard);
-  TTestLink b('b', &heard);
+TEST_F(TMapDataLinksTest, IsAPlainListToo) {
   links.Add(&a);
   links.Insert(0, &b);
   links.Insert(2, &b);
@@ -64,25 +61,16 @@ TEST(TMapDataLinksTest, IsAPlainListToo) {
   EXPECT_THROW(static_cast<void>(links.GetMapDataLink(-1)), ERangeError);
 }
 
-TEST(TMapDataLinkTest, LeavesOneMapForAnother) {
+TEST(TMapDataLinkTest, LeavesItsMapForAnotherAndOutlivesIt) {
+  TTestLink link;
   TMapDataLinks first;
-  TMapDataLinks second;
   {
-    TTestLink link;
+    TMapDataLinks second;
     link.SetLinks(&first);
     EXPECT_EQ(first.GetCount(), 1);
     link.SetLinks(&second);
     EXPECT_EQ(first.GetCount(), 0);
     EXPECT_EQ(second.GetMapDataLink(0), &link);
-  }
-  EXPECT_EQ(second.GetCount(), 0);
-}
-
-TEST(TMapDataLinkTest, OutlivesItsMap) {
-  TTestLink link;
-  {
-    TMapDataLinks links;
-    link.SetLinks(&links);
   }
   EXPECT_EQ(link.GetLinks(), nullptr);
   EXPECT_EQ(link.GetMap(), nullptr);
@@ -93,10 +81,7 @@ TEST(TMapDataLinkTest, StaysWithItsMapWhenAnotherListThatNamesItGoes) {
   {
     TTestLink link;
     link.SetLinks(&links);
-    {
-      TMapDataLinks other;
-      other.Add(&link);
-    }
+    TMapDataLinks().Add(&link);
     EXPECT_EQ(link.GetLinks(), &links);
   }
   EXPECT_EQ(links.GetCount(), 0);
