@@ -5,14 +5,13 @@
 #include <tessera/formats/CustomFormatProvider.h>
 #include <tessera/objects/TPolyline.h>
 #include <tessera/objects/TSymbol.h>
+#include <tessera/objects/TText.h>
 
 #include <gtest/gtest.h>
 
-namespace tessera {
+namespace tessera::test {
 namespace {
 
-using test::AddPart;
-using test::TFakeMapHost;
 using Events = std::vector<std::string>;
 
 class TMapLayerTest : public testing::Test {
@@ -58,22 +57,11 @@ TEST_F(TMapLayerTest, TellsOfNewObjectsAndPaintsThem) {
   EXPECT_EQ(host.TakeEvents(), (Events{"SetModified(true)", "AddObject made", "mdlAddObject layer"}));
   EXPECT_FALSE(host.displayed.Holds(*object));
   EXPECT_EQ(layer->Last(), object);
-}
 
-TEST_F(TMapLayerTest, TakesObjectsWhileTheMapHasNoArea) {
   host.ResizeClient(0, 100);
-  host.isReady = false;
-  auto line = std::make_unique<TPolyline>();
-  AddPart(*line, {{10, 10}, {90, 90}});
-  EXPECT_NO_THROW(layer->AddObject(std::move(line), true));
-  EXPECT_EQ(layer->GetObjectCount(), 1);
+  host.isReady = host.isInUpdate = false;
+  EXPECT_NO_THROW(AddObjects(1)) << "while the map has no area";
 }
-
-/// A kind of object that starts with the text font.
-class TWriting : public TPolyline {
- public:
-  [[nodiscard]] TObjectFont GetFontKind() const override { return TObjectFont::Text; }
-};
 
 TEST_F(TMapLayerTest, GivesNewObjectsItsColumnsAndTheToolsOfTheMap) {
   layer->GetFields().Insert(0, QStringLiteral("Name"), TDataType::dtString, 0);
@@ -82,9 +70,9 @@ TEST_F(TMapLayerTest, GivesNewObjectsItsColumnsAndTheToolsOfTheMap) {
   pen.SetWidth(9);
   layer->SetDefaultPen(pen);
   const auto *symbol = layer->NewObject<TSymbol>();
-  const auto *writing = layer->NewObject<TWriting>();
+  const auto *text = layer->NewObject<TText>();
   EXPECT_EQ(symbol->GetStyle().constData(), std::as_const(host.symbolStyle).constData());
-  EXPECT_EQ(writing->GetFont().GetName(), QStringLiteral("Courier New"));
+  EXPECT_EQ(text->GetFont().GetName(), QStringLiteral("Courier New"));
   EXPECT_EQ(symbol->GetFields().GetFields(0).GetSize(), 255);
 
   TMapLayer alone;
@@ -134,14 +122,10 @@ TEST_F(TMapLayerTest, HandsObjectsOutWithoutDestroyingThem) {
   }
   EXPECT_THROW(static_cast<void>(other->First()), ERangeError);
   EXPECT_THROW(static_cast<void>(other->Last()), ERangeError);
-}
-
-TEST_F(TMapLayerTest, DeletesObjectsThatWereOnlyPutIntoTheList) {
-  AddObjects(3);
-  layer->SetObjects(0, std::make_unique<TPolyline>());
+  // What was only put into the list does not know its layer.
   layer->DeleteObject(0);
-  EXPECT_EQ(layer->GetObjectCount(), 2);
-  layer->SetObjects(1, std::make_unique<TPolyline>());
+  EXPECT_EQ(layer->GetObjectCount(), 1);
+  layer->SetObjects(0, std::make_unique<TPolyline>());
   layer->DeleteObjects();
   EXPECT_EQ(layer->GetObjectCount(), 0);
 }
@@ -166,23 +150,19 @@ TEST_F(TMapLayerTest, BecomesSelectableWhenVisibleAndStaysSoWhenEditable) {
   struct Row {
     bool isVisible, isEditable, asked, isSelectable;
   };
+  TCustomMapObject *object = AddObjects(1)[0];
   for (const Row &row : {Row{true, false, true, true}, Row{true, false, false, false}, Row{true, true, false, true},
                          Row{false, false, true, false}}) {
     layer->SetVisible(row.isVisible);
     layer->SetEditable(row.isEditable);
+    object->Select();
     host.TakeEvents();
     layer->SetSelectable(row.asked);
-    EXPECT_EQ(host.TakeEvents(), Events{"mdlLayerSelectableChanged layer"});
+    EXPECT_EQ(host.TakeEvents().back(), "mdlLayerSelectableChanged layer");
+    EXPECT_EQ(object->GetSelected(), row.isSelectable);
     layer->SetVisible(true);
     EXPECT_EQ(layer->GetSelectable(), row.isSelectable);
   }
-}
-
-TEST_F(TMapLayerTest, DeselectsItsObjectsWhenNoLongerSelectable) {
-  const auto objects = AddObjects(1);
-  objects[0]->Select();
-  layer->SetSelectable(false);
-  EXPECT_FALSE(objects[0]->GetSelected());
 }
 
 TEST_F(TMapLayerTest, IsTheOnlyEditableOne) {
@@ -221,26 +201,6 @@ TEST_F(TMapLayerTest, IsShownBetweenItsTwoZooms) {
   }
 }
 
-/// Meets no rectangle, but contains those of its own corner.
-class TContainingOnly : public TPolyline {
- public:
-  bool IntersectsRect(double, double, double, double) const override { return false; }
-};
-
-TEST_F(TMapLayerTest, FindsTheObjectsInARectangle) {
-  AddPart(*layer->NewObject<TPolyline>(), {{0, 0}, {10, 10}});
-  AddPart(*layer->NewObject<TPolyline>(), {{50, 50}, {60, 60}});
-  AddPart(*layer->NewObject<TContainingOnly>(), {{0, 0}, {10, 10}});
-  layer->NewObject<TPolyline>();
-  TCardinalArray ids;
-  ids.Add(99);
-  EXPECT_TRUE(layer->GetAllIdsInRect({5, 7, 5, 7}, ids));
-  EXPECT_EQ(std::vector(ids.Ids().begin(), ids.Ids().end()), (std::vector<std::uint32_t>{0, 2, 3}));
-  layer->DeleteObjects();
-  EXPECT_FALSE(layer->GetAllIdsInRect({5, 7, 5, 7}, ids));
-  EXPECT_EQ(ids.GetCount(), 0);
-}
-
 TEST_F(TMapLayerTest, PaintsWhatIsInViewUnlessHidden) {
   const auto objects = AddObjects(3);
   objects[1]->GetParts().Clear();
@@ -264,10 +224,11 @@ TEST_F(TMapLayerTest, PaintsWhatIsInViewUnlessHidden) {
 }
 
 TEST_F(TMapLayerTest, HighlightsItsSelectionOnlyInTheFastWay) {
-  layer->PaintSelection();
-  EXPECT_EQ(host.TakeEvents(), Events{"DrawSelectionOf layer"});
-  host.flags.FastSelection = false;
-  layer->PaintSelection();
+  for (const bool isFast : {true, false}) {
+    host.flags.FastSelection = isFast;
+    layer->PaintSelection();
+    EXPECT_EQ(host.TakeEvents(), isFast ? Events{"DrawSelectionOf layer"} : Events());
+  }
   host.flags.FastSelection = true;
   layer->SetMaxZoom(9);
   layer->PaintSelection();
@@ -277,23 +238,20 @@ TEST_F(TMapLayerTest, HighlightsItsSelectionOnlyInTheFastWay) {
 /// Answers for files named *.road as it is told.
 class TRoadProvider : public TCustomFormatProvider {
  public:
-  QString GetDescription() const override { return QStringLiteral("Roads"); }
-  QString GetFilter() const override { return QStringLiteral("Roads|*.road"); }
-  QUuid GetGUID() const override { return QUuid(); }
-  bool Load(TMapLayer *layer, const QString &fileName) override { return Answer(layer, fileName); }
-  bool Save(TMapLayer *layer, const QString &fileName) override { return Answer(layer, fileName); }
+  QString GetDescription() const override { return {}; }
+  QString GetFilter() const override { return {}; }
+  QUuid GetGUID() const override { return {}; }
+  bool Load(TMapLayer *layer, const QString &fileName) override { return Save(layer, fileName); }
+  bool Save(TMapLayer *layer, const QString &fileName) override {
+    askedLayer = layer;
+    askedFile = fileName;
+    return answer;
+  }
   bool CanProcessFile(const QString &fileName) const override { return fileName.endsWith(QStringLiteral(".road")); }
 
   bool answer = true;
   TMapLayer *askedLayer = nullptr;
   QString askedFile;
-
- private:
-  bool Answer(TMapLayer *layer, const QString &fileName) {
-    askedLayer = layer;
-    askedFile = fileName;
-    return answer;
-  }
 };
 
 TEST_F(TMapLayerTest, LoadsByTheProviderThatAcceptsTheFile) {
@@ -327,4 +285,4 @@ TEST_F(TMapLayerTest, SavesUnrotatedByTheProviderThatAcceptsTheFile) {
 }
 
 }  // namespace
-}  // namespace tessera
+}  // namespace tessera::test
