@@ -1,26 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "../support/FakeMapHost.h"
+#include "../support/TraceRecorder.h"
 
-#include <tessera/base/DebugTrace.h>
 #include <tessera/base/Exceptions.h>
 #include <tessera/objects/TPolyline.h>
 
 #include <QDir>
 #include <gtest/gtest.h>
 
-namespace tessera {
+namespace tessera::test {
 namespace {
 
-using test::TFakeMapHost;
 using Events = std::vector<std::string>;
 
-/// A map with the layers a, b and c, and what was traced.
+/// A map with the layers a, b and c.
 class TMapLayersTest : public testing::Test {
  protected:
-  TMapLayersTest()
-      : m_sink(SetDebugTraceSink([this](const QString &format, std::initializer_list<QString> arguments) {
-          traced += FormatMessage(format, arguments);
-        })) {
+  TMapLayersTest() {
     host.layers = &layers;
     layers.SetMap(&host);
     for (const char name : {'a', 'b', 'c'}) {
@@ -31,10 +27,6 @@ class TMapLayersTest : public testing::Test {
     host.Name(&layers, "layers");
     host.TakeEvents();
   }
-  ~TMapLayersTest() override { SetDebugTraceSink(m_sink); }
-  TMapLayersTest(const TMapLayersTest &) = delete;
-  TMapLayersTest &operator=(const TMapLayersTest &) = delete;
-
   QString Names() const {
     QString names;
     for (const auto &layer : layers.Items()) names += layer ? layer->GetName() : QStringLiteral("-");
@@ -43,10 +35,7 @@ class TMapLayersTest : public testing::Test {
 
   TFakeMapHost host;
   TMapLayers layers;
-  QStringList traced;
-
- private:
-  TTraceSink m_sink;
+  TTraceRecorder trace;
 };
 
 TEST_F(TMapLayersTest, AddsANamedLayerWhereThereIsNoFile) {
@@ -57,7 +46,7 @@ TEST_F(TMapLayersTest, AddsANamedLayerWhereThereIsNoFile) {
   EXPECT_EQ(host.TakeEvents(), (Events{"AddLayer ?", "mdlAfterAddLayer ?"}));
   layers.Add(QString(), QStringLiteral("New"));
   EXPECT_EQ(
-      traced,
+      trace.texts,
       (QStringList{
           QStringLiteral("File \"%1\" does not exists!").arg(QDir().absoluteFilePath(QStringLiteral("no such.road"))),
           QStringLiteral("File \"\" does not exists!")}));
@@ -68,11 +57,13 @@ TEST_F(TMapLayersTest, InsertsALayerWithoutTellingDataLinks) {
   layers.Insert(QString(), 4)->SetName(QStringLiteral("y"));
   EXPECT_EQ(Names(), QStringLiteral("axbcy"));
   EXPECT_EQ(host.TakeEvents(), (Events{"AddLayer ?", "AddLayer ?"}));
-  EXPECT_EQ(traced, QStringList(QStringLiteral("File \"no such.road\" does not exists!")));
+  EXPECT_EQ(trace.texts, QStringList(QStringLiteral("File \"no such.road\" does not exists!")));
   EXPECT_THROW(layers.Insert(QString(), 6), ERangeError);
 }
 
 TEST_F(TMapLayersTest, DeletesALayerUnlessItIsForbidden) {
+  layers.Last()->NewObject<TPolyline>()->Select();
+  host.TakeEvents();
   layers.Delete(1);
   EXPECT_EQ(Names(), QStringLiteral("ac"));
   EXPECT_EQ(host.TakeEvents(), (Events{"BeforeDelLayer(confirm) b", "mdlDelLayer b", "BeforeDelLayer b", "DoUpdate",
@@ -81,7 +72,11 @@ TEST_F(TMapLayersTest, DeletesALayerUnlessItIsForbidden) {
   layers.Delete(1);
   EXPECT_EQ(Names(), QStringLiteral("ac"));
   EXPECT_EQ(host.TakeEvents(), Events{"BeforeDelLayer(confirm) c"});
+  EXPECT_EQ(host.selection.GetCount(), 1);
   EXPECT_THROW(layers.Delete(2), ERangeError);
+  host.onBeforeDelLayer = {};
+  layers.Delete(1);
+  EXPECT_EQ(host.selection.GetCount(), 0) << "objects leave the selection with their layer";
 }
 
 TEST_F(TMapLayersTest, CanBeReadWhileALayerIsDestroyed) {
@@ -124,7 +119,7 @@ TEST_F(TMapLayersTest, MovesAndExchangesLayers) {
   EXPECT_THROW(layers.Exchange(3, 0), ERangeError);
 }
 
-TEST_F(TMapLayersTest, FindsTheFirstLayerOfAName) {
+TEST_F(TMapLayersTest, FindsTheFirstLayerOfANameAndTheEditableOne) {
   layers.GetLayer(1)->SetName(QString::fromUtf8("Улицы"));
   layers.GetLayer(2)->SetName(QString::fromUtf8("УЛИЦЫ"));
   EXPECT_EQ(layers.Search(QString::fromUtf8("улицы")), layers.GetLayer(1));
@@ -133,9 +128,6 @@ TEST_F(TMapLayersTest, FindsTheFirstLayerOfAName) {
   layers.SetMap(nullptr);
   EXPECT_EQ(layers.Search(QStringLiteral("a")), nullptr);
   layers.SetMap(&host);
-}
-
-TEST_F(TMapLayersTest, KnowsTheEditableLayer) {
   EXPECT_EQ(layers.GetEditableLayer(), nullptr);
   layers.GetLayer(1)->SetEditable(true);
   EXPECT_EQ(layers.GetEditableLayer(), layers.GetLayer(1));
@@ -151,12 +143,5 @@ TEST_F(TMapLayersTest, PutsALayerIntoThePlaceOfAnother) {
   EXPECT_THROW(static_cast<void>(TMapLayers().First()), ERangeError);
 }
 
-TEST_F(TMapLayersTest, TakesObjectsOutOfTheSelectionWithTheirLayer) {
-  TCustomMapObject *object = layers.First()->NewObject<TPolyline>();
-  object->Select();
-  layers.Delete(0);
-  EXPECT_EQ(host.selection.GetCount(), 0);
-}
-
 }  // namespace
-}  // namespace tessera
+}  // namespace tessera::test
