@@ -78,13 +78,13 @@ TEST_F(TTextTest, EndsWhereTheWalkByPointsEnds) {
   std::mt19937 random(7);
   const auto upTo = [&random](int bound) { return int(random() % unsigned(bound)); };
   const QString letters = QStringLiteral("abcdeiWMQgj .,-\u0416\u0449\u0456AVTo");
-  for (int round = 0; round < 120; ++round) {
+  for (int round = 0; round < 150; ++round) {
     if (round % 5 == 0) text.SetMinShowTextSize(4 + upTo(30));
     QString label;
     for (int i = upTo(14); i >= 0; --i) label += letters[upTo(int(letters.size()))];
-    const bool isHuge = round % 40 == 0;
+    const bool isHuge = round % 60 == 0;
     check(families[upTo(2)], label,
-          {isHuge ? 40000 : 4 + upTo(round % 3 == 0 ? 60 : 700), 6 + upTo(isHuge ? 450 : 200)});
+          {isHuge ? 40000 : 4 + upTo(round % 3 == 0 ? 60 : 500), 6 + upTo(isHuge ? 450 : 140)});
   }
 }
 
