@@ -27,7 +27,7 @@ tessera_install_library(Core DESCRIPTION "Vector map layers, objects and MapInfo
 tessera_install_library(
   Widgets DESCRIPTION "Embeddable vector map control" REQUIRES "tessera-core = ${PROJECT_VERSION}" Qt6Widgets)
 install(DIRECTORY src/tessera DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
-        FILES_MATCHING PATTERN "*.h" PATTERN "*Private.h" EXCLUDE)
+        FILES_MATCHING PATTERN "*.h" PATTERN "detail" EXCLUDE)
 
 configure_package_config_file(cmake/TesseraConfig.cmake.in TesseraConfig.cmake INSTALL_DESTINATION "${package_dir}")
 write_basic_package_version_file(TesseraConfigVersion.cmake COMPATIBILITY SameMinorVersion)

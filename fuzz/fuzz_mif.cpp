@@ -2,7 +2,7 @@
 #include "../tests/support/FakeMapHost.h"
 
 #include <tessera/base/Exceptions.h>
-#include <tessera/formats/MifReader.h>
+#include <tessera/formats/detail/MifReader.h>
 #include <tessera/layers/TMapLayer.h>
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Themes.h"
 
-#include <tessera/graphics/SymbolFont.h>
+#include <tessera/graphics/TFont.h>
 #include <tessera/objects/TSymbol.h>
 
 #include <array>

@@ -2,8 +2,8 @@
 #include <apps/common/MapFile.h>
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/MessageSink.h>
-#include <tessera/formats/CustomFormatProvider.h>
 #include <tessera/objects/TPolyline.h>
+#include <tessera/providers/CustomFormatProvider.h>
 
 #include <QFile>
 #include <QTemporaryDir>

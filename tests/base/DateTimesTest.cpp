@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "LocaleGuard.h"
 
-#include <tessera/base/DateTimes.h>
 #include <tessera/base/Exceptions.h>
+#include <tessera/base/detail/DateTimes.h>
 
 #include <gtest/gtest.h>
 
@@ -24,31 +24,31 @@ TEST(DateTimesTest, CountsDaysFromTheEndOf1899AndTheTimeOfDayForwardsBeforeThatT
       {86399.999 / 86400, "30.12.1899 23:59:59"},
       {0.999999999, "31.12.1899"},  // the last half millisecond is carried into the next day
   };
-  for (const auto &[value, text] : cases) EXPECT_EQ(DateTimeToStr(value), QLatin1String(text));
-  EXPECT_EQ(DateToStr(1.99), u"31.12.1899");
-  EXPECT_EQ(TimeToStr(-1.25), u"06:00:00");
-  EXPECT_EQ(StrToDate(u" 29.02.2024 "), 45351);
-  EXPECT_EQ(StrToTime(u"12:00"), 0.5);
-  EXPECT_EQ(StrToTime(u" 6:0:0 "), 0.25);
+  for (const auto &[value, text] : cases) EXPECT_EQ(detail::DateTimeToStr(value), QLatin1String(text));
+  EXPECT_EQ(detail::DateToStr(1.99), u"31.12.1899");
+  EXPECT_EQ(detail::TimeToStr(-1.25), u"06:00:00");
+  EXPECT_EQ(detail::StrToDate(u" 29.02.2024 "), 45351);
+  EXPECT_EQ(detail::StrToTime(u"12:00"), 0.5);
+  EXPECT_EQ(detail::StrToTime(u" 6:0:0 "), 0.25);
 }
 
 TEST(DateTimesTest, RefusesWhatIsNoDateOrTime) {
   const TLocaleGuard guard(test::Russian());
   for (const char16_t *text : {u"", u"x", u"29.02.2023", u"01.01.23", u"2023-01-01", u"01.01.2000 10:00"}) {
-    EXPECT_THROW(static_cast<void>(StrToDate(text)), EConvertError) << QString::fromUtf16(text).toStdString();
+    EXPECT_THROW(static_cast<void>(detail::StrToDate(text)), EConvertError) << QString::fromUtf16(text).toStdString();
   }
   for (const char16_t *text : {u"", u"x", u"24:00", u"10", u"10:60", u"10:00:00:00"}) {
-    EXPECT_THROW(static_cast<void>(StrToTime(text)), EConvertError) << QString::fromUtf16(text).toStdString();
+    EXPECT_THROW(static_cast<void>(detail::StrToTime(text)), EConvertError) << QString::fromUtf16(text).toStdString();
   }
 }
 
 TEST(DateTimesTest, RefusesValuesOutsideTheCalendar) {
   for (const double value : {2958466.0, -693594.0, 1e300, std::numeric_limits<double>::quiet_NaN()}) {
-    EXPECT_THROW(static_cast<void>(DateToStr(value)), EConvertError) << value;
-    EXPECT_THROW(static_cast<void>(TimeToStr(value)), EConvertError) << value;
+    EXPECT_THROW(static_cast<void>(detail::DateToStr(value)), EConvertError) << value;
+    EXPECT_THROW(static_cast<void>(detail::TimeToStr(value)), EConvertError) << value;
   }
-  EXPECT_NO_THROW(static_cast<void>(DateToStr(2958465.0)));
-  EXPECT_NO_THROW(static_cast<void>(DateToStr(-693593.0)));
+  EXPECT_NO_THROW(static_cast<void>(detail::DateToStr(2958465.0)));
+  EXPECT_NO_THROW(static_cast<void>(detail::DateToStr(-693593.0)));
 }
 
 TEST(DateTimesTest, ReadsBackWhatItWroteInEveryLocale) {
@@ -58,8 +58,8 @@ TEST(DateTimesTest, ReadsBackWhatItWroteInEveryLocale) {
     for (int i = 0; i < 300; ++i) {
       const double date = std::uniform_int_distribution<int>(-693593, 2958465)(engine);
       const double time = double(engine() % 86400) / 86400;
-      EXPECT_EQ(StrToDate(DateToStr(date)), date) << DateToStr(date).toStdString();
-      EXPECT_EQ(StrToTime(TimeToStr(time)), time) << TimeToStr(time).toStdString();
+      EXPECT_EQ(detail::StrToDate(detail::DateToStr(date)), date) << detail::DateToStr(date).toStdString();
+      EXPECT_EQ(detail::StrToTime(detail::TimeToStr(time)), time) << detail::TimeToStr(time).toStdString();
     }
   }
 }

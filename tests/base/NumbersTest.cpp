@@ -2,7 +2,7 @@
 #include "LocaleGuard.h"
 
 #include <tessera/base/Exceptions.h>
-#include <tessera/base/Numbers.h>
+#include <tessera/base/detail/Numbers.h>
 
 #include <gtest/gtest.h>
 
@@ -15,34 +15,34 @@ namespace {
 using test::TLocaleGuard;
 
 TEST(NumbersTest, FollowsTheSeparatorOfTheLocale) {
-  EXPECT_EQ(StrToFloat(u"12.5"), 12.5);
+  EXPECT_EQ(detail::StrToFloat(u"12.5"), 12.5);
   const TLocaleGuard guard(test::Russian());
-  EXPECT_EQ(DecimalSeparator(), ',');
-  EXPECT_EQ(StrToFloat(u"12,5"), 12.5);
-  EXPECT_THROW(static_cast<void>(StrToFloat(u"12.5")), EConvertError);
-  EXPECT_EQ(FloatToStr(-12.5), u"-12,5");
+  EXPECT_EQ(detail::DecimalSeparator(), ',');
+  EXPECT_EQ(detail::StrToFloat(u"12,5"), 12.5);
+  EXPECT_THROW(static_cast<void>(detail::StrToFloat(u"12.5")), EConvertError);
+  EXPECT_EQ(detail::FloatToStr(-12.5), u"-12,5");
 }
 
 TEST(NumbersTest, TakesAPointWhereTheSeparatorIsNotAscii) {
   const TLocaleGuard guard(QLocale(QLocale::Persian, QLocale::Iran));
   EXPECT_NE(QLocale().decimalPoint(), QStringLiteral(".")) << "the locale does not make the case any more";
-  EXPECT_EQ(DecimalSeparator(), '.');
+  EXPECT_EQ(detail::DecimalSeparator(), '.');
 }
 
 TEST(NumbersTest, AcceptsNoGroupsAndNoSpecialValues) {
   for (const char16_t *text :
        {u"", u" ", u"1 000", u"1,000.5", u"nan", u"inf", u"0x1p3", u"1.5m", u"1\u0660", u"\u00d71", u"1.."}) {
     double value = 7;
-    EXPECT_FALSE(TryStrToFloat(text, value)) << QString::fromUtf16(text).toStdString();
+    EXPECT_FALSE(detail::TryStrToFloat(text, value)) << QString::fromUtf16(text).toStdString();
     EXPECT_EQ(value, 7);
   }
 }
 
 TEST(NumbersTest, PassesOverBlanksAroundAFloatButOnlyInFrontOfAnInteger) {
-  EXPECT_EQ(StrToFloat(u"  1e2 "), 100);
-  EXPECT_EQ(StrToInt(u"  -12"), -12);
+  EXPECT_EQ(detail::StrToFloat(u"  1e2 "), 100);
+  EXPECT_EQ(detail::StrToInt(u"  -12"), -12);
   int value = 7;
-  for (const char16_t *text : {u"12 ", u"\t12", u"$FF", u"2147483648"}) EXPECT_FALSE(TryStrToInt(text, value));
+  for (const char16_t *text : {u"12 ", u"\t12", u"$FF", u"2147483648"}) EXPECT_FALSE(detail::TryStrToInt(text, value));
   EXPECT_EQ(value, 7);
 }
 
@@ -56,9 +56,9 @@ TEST(NumbersTest, NamesTheBadTextInTheErrorButNoMoreOfItThanCanBeRead) {
     return QStringLiteral("no EConvertError");
   };
   const QString longText(1'000'000, u'x');
-  EXPECT_EQ(errorOf(StrToFloat, QStringLiteral("5%1x")), u"'5%1x' is not a valid floating point value");
-  EXPECT_EQ(errorOf(StrToInt, QStringLiteral("1.5")), u"'1.5' is not a valid integer value");
-  EXPECT_EQ(errorOf(StrToInt, longText),
+  EXPECT_EQ(errorOf(detail::StrToFloat, QStringLiteral("5%1x")), u"'5%1x' is not a valid floating point value");
+  EXPECT_EQ(errorOf(detail::StrToInt, QStringLiteral("1.5")), u"'1.5' is not a valid integer value");
+  EXPECT_EQ(errorOf(detail::StrToInt, longText),
             QStringLiteral("'%1...' is not a valid integer value").arg(longText.first(60)));
 }
 
@@ -77,7 +77,7 @@ TEST(NumbersTest, WritesFifteenDigitsAndAnExponentOnlyWhereItIsNeeded) {
       {std::numeric_limits<double>::infinity(), "INF"},
       {-std::numeric_limits<double>::infinity(), "-INF"},
   };
-  for (const auto &[value, text] : cases) EXPECT_EQ(FloatToStr(value), QLatin1String(text));
+  for (const auto &[value, text] : cases) EXPECT_EQ(detail::FloatToStr(value), QLatin1String(text));
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "RandomNumbers.h"
 
-#include <tessera/base/Numbers.h>
+#include <tessera/base/detail/Numbers.h>
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ std::optional<TReading> Read(std::string_view text, char separator = '.') {
   const auto bytes = std::make_unique<char[]>(text.size());
   std::copy(text.begin(), text.end(), bytes.get());
   double value = 0;
-  const char *end = ReadFloat(bytes.get(), bytes.get() + text.size(), separator, value);
+  const char *end = detail::ReadFloat(bytes.get(), bytes.get() + text.size(), separator, value);
   if (end == nullptr) return std::nullopt;
   return Reading(value, end - bytes.get());
 }
@@ -71,7 +71,7 @@ TEST(ReadFloatTest, RefusesWhatIsNoNumberAndLeavesTheValueAlone) {
   for (const std::string_view text : {"", "+", "-", ".", "-.", "+-1", "-+1", "--1", " 1", "e5", ".e5", "nan", "inf",
                                       "-inf", "infinity", "abc", "1e400", "-1e999999999999", "1e-400"}) {
     double value = 7;
-    EXPECT_EQ(ReadFloat(text.data(), text.data() + text.size(), '.', value), nullptr) << text;
+    EXPECT_EQ(detail::ReadFloat(text.data(), text.data() + text.size(), '.', value), nullptr) << text;
     EXPECT_EQ(value, 7) << text;
   }
 }
@@ -107,7 +107,7 @@ TEST(ReadFloatTest, EqualsFromCharsOnRandomTexts) {
 
 TEST(ReadFloatTest, ReadsBackEveryKindOfNumber) {
   constexpr int Count = 100'000;
-  char buffer[Fixed6Size];
+  char buffer[detail::Fixed6Size];
   for (const test::TNumberKind &kind : test::NumberKinds) {
     test::TRandomNumbers random(12);
     for (int i = 0; i < Count; ++i) {
@@ -118,7 +118,7 @@ TEST(ReadFloatTest, ReadsBackEveryKindOfNumber) {
       ASSERT_EQ(Read(shortest), Reading(value, std::ssize(shortest))) << kind.name;
       const auto *end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, 16).ptr;
       ASSERT_EQ(Read({buffer, end}), Reading(value, end - buffer)) << kind.name;
-      const std::string_view fixed(buffer, WriteFixed6(buffer, value, '.'));
+      const std::string_view fixed(buffer, detail::WriteFixed6(buffer, value, '.'));
       ASSERT_EQ(Read(fixed), ReadPlainly(fixed)) << kind.name;
     }
   }
@@ -138,12 +138,12 @@ TEST(ReadIntTest, TakesAsManyDigitsAsFitInto32BitsOrNothing) {
                              {"00000000000000007;", 7, 17}};
   int value = -1;
   for (const IntCase &test : numbers) {
-    EXPECT_EQ(ReadInt(test.text.begin(), test.text.end(), value), test.text.begin() + test.size) << test.text;
+    EXPECT_EQ(detail::ReadInt(test.text.begin(), test.text.end(), value), test.text.begin() + test.size) << test.text;
     EXPECT_EQ(value, test.value) << test.text;
   }
   for (const std::string_view text :
        {"", "+", "-", "+-1", " 1", "x", "2147483648", "-2147483649", "99999999999999999999"}) {
-    EXPECT_EQ(ReadInt(text.begin(), text.end(), value), nullptr) << text;
+    EXPECT_EQ(detail::ReadInt(text.begin(), text.end(), value), nullptr) << text;
     EXPECT_EQ(value, numbers[5].value) << "a refused text leaves the value alone";
   }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "RandomNumbers.h"
 
-#include <tessera/base/Numbers.h>
+#include <tessera/base/detail/Numbers.h>
 
 #include <gtest/gtest.h>
 
@@ -13,12 +13,12 @@ namespace tessera {
 namespace {
 
 std::string Written(double value, char separator = '.') {
-  char buffer[Fixed6Size];
-  return {buffer, WriteFixed6(buffer, value, separator)};
+  char buffer[detail::Fixed6Size];
+  return {buffer, detail::WriteFixed6(buffer, value, separator)};
 }
 
 std::string Printed(double value, char separator = '.') {
-  char buffer[Fixed6Size];
+  char buffer[detail::Fixed6Size];
   std::snprintf(buffer, sizeof buffer, "%.6f", value);
   std::string text = buffer;
   std::replace(text.begin(), text.end(), '.', separator);
@@ -32,7 +32,7 @@ TEST(WriteFixed6Test, WritesWhatPrintfWritesAtTheBorders) {
     EXPECT_EQ(Written(value), Printed(value));
   }
   const std::string longest = Written(-std::numeric_limits<double>::max(), ',');
-  EXPECT_LT(longest.size(), Fixed6Size);
+  EXPECT_LT(longest.size(), detail::Fixed6Size);
   EXPECT_EQ(longest, Printed(-std::numeric_limits<double>::max(), ','));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/data/ValueRecord.h>
+#include <tessera/data/detail/ValueRecordIO.h>
 
 #include <gtest/gtest.h>
 
@@ -41,7 +41,7 @@ Values AllKinds() {
   return values;
 }
 
-Values Unpacked(const ValueRecord &record) {
+Values Unpacked(const TValueRecord &record) {
   Values values;
   for (ValueRecordReader reader(record); !reader.AtEnd();) values.push_back(reader.Next());
   return values;
@@ -51,19 +51,19 @@ TEST(ValueRecordTest, ReadsBackValuesOfEveryKind) {
   const Values values = AllKinds();
   ValueRecordWriter writer;
   for (const TDataValue &value : values) writer.Append(value);
-  ValueRecord record;
+  TValueRecord record;
   record.Assign(writer.Bytes());
   EXPECT_EQ(Unpacked(record), values);
   for (std::size_t i = 0; i < values.size(); ++i) {
     EXPECT_EQ(record.Get(int(i)), values[i]) << i;
-    ValueRecord one;
+    TValueRecord one;
     one.Set(3, values[i]);
     EXPECT_EQ(Unpacked(one), (Values{{}, {}, {}, values[i]})) << i;
   }
 }
 
 TEST(ValueRecordTest, CostsAByteMoreThanTheValue) {
-  ValueRecord record;
+  TValueRecord record;
   record.Set(0, 7);
   record.Set(1, true);
   record.Set(2, 0.5);
@@ -72,7 +72,7 @@ TEST(ValueRecordTest, CostsAByteMoreThanTheValue) {
 }
 
 TEST(ValueRecordTest, TellsTextsFromOtherValuesWithoutUnpackingThem) {
-  ValueRecord record;
+  TValueRecord record;
   record.Set(0, QStringLiteral("abc"));
   record.Set(1, 7);
   ValueRecordReader reader(record);
@@ -88,11 +88,11 @@ TEST(ValueRecordTest, FollowsAListOfValuesThroughRandomChangesAndItsCopiesDoNot)
   const Values kinds = AllKinds();
   const auto any = [&](std::size_t count) { return std::size_t(random() % count); };
   for (int run = 0; run < 20; ++run) {
-    ValueRecord record;
+    TValueRecord record;
     Values model;
     for (int step = 0; step < 200; ++step) {
       SCOPED_TRACE(testing::Message() << "run " << run << " step " << step);
-      const ValueRecord before(record);
+      const TValueRecord before(record);
       const Values modelBefore = model;
       const std::size_t at = any(model.size() + 3);
       const TDataValue &value = kinds[any(kinds.size() - 9)];
@@ -112,11 +112,11 @@ TEST(ValueRecordTest, FollowsAListOfValuesThroughRandomChangesAndItsCopiesDoNot)
       ASSERT_EQ(Unpacked(record), model);
       ASSERT_EQ(record.Get(int(model.size())), TDataValue()) << "beyond the end";
       ASSERT_EQ(Unpacked(before), modelBefore);
-      const ValueRecord &itself = record;
+      const TValueRecord &itself = record;
       record = itself;
       ASSERT_EQ(Unpacked(record), model) << "assigned to itself";
     }
-    ValueRecord copy;
+    TValueRecord copy;
     copy = record;
     record.Clear();
     ASSERT_EQ(Unpacked(copy), model);

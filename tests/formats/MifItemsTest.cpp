@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
-#include <tessera/formats/MifItems.h>
 #include <tessera/formats/StringParserU.h>
 #include <tessera/formats/SyntaxParser.h>
+#include <tessera/formats/detail/MifItems.h>
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,8 @@
 #include "../base/LocaleGuard.h"
 #include "MifFixture.h"
 
+#include <tessera/formats/detail/MifStyles.h>
+
 #include <QString>
 
 #include <algorithm>

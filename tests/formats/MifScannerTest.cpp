@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
-#include <tessera/formats/MifScanner.h>
+#include <tessera/formats/detail/MifScanner.h>
 
 #include <gtest/gtest.h>
 

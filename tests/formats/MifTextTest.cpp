@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/formats/MifText.h>
+#include <tessera/formats/detail/MifText.h>
 
 #include <QStringDecoder>
 #include <gtest/gtest.h>

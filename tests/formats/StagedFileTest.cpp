@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
-#include <tessera/formats/StagedFile.h>
+#include <tessera/formats/detail/StagedFile.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -17,7 +17,7 @@
 namespace tessera {
 namespace {
 
-using detail::TStagedFile;
+using detail::StagedFile;
 
 class StagedFileTest : public testing::Test {
  protected:
@@ -43,7 +43,7 @@ class StagedFileTest : public testing::Test {
     m_first->Close();
     m_second->Close();
   }
-  void Swap() { TStagedFile::SwapIn(*m_first, *m_second); }
+  void Swap() { StagedFile::SwapIn(*m_first, *m_second); }
   void DropStaged() {
     m_first.reset();
     m_second.reset();
@@ -51,8 +51,8 @@ class StagedFileTest : public testing::Test {
 
  private:
   QTemporaryDir m_folder;
-  std::optional<TStagedFile> m_first;
-  std::optional<TStagedFile> m_second;
+  std::optional<StagedFile> m_first;
+  std::optional<StagedFile> m_second;
 };
 
 TEST_F(StagedFileTest, ReplacesBothFilesAndLeavesNothingElse) {
@@ -109,8 +109,8 @@ TEST_F(StagedFileTest, KeepsPermissionsAndLinks) {
 
 TEST_F(StagedFileTest, WritesPiecesOfAnySizeInOrder) {
   std::string expected;
-  TStagedFile file(PathOf("a"));
-  TStagedFile other(PathOf("b"));
+  StagedFile file(PathOf("a"));
+  StagedFile other(PathOf("b"));
   for (std::size_t i = 1; i < 40; ++i) {
     const std::string piece(i * i * 600, char('a' + i % 26));
     file.Append(piece);
@@ -121,15 +121,15 @@ TEST_F(StagedFileTest, WritesPiecesOfAnySizeInOrder) {
   }
   file.Close();
   other.Close();
-  TStagedFile::SwapIn(file, other);
+  StagedFile::SwapIn(file, other);
   EXPECT_EQ(Get("a"), expected);
 }
 
 TEST_F(StagedFileTest, RefusesWhatIsNoFile) {
   ASSERT_TRUE(QDir(PathOf("")).mkdir(QStringLiteral("a")));
-  EXPECT_THROW(TStagedFile(PathOf("a")), EInOutError);
-  EXPECT_THROW(TStagedFile(PathOf("none/a")), EInOutError);
-  EXPECT_THROW(TStagedFile{QString()}, EInOutError);
+  EXPECT_THROW(StagedFile(PathOf("a")), EInOutError);
+  EXPECT_THROW(StagedFile(PathOf("none/a")), EInOutError);
+  EXPECT_THROW(StagedFile{QString()}, EInOutError);
 }
 
 #ifdef Q_OS_UNIX
@@ -157,10 +157,10 @@ TEST_F(StagedFileTest, ThrowsWhenTheDiskIsFull) {
   Put("a", "old a");
   {
     const TFullDisk full(1000);
-    TStagedFile small(PathOf("a"));
+    StagedFile small(PathOf("a"));
     small.Append(std::string(2000, 'x'));
     EXPECT_THROW(small.Close(), EInOutError);
-    TStagedFile big(PathOf("a"));
+    StagedFile big(PathOf("a"));
     EXPECT_THROW(big.Append(std::string(1'000'000, 'x')), EInOutError);
   }
   EXPECT_EQ(Get("a"), "old a");

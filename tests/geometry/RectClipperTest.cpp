@@ -3,7 +3,7 @@
 #include "../support/Printers.h"
 #include "../support/RandomShapes.h"
 
-#include <tessera/geometry/RectClipper.h>
+#include <tessera/geometry/detail/RectClipper.h>
 
 #include <gtest/gtest.h>
 
@@ -14,14 +14,14 @@ namespace {
 
 using Points = std::vector<TMapPoint>;
 
-Points Clipped(TRectClipper &clipper, const Points &points) {
+Points Clipped(detail::RectClipper &clipper, const Points &points) {
   Points clipped;
   for (const auto stretch : clipper.Clip(points)) clipped.insert(clipped.end(), stretch.begin(), stretch.end());
   return clipped;
 }
 
 TEST(TRectClipperTest, LeavesAnOutlineBeyondOneSideWholeInThatCut) {
-  TRectClipper clipper({0, 0, 10, 10});
+  detail::RectClipper clipper({0, 0, 10, 10});
   const Points beyond{{-5, 2}, {-3, 2}, {-3, 4}};
   EXPECT_EQ(Clipped(clipper, beyond), beyond);
   EXPECT_TRUE(Clipped(clipper, {}).empty());
@@ -87,7 +87,7 @@ TEST(TRectClipperTest, GivesThePointsOfFourCuts) {
                       {"of an inverted rectangle", {5, 7, -3, -2}, 2000, Nearby}};
   for (const Row &row : rows) {
     TRandomShapes random(77);
-    TRectClipper clipper(row.rect);
+    detail::RectClipper clipper(row.rect);
     for (int i = 0; i < row.count; ++i) {
       const Points points = row.make(random, row.rect);
       const Points clipped = Clipped(clipper, points);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/graphics/SymbolFont.h>
+#include <tessera/graphics/detail/SymbolFont.h>
 
 #include <QFile>
 #include <QFontDatabase>
@@ -31,7 +31,7 @@ QFont ToQFont(const TFont &font, int sizePx) {
 QImage Draw(int shape, int sizePx) {
   QImage image(2 * sizePx, 2 * sizePx, QImage::Format_Grayscale8);
   image.fill(Qt::white);
-  const TSymbolGlyph &glyph = ResolveSymbol(AbsentFont, shape);
+  const detail::SymbolGlyph &glyph = detail::ResolveSymbol(AbsentFont, shape);
   const QFont font = ToQFont(glyph.font, sizePx);
   const QFontMetrics metrics(font);
   QPainter painter(&image);
@@ -73,7 +73,7 @@ TEST(SymbolFontTest, DrawsADifferentSignForEveryShapeWithinTheEmSquareAndCentred
 
 TEST(SymbolFontTest, HasATextBoxOfExactlyThePixelSize) {
   for (const int sizePx : {8, 11, 16, 33}) {
-    const TSymbolGlyph &glyph = ResolveSymbol(AbsentFont, 40);
+    const detail::SymbolGlyph &glyph = detail::ResolveSymbol(AbsentFont, 40);
     const QFont font = ToQFont(glyph.font, sizePx);
     EXPECT_EQ(QFontInfo(font).family(), SymbolFontFamily);
     EXPECT_EQ(QFontMetrics(font).height(), sizePx);
@@ -82,12 +82,12 @@ TEST(SymbolFontTest, HasATextBoxOfExactlyThePixelSize) {
 }
 
 TEST(SymbolFontTest, RepeatsTheSignsForHigherCodes) {
-  const auto textOf = [](int shape) { return QString(ResolveSymbol(AbsentFont, shape).text); };
+  const auto textOf = [](int shape) { return QString(detail::ResolveSymbol(AbsentFont, shape).text); };
   EXPECT_EQ(textOf(68), textOf(32));
   EXPECT_EQ(textOf(103), textOf(67));
   EXPECT_NE(textOf(104), textOf(67));
   EXPECT_EQ(textOf(32 + 36 * 100000), textOf(32));
-  EXPECT_EQ(ResolveSymbol(TFont(SymbolFontFamily.toString(), 12), 58).text, textOf(58)) << "its own family";
+  EXPECT_EQ(detail::ResolveSymbol(TFont(SymbolFontFamily.toString(), 12), 58).text, textOf(58)) << "its own family";
 }
 
 TEST(SymbolFontTest, LeavesAnInstalledFontAndItsCharacterAlone) {
@@ -97,7 +97,7 @@ TEST(SymbolFontTest, LeavesAnInstalledFontAndItsCharacterAlone) {
   if (other == families.end()) GTEST_SKIP() << "no font is installed";
   const TFont font(*other, 9, clRed);
   for (const int shape : {65, 200, 0x416}) {
-    const TSymbolGlyph &glyph = ResolveSymbol(font, shape);
+    const detail::SymbolGlyph &glyph = detail::ResolveSymbol(font, shape);
     EXPECT_EQ(glyph.font, font);
     EXPECT_EQ(glyph.text, QString(QChar(shape)));
   }
@@ -114,7 +114,7 @@ TEST(SymbolFontTest, AnswersAlternatingQuestionsEachItsOwnWay) {
   for (int i = 0; i < 2000; ++i) {
     TFont expected = fonts[static_cast<std::size_t>(i * 7 % 5)];
     const int shape = FirstShape + i * 11 % 36;
-    const TSymbolGlyph &glyph = ResolveSymbol(expected, shape);
+    const detail::SymbolGlyph &glyph = detail::ResolveSymbol(expected, shape);
     expected.SetName(SymbolFontFamily.toString());
     ASSERT_EQ(glyph.font, expected);
     ASSERT_EQ(glyph.text, QString(QChar(0xF000 + shape)));
@@ -124,7 +124,7 @@ TEST(SymbolFontTest, AnswersAlternatingQuestionsEachItsOwnWay) {
 TEST(SymbolFontTest, NoticesAFontThatIsInstalledLater) {
   QString family = QStringLiteral("Tessera Synbols");
   const TFont font(family, 12);
-  ASSERT_EQ(ResolveSymbol(font, 40).font.GetName(), SymbolFontFamily);
+  ASSERT_EQ(detail::ResolveSymbol(font, 40).font.GetName(), SymbolFontFamily);
   QFile resource(QStringLiteral(":/tessera/symbols/TesseraSymbols.ttf"));
   ASSERT_TRUE(resource.open(QIODevice::ReadOnly));
   QByteArray renamed = resource.readAll();
@@ -134,10 +134,10 @@ TEST(SymbolFontTest, NoticesAFontThatIsInstalledLater) {
   renamed.replace(before, after);
   const int id = QFontDatabase::addApplicationFontFromData(renamed);
   ASSERT_EQ(QFontDatabase::applicationFontFamilies(id), QStringList(family));
-  EXPECT_EQ(ResolveSymbol(font, 40).font, font);
-  EXPECT_EQ(ResolveSymbol(font, 40).text, QStringLiteral("("));
+  EXPECT_EQ(detail::ResolveSymbol(font, 40).font, font);
+  EXPECT_EQ(detail::ResolveSymbol(font, 40).text, QStringLiteral("("));
   QFontDatabase::removeApplicationFont(id);
-  EXPECT_EQ(ResolveSymbol(font, 40).font.GetName(), SymbolFontFamily);
+  EXPECT_EQ(detail::ResolveSymbol(font, 40).font.GetName(), SymbolFontFamily);
 }
 
 }  // namespace

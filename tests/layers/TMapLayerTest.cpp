@@ -2,10 +2,10 @@
 #include "../support/FakeMapHost.h"
 
 #include <tessera/base/Exceptions.h>
-#include <tessera/formats/CustomFormatProvider.h>
 #include <tessera/objects/TPolyline.h>
 #include <tessera/objects/TSymbol.h>
 #include <tessera/objects/TText.h>
+#include <tessera/providers/CustomFormatProvider.h>
 
 #include <gtest/gtest.h>
 

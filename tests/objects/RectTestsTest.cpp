@@ -2,7 +2,7 @@
 #include "../support/Printers.h"
 #include "../support/RandomShapes.h"
 
-#include <tessera/objects/RectTests.h>
+#include <tessera/objects/detail/RectTests.h>
 
 #include <gtest/gtest.h>
 
@@ -28,9 +28,9 @@ TEST(RectTestsTest, TellsWhetherTwoRectanglesMeet) {
                       {"inverted around", {11, 11, -1, -1}, false},
                       {"of an object without vertices", TBounds::Empty(), false}};
   for (const Row &row : rows) {
-    EXPECT_EQ(BoundsMeetRect(Box, row.rect), row.meets) << row.name;
-    EXPECT_EQ(BoundsMeetRect(row.rect, Box), row.meets) << row.name;
-    EXPECT_EQ(CornersOrSidesMeet(Box, row.rect), row.meets) << row.name;
+    EXPECT_EQ(detail::BoundsMeetRect(Box, row.rect), row.meets) << row.name;
+    EXPECT_EQ(detail::BoundsMeetRect(row.rect, Box), row.meets) << row.name;
+    EXPECT_EQ(detail::CornersOrSidesMeet(Box, row.rect), row.meets) << row.name;
   }
 }
 
@@ -50,8 +50,8 @@ TEST(RectTestsTest, AnswersAsCornersAndSidesDo) {
   for (int i = 0; i < 60000; ++i) {
     const TBounds a = any(i % 3);
     const TBounds b = any(i % 3);
-    const bool meets = CornersOrSidesMeet(a, b);
-    ASSERT_EQ(BoundsMeetRect(a, b), meets) << testing::PrintToString(a) << testing::PrintToString(b);
+    const bool meets = detail::CornersOrSidesMeet(a, b);
+    ASSERT_EQ(detail::BoundsMeetRect(a, b), meets) << testing::PrintToString(a) << testing::PrintToString(b);
     met += meets ? 1 : 0;
   }
   EXPECT_GT(met, 10000);

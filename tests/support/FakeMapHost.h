@@ -4,7 +4,7 @@
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/layers/TMapLayers.h>
 #include <tessera/layers/TSelection.h>
-#include <tessera/objects/PartToScreen.h>
+#include <tessera/objects/detail/ScreenOutliner.h>
 
 #include <functional>
 #include <map>
@@ -66,7 +66,7 @@ class TFakeMapHost : public TMapHost {
   [[nodiscard]] const TViewport &GetViewport() const override { return viewport; }
   [[nodiscard]] const TViewFlags &GetViewFlags() const override { return flags; }
   [[nodiscard]] TCanvas &GetCanvas() override { return canvas; }
-  [[nodiscard]] TScreenOutliner &GetOutliner() override {
+  [[nodiscard]] detail::ScreenOutliner &GetOutliner() override {
     if (!m_outliner || !m_outliner->IsFor(viewport, flags)) m_outliner.emplace(viewport, flags);
     return *m_outliner;
   }
@@ -158,7 +158,7 @@ class TFakeMapHost : public TMapHost {
     Note(event + ' ' + (name == m_names.end() ? "?" : name->second));
   }
 
-  std::optional<TScreenOutliner> m_outliner;
+  std::optional<detail::ScreenOutliner> m_outliner;
   std::map<const TObject *, std::string> m_names;
   std::vector<std::string> m_events;
 };

@@ -2,7 +2,7 @@
 #include <apps/common/MapFile.h>
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/MessageSink.h>
-#include <tessera/formats/CustomFormatProvider.h>
+#include <tessera/providers/CustomFormatProvider.h>
 
 #include <QFileInfo>
 

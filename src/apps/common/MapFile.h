@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tessera/formats/TFormatReport.h>
 #include <tessera/map/TTessera.h>
+#include <tessera/providers/TFormatReport.h>
 
 namespace tessera::apps {
 

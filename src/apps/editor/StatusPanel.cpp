@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <apps/editor/ProgressPanel.h>
 #include <apps/editor/StatusPanel.h>
-#include <tessera/base/Numbers.h>
+#include <tessera/base/detail/Numbers.h>
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -67,7 +67,7 @@ void StatusPanel::ShowCoordinates(const TTessera &map) {
 }
 
 void StatusPanel::ShowZoom(const TTessera &map) {
-  m_zoom->setText(tr("Zoom %1").arg(FloatToStr(map.GetZoom())));
+  m_zoom->setText(tr("Zoom %1").arg(detail::FloatToStr(map.GetZoom())));
 }
 
 }  // namespace tessera::apps

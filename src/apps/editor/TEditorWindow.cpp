@@ -7,7 +7,7 @@
 #include <apps/editor/StatusPanel.h>
 #include <apps/editor/TEditorWindow.h>
 #include <tessera/base/Exceptions.h>
-#include <tessera/formats/CustomFormatProvider.h>
+#include <tessera/providers/CustomFormatProvider.h>
 
 #include <QDragEnterEvent>
 #include <QFileDialog>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/FitView.h>
 #include <apps/tessera/LayerInfo.h>
-#include <tessera/base/Numbers.h>
+#include <tessera/base/detail/Numbers.h>
 
 #include <QJsonArray>
 
@@ -67,8 +67,8 @@ QJsonArray FieldsJson(const TDataFields &fields) {
 
 QString BoundsText(const std::optional<TBounds> &bounds) {
   if (!bounds) return QStringLiteral("none");
-  return FloatToStr(bounds->MinX) + u' ' + FloatToStr(bounds->MinY) + QStringLiteral(" to ") +
-         FloatToStr(bounds->MaxX) + u' ' + FloatToStr(bounds->MaxY);
+  return detail::FloatToStr(bounds->MinX) + u' ' + detail::FloatToStr(bounds->MinY) + QStringLiteral(" to ") +
+         detail::FloatToStr(bounds->MaxX) + u' ' + detail::FloatToStr(bounds->MaxY);
 }
 
 QJsonValue BoundsJson(const std::optional<TBounds> &bounds) {

@@ -2,7 +2,7 @@
 #include <apps/common/PictureFile.h>
 #include <apps/tessera/CommandLine.h>
 #include <apps/tessera/RenderOptions.h>
-#include <tessera/base/Numbers.h>
+#include <tessera/base/detail/Numbers.h>
 
 namespace tessera::apps {
 namespace {
@@ -52,8 +52,9 @@ QSize SizeOf(const QString &text) {
   const QStringList sides = text.toLower().split(u'x');
   int width = 0;
   int height = 0;
-  const bool isSize = sides.size() == 2 && TryStrToInt(sides[0], width) && TryStrToInt(sides[1], height) && width > 0 &&
-                      height > 0 && width <= MaxSidePx && height <= MaxSidePx;
+  const bool isSize = sides.size() == 2 && detail::TryStrToInt(sides[0], width) &&
+                      detail::TryStrToInt(sides[1], height) && width > 0 && height > 0 && width <= MaxSidePx &&
+                      height <= MaxSidePx;
   if (!isSize) throw BadValue(SizeOption, QStringLiteral("WxH with sides from 1 to %1").arg(MaxSidePx), text);
   return {width, height};
 }
@@ -61,7 +62,8 @@ QSize SizeOf(const QString &text) {
 TMapPoint PointOf(const QString &text) {
   const QStringList numbers = text.split(u',');
   TMapPoint point{};
-  if (numbers.size() != 2 || !TryStrToFloat(numbers[0], point.X) || !TryStrToFloat(numbers[1], point.Y)) {
+  if (numbers.size() != 2 || !detail::TryStrToFloat(numbers[0], point.X) ||
+      !detail::TryStrToFloat(numbers[1], point.Y)) {
     throw BadValue(CenterOption, QStringLiteral("X,Y"), text);
   }
   return point;
@@ -69,7 +71,7 @@ TMapPoint PointOf(const QString &text) {
 
 double ZoomOf(const QString &text) {
   double zoom = 0;
-  if (!TryStrToFloat(text, zoom) || !(zoom > 0)) {
+  if (!detail::TryStrToFloat(text, zoom) || !(zoom > 0)) {
     throw BadValue(ZoomOption, QStringLiteral("a number above 0"), text);
   }
   return zoom;
@@ -77,7 +79,7 @@ double ZoomOf(const QString &text) {
 
 int RebuildsOf(const QString &text) {
   int count = 0;
-  if (!TryStrToInt(text, count) || count < 1 || count > MaxRebuilds) {
+  if (!detail::TryStrToInt(text, count) || count < 1 || count > MaxRebuilds) {
     throw BadValue(TimingsOption, QStringLiteral("a count from 1 to %1").arg(MaxRebuilds), text);
   }
   return count;

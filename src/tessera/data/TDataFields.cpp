@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/base/DateTimes.h>
 #include <tessera/base/Exceptions.h>
-#include <tessera/base/Numbers.h>
+#include <tessera/base/detail/DateTimes.h>
+#include <tessera/base/detail/Numbers.h>
 #include <tessera/data/TDataFields.h>
 
 #include <algorithm>
@@ -130,18 +130,18 @@ QString TDataFieldView::TextOf(const TDataValue &value) const {
   if (std::holds_alternative<std::monostate>(value)) return {};
   switch (GetDataType()) {
     case TDataType::dtDateTime:
-      return DateTimeToStr(ValueToReal(value));
+      return detail::DateTimeToStr(ValueToReal(value));
     case TDataType::dtDate:
-      return DateToStr(ValueToReal(value));
+      return detail::DateToStr(ValueToReal(value));
     case TDataType::dtTime:
-      return TimeToStr(ValueToReal(value));
+      return detail::TimeToStr(ValueToReal(value));
     default:
       return ValueToText(value);
   }
 }
 
 double TDataFieldView::GetAsFloat() const {
-  return StrToFloat(ValueToText(GetValue()));
+  return detail::StrToFloat(ValueToText(GetValue()));
 }
 double TDataFieldView::GetAsDecimal() const {
   return ValueToReal(GetValue());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tessera/data/ValueRecord.h>
+#include <tessera/data/TValueRecord.h>
 
 #include <QSharedDataPointer>
 
@@ -123,8 +123,8 @@ class TESSERA_CORE_EXPORT TDataFields {
   [[nodiscard]] TDataFieldView GetDisplayed(int index) const;
 
   /// All values in their packed form, for readers and writers of whole files.
-  [[nodiscard]] const detail::ValueRecord &GetRecord() const { return m_values; }
-  void SetRecord(const detail::ValueRecordWriter &writer) { m_values.Assign(writer.Bytes()); }
+  [[nodiscard]] const TValueRecord &GetRecord() const { return m_values; }
+  void SetRecord(std::string_view packed) { m_values.Assign(packed); }
 
  private:
   friend class TDataFieldView;
@@ -136,7 +136,7 @@ class TESSERA_CORE_EXPORT TDataFields {
   [[nodiscard]] detail::DataColumn &OwnColumn(int index);
 
   QSharedDataPointer<detail::DataColumns> m_columns;
-  detail::ValueRecord m_values;
+  TValueRecord m_values;
 };
 
 }  // namespace tessera

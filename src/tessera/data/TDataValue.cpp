@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/base/DateTimes.h>
 #include <tessera/base/Exceptions.h>
-#include <tessera/base/Numbers.h>
+#include <tessera/base/detail/DateTimes.h>
+#include <tessera/base/detail/Numbers.h>
 #include <tessera/data/TDataValue.h>
 
 #include <cmath>
@@ -14,14 +14,14 @@ struct TextOf {
   QString operator()(std::monostate) const { return {}; }
   QString operator()(const QString &text) const { return text; }
   QString operator()(std::int32_t number) const { return QString::number(number); }
-  QString operator()(double number) const { return FloatToStr(number); }
+  QString operator()(double number) const { return detail::FloatToStr(number); }
   QString operator()(bool flag) const { return flag ? QStringLiteral("True") : QStringLiteral("False"); }
-  QString operator()(TDateTime moment) const { return DateTimeToStr(moment.days); }
+  QString operator()(TDateTime moment) const { return detail::DateTimeToStr(moment.days); }
 };
 
 struct RealOf {
   double operator()(std::monostate) const { return 0; }
-  double operator()(const QString &text) const { return StrToFloat(text); }
+  double operator()(const QString &text) const { return detail::StrToFloat(text); }
   double operator()(std::int32_t number) const { return number; }
   double operator()(double number) const { return number; }
   double operator()(bool flag) const { return flag ? 1 : 0; }

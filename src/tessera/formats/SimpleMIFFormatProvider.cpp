@@ -2,10 +2,11 @@
 #include <tessera/base/DebugTrace.h>
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/MessageSink.h>
-#include <tessera/formats/MifReader.h>
-#include <tessera/formats/MifText.h>
-#include <tessera/formats/MifWriter.h>
 #include <tessera/formats/SimpleMIFFormatProvider.h>
+#include <tessera/formats/detail/MifReader.h>
+#include <tessera/formats/detail/MifStyles.h>
+#include <tessera/formats/detail/MifText.h>
+#include <tessera/formats/detail/MifWriter.h>
 #include <tessera/layers/TMapLayer.h>
 
 #include <QFileInfo>
@@ -131,13 +132,13 @@ bool TSimpleMIFFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
     if (dataFileName == fileName) {
       throw EInOutError(QStringLiteral("Cannot create file \"%1\". It would be its own data file.").arg(fileName));
     }
-    detail::TStagedFile mif(fileName);
-    detail::TStagedFile mid(dataFileName);
+    detail::StagedFile mif(fileName);
+    detail::StagedFile mid(dataFileName);
     if (map != nullptr) map->StartProgress(0, 0, QStringLiteral("Saving..."));
     detail::MifWriter(*layer, mif, mid, report).Write();
     mif.Close();
     mid.Close();
-    detail::TStagedFile::SwapIn(mif, mid);
+    detail::StagedFile::SwapIn(mif, mid);
   } catch (const std::exception &error) {
     report.Fail(0, MessageOf(error));
     throw;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tessera/formats/CustomFormatProvider.h>
-#include <tessera/formats/MifStyles.h>
+#include <tessera/formats/TObjectAttribute.h>
+#include <tessera/providers/CustomFormatProvider.h>
 
 namespace tessera {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/base/DateTimes.h>
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/MessageSink.h>
-#include <tessera/base/Numbers.h>
+#include <tessera/base/detail/DateTimes.h>
+#include <tessera/base/detail/Numbers.h>
 #include <tessera/formats/StringParserU.h>
 
 #include <cmath>
@@ -17,7 +17,7 @@ constexpr long double LargestCurrencyUnits = 9223372036854775807.0L;
 double RoundedToCurrency(double value) {
   const long double units = std::nearbyint(static_cast<long double>(value) * CurrencyUnits);
   if (!(std::fabs(units) <= LargestCurrencyUnits)) {
-    throw EConvertError(QStringLiteral("%1 is not a valid currency value").arg(FloatToStr(value)));
+    throw EConvertError(QStringLiteral("%1 is not a valid currency value").arg(detail::FloatToStr(value)));
   }
   return double(units / CurrencyUnits);
 }
@@ -25,42 +25,42 @@ double RoundedToCurrency(double value) {
 }  // namespace
 
 int TParserItem::GetAsInteger() const {
-  return StrToInt(m_raw);
+  return detail::StrToInt(m_raw);
 }
 void TParserItem::SetAsInteger(int value) {
   m_raw = QString::number(value);
 }
 
 double TParserItem::GetAsFloat() const {
-  return StrToFloat(m_raw);
+  return detail::StrToFloat(m_raw);
 }
 void TParserItem::SetAsFloat(double value) {
-  m_raw = FloatToStr(value);
+  m_raw = detail::FloatToStr(value);
 }
 
 double TParserItem::GetAsCurrency() const {
-  return RoundedToCurrency(StrToFloat(m_raw));
+  return RoundedToCurrency(detail::StrToFloat(m_raw));
 }
 void TParserItem::SetAsCurrency(double value) {
-  m_raw = FloatToStr(RoundedToCurrency(value));
+  m_raw = detail::FloatToStr(RoundedToCurrency(value));
 }
 
 double TParserItem::GetAsDate() const {
-  return StrToDate(m_raw);
+  return detail::StrToDate(m_raw);
 }
 void TParserItem::SetAsDate(double value) {
-  m_raw = DateToStr(value);
+  m_raw = detail::DateToStr(value);
 }
 
 double TParserItem::GetAsTime() const {
-  return StrToTime(m_raw);
+  return detail::StrToTime(m_raw);
 }
 void TParserItem::SetAsTime(double value) {
-  m_raw = TimeToStr(value);
+  m_raw = detail::TimeToStr(value);
 }
 
 bool TParserItem::GetAsBoolean() const {
-  return StrToInt(m_raw) == 1;
+  return detail::StrToInt(m_raw) == 1;
 }
 void TParserItem::SetAsBoolean(bool value) {
   m_raw = value ? QStringLiteral("1") : QStringLiteral("0");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
-#include <tessera/base/Numbers.h>
 #include <tessera/base/Progresser.h>
+#include <tessera/base/detail/Numbers.h>
 #include <tessera/formats/SyntaxParser.h>
 
 #include <QFile>
@@ -83,7 +83,7 @@ TSyntaxItemKind TSyntaxItem::GetKind() const {
   if (!Value.isEmpty() && Value.front() == m_parser->GetQuote()) return sikString;
   if (m_parser->GetReservedWords().contains(Value, Qt::CaseInsensitive)) return sikReservedWord;
   double number = 0;
-  return TryStrToFloat(Value, number) ? sikNumber : sikIdentifier;
+  return detail::TryStrToFloat(Value, number) ? sikNumber : sikIdentifier;
 }
 
 TSyntaxParser::TSyntaxParser() : m_delimiters(u"\t\n\r \"'()*+,-./:;=") {}

@@ -3,6 +3,7 @@
 
 #include <tessera/base/Export.h>
 #include <tessera/base/TBounds.h>
+#include <tessera/base/TMapPoint.h>
 
 #include <QPoint>
 
@@ -10,14 +11,6 @@
 #include <span>
 
 namespace tessera {
-
-/// A vertex in map units; y grows upwards.
-struct TMapPoint {
-  double X;
-  double Y;
-
-  bool operator==(const TMapPoint &) const = default;
-};
 
 /// What the view of a map shows: the one place that converts between map units and client pixels and that knows that
 /// y points up on the map and down on the screen.

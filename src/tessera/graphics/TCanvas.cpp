@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/graphics/CanvasState.h>
-#include <tessera/graphics/EllipseRaster.h>
-#include <tessera/graphics/LineRaster.h>
-#include <tessera/graphics/PictureBlit.h>
 #include <tessera/graphics/TCanvas.h>
+#include <tessera/graphics/detail/CanvasState.h>
+#include <tessera/graphics/detail/EllipseRaster.h>
+#include <tessera/graphics/detail/LineRaster.h>
+#include <tessera/graphics/detail/PictureBlit.h>
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/graphics/CanvasState.h>
+#include <tessera/graphics/detail/CanvasState.h>
 
 #include <algorithm>
 #include <array>

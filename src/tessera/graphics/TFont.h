@@ -7,6 +7,10 @@
 
 namespace tessera {
 
+/// The family of the library's own symbol font. Its signs lie in the middle of their em square, and the em square is
+/// the whole text box: ascent and advance are the pixel size, the descent is 0.
+inline constexpr QStringView SymbolFontFamily = u"Tessera Symbols";
+
 enum class TFontStyle : std::uint8_t { fsNone = 0, fsBold = 1, fsItalic = 2, fsUnderline = 4, fsStrikeOut = 8 };
 Q_DECLARE_FLAGS(TFontStyles, TFontStyle)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TFontStyles)

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
-#include <tessera/layers/IdSet.h>
-#include <tessera/layers/IndexBuilder.h>
 #include <tessera/layers/TIndexCell.h>
 #include <tessera/layers/TMapLayer.h>
-#include <tessera/objects/RectTests.h>
+#include <tessera/layers/detail/IdSet.h>
+#include <tessera/layers/detail/IndexBuilder.h>
+#include <tessera/objects/detail/RectTests.h>
 
 namespace tessera {
 namespace {
@@ -122,7 +122,7 @@ bool TIndexCell::ContainsPoint(double x, double y) const {
 }
 
 bool TIndexCell::ContainsRect(const TCellBounds &rect) const {
-  return BoundsMeetRect(detail::IndexBox::BoundsOf(m_bounds), CellBounds2Bounds(rect));
+  return detail::BoundsMeetRect(detail::IndexBox::BoundsOf(m_bounds), CellBounds2Bounds(rect));
 }
 
 bool TIndexCell::GetIdsByBounds(const TCellBounds &bounds, TCardinalArray &ids) const {

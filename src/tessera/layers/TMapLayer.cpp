@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
-#include <tessera/formats/CustomFormatProvider.h>
 #include <tessera/layers/TMapLayer.h>
+#include <tessera/layers/detail/ExtentCache.h>
+#include <tessera/providers/CustomFormatProvider.h>
 
 #include <QFileInfo>
 
@@ -14,7 +15,7 @@ constexpr char ObjectIndex[] = "Object";
 
 }  // namespace
 
-TMapLayer::TMapLayer() = default;
+TMapLayer::TMapLayer() : m_extents(std::make_unique<detail::ExtentCache>()) {}
 
 TMapLayer::~TMapLayer() {
   bool allowDelete = false;
@@ -25,7 +26,7 @@ TMapLayer::~TMapLayer() {
 TCustomMapObject *TMapLayer::AddObject(std::unique_ptr<TCustomMapObject> object, bool paintNow) {
   TCustomMapObject *added = object.get();
   m_objects.push_back(std::move(object));
-  m_extents.Invalidate();
+  m_extents->Invalidate();
   added->SetMap(m_map);
   added->SetLayer(this);
   added->GetFields().Assign(m_fields);
@@ -50,7 +51,7 @@ std::unique_ptr<TCustomMapObject> TMapLayer::RemoveObject(TCustomMapObject *obje
   if (at == m_objects.size()) return nullptr;
   std::unique_ptr<TCustomMapObject> removed = std::move(m_objects[at]);
   m_objects.erase(m_objects.begin() + std::ptrdiff_t(at));
-  m_extents.Invalidate();
+  m_extents->Invalidate();
   return removed;
 }
 
@@ -60,7 +61,7 @@ void TMapLayer::ForgetObject(TCustomMapObject &object) {
   if (at == m_objects.size()) return;
   static_cast<void>(m_objects[at].release());
   m_objects.erase(m_objects.begin() + std::ptrdiff_t(at));
-  m_extents.Invalidate();
+  m_extents->Invalidate();
 }
 
 bool TMapLayer::Destroy(std::size_t at) {
@@ -81,7 +82,7 @@ void TMapLayer::DeleteObject(int index) {
     const std::size_t next = CheckedIndex(index, m_objects.size(), ObjectIndex);
     static_cast<void>(m_objects[next].release());
     m_objects.erase(m_objects.begin() + index);
-    m_extents.Invalidate();
+    m_extents->Invalidate();
   }
   UpdateMap();
 }
@@ -97,7 +98,7 @@ TCustomMapObject *TMapLayer::GetObjects(int index) const {
 
 std::unique_ptr<TCustomMapObject> TMapLayer::SetObjects(int index, std::unique_ptr<TCustomMapObject> object) {
   m_objects[CheckedIndex(index, m_objects.size(), ObjectIndex)].swap(object);
-  m_extents.Invalidate();
+  m_extents->Invalidate();
   return object;
 }
 
@@ -150,7 +151,7 @@ bool TMapLayer::ValidZoom() const {
 
 bool TMapLayer::MeetsRect(std::size_t id, const TBounds &rect) const {
   using Relation = detail::ExtentCache::Relation;
-  const Relation relation = rect.IsInverted() ? Relation::Unknown : m_extents.RelationOf(id, rect);
+  const Relation relation = rect.IsInverted() ? Relation::Unknown : m_extents->RelationOf(id, rect);
   if (relation != Relation::Unknown) return relation == Relation::Inside;
   const TCustomMapObject &object = *m_objects[id];
   return object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
@@ -163,7 +164,7 @@ void TMapLayer::SetUseIndex2D(bool use) {
   m_useIndex2D = use;
   m_index2D->SetLayer(use ? this : nullptr);
   // They settle most candidates without a look at the objects.
-  if (use) m_extents.Update(m_objects);
+  if (use) m_extents->Update(m_objects);
 }
 
 std::unique_ptr<TIndexCell> TMapLayer::SetIndex2D(std::unique_ptr<TIndexCell> index) {
@@ -174,9 +175,9 @@ std::unique_ptr<TIndexCell> TMapLayer::SetIndex2D(std::unique_ptr<TIndexCell> in
 bool TMapLayer::IsCandidateInRect(std::uint32_t id, const TBounds &rect) const {
   const TCustomMapObject &object = *m_objects[CheckedIndex(id, m_objects.size(), ObjectIndex)];
   // The extents are of use as long as nothing changes, but bringing them up to date takes longer than the query.
-  if (m_extents.IsUpToDate() && !rect.IsInverted()) {
+  if (m_extents->IsUpToDate() && !rect.IsInverted()) {
     using Relation = detail::ExtentCache::Relation;
-    const Relation relation = m_extents.RelationOf(id, rect);
+    const Relation relation = m_extents->RelationOf(id, rect);
     if (relation != Relation::Unknown) return relation == Relation::Inside;
   }
   return object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
@@ -201,7 +202,7 @@ bool TMapLayer::GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) co
     KeepThoseInRect(CellBounds2Bounds(rect), ids);
     return true;
   }
-  m_extents.Update(m_objects);
+  m_extents->Update(m_objects);
   const TBounds bounds = CellBounds2Bounds(rect);
   for (std::size_t id = 0; id < m_objects.size(); ++id) {
     if (MeetsRect(id, bounds)) ids.Add(std::uint32_t(id));

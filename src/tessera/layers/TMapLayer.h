@@ -2,7 +2,6 @@
 #pragma once
 
 #include <tessera/base/TCardinalArray.h>
-#include <tessera/layers/ExtentCache.h>
 #include <tessera/layers/TIndexCell.h>
 #include <tessera/objects/TCustomMapObject.h>
 
@@ -12,6 +11,9 @@
 namespace tessera {
 
 class TMapLayers;
+namespace detail {
+class ExtentCache;
+}
 
 /// One ordered set of map objects with common attribute columns, display switches and default tools. The order is that
 /// of drawing, and an object's position in it is its id: there is no other identity.
@@ -148,7 +150,7 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   void TraceToMap(TMapDataLinkEvent event);
 
   std::vector<std::unique_ptr<TCustomMapObject>> m_objects;
-  mutable detail::ExtentCache m_extents;
+  std::unique_ptr<detail::ExtentCache> m_extents;
   std::unique_ptr<TIndexCell> m_index2D = std::make_unique<TIndexCell>();
   QString m_fileName;
   QString m_name;

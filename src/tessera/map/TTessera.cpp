@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/map/TTessera.h>
-#include <tessera/map/TTesseraPrivate.h>
+#include <tessera/map/detail/TesseraPrivate.h>
 
 #include <QApplication>
 #include <QMessageBox>

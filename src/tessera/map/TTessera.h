@@ -219,7 +219,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
  private:
   bool IsReadyToPaint() const override;
   bool IsBeingDestroyed() const override;
-  TScreenOutliner &GetOutliner() override;
+  detail::ScreenOutliner &GetOutliner() override;
   void RegisterDisplayed(TCustomMapObject &object) override;
   void UnregisterDisplayed(TCustomMapObject &object) override;
   bool IsSelected(const TCustomMapObject &object) const override;

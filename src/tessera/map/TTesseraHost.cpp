@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The map as its layers and objects see it.
-#include <tessera/map/TTesseraPrivate.h>
+#include <tessera/map/detail/TesseraPrivate.h>
 
 namespace tessera {
 
@@ -12,7 +12,7 @@ bool TTessera::IsBeingDestroyed() const {
   return d->isBeingDestroyed;
 }
 
-TScreenOutliner &TTessera::GetOutliner() {
+detail::ScreenOutliner &TTessera::GetOutliner() {
   const TViewport &viewport = GetViewport();
   if (!d->outliner || !d->outliner->IsFor(viewport, d->flags)) d->outliner.emplace(viewport, d->flags);
   return *d->outliner;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the person in front of the map does. The handlers of the program come first; keys come to them as they are.
-#include <tessera/map/TTesseraPrivate.h>
+#include <tessera/map/detail/TesseraPrivate.h>
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The two pictures: the off-screen picture of the map, and the screen picture that shows it.
 #include <tessera/base/DebugTrace.h>
-#include <tessera/map/TTesseraPrivate.h>
+#include <tessera/map/detail/TesseraPrivate.h>
 
 #include <QPaintEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Rotation of the map: of its data, not of its view.
-#include <tessera/map/TTesseraPrivate.h>
+#include <tessera/map/detail/TesseraPrivate.h>
 
 namespace tessera {
 
@@ -11,7 +11,7 @@ void TTessera::RotateMap(double x, double y, double angleDeg) {
     DoUpdate(true);
     return;
   }
-  d->rotation = TMapRotation(x, y, angleDeg);
+  d->rotation = detail::MapRotation(x, y, angleDeg);
   Rotate();
   DoUpdate(true);
 }

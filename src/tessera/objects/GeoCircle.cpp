@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/objects/GeoCircle.h>
-#include <tessera/objects/GeoRing.h>
-#include <tessera/objects/PartToScreen.h>
 #include <tessera/objects/TGeoCircle.h>
+#include <tessera/objects/detail/GeoRing.h>
+#include <tessera/objects/detail/ScreenOutliner.h>
 
 namespace tessera::geocircle {
 
@@ -40,7 +40,7 @@ void TGeoCircle::Draw() {
   TMapHost *map = GetMapHost();
   const auto parts = std::as_const(*this).GetParts().Items();
   if (map == nullptr || parts.empty() || parts[0].GetPoints().GetCount() < FewestPoints) return;
-  TScreenOutliner &outliner = map->GetOutliner();
+  detail::ScreenOutliner &outliner = map->GetOutliner();
   std::vector<TPoint> &outline = outliner.Scratch();
   outline.clear();
   outliner.PartToScreen(parts[0].GetPoints().Points(), GetBounds(), outline);

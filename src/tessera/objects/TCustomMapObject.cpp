@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/geometry/PolySplitter.h>
 #include <tessera/graphics/TCanvas.h>
-#include <tessera/objects/RectTests.h>
 #include <tessera/objects/TCustomMapObject.h>
+#include <tessera/objects/detail/RectTests.h>
 
 #include <algorithm>
 
@@ -81,7 +81,7 @@ bool TCustomMapObject::Within(const TCustomMapObject &object) const {
 }
 
 bool TCustomMapObject::IntersectsRect(double x1, double y1, double x2, double y2) const {
-  return BoundsMeetRect(GetBounds(), {x1, y1, x2, y2});
+  return detail::BoundsMeetRect(GetBounds(), {x1, y1, x2, y2});
 }
 
 bool TCustomMapObject::WithinRect(double x1, double y1, double x2, double y2) const {

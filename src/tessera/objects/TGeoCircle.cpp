@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/objects/GeoRing.h>
 #include <tessera/objects/TGeoCircle.h>
+#include <tessera/objects/detail/GeoRing.h>
 
 namespace tessera {
 

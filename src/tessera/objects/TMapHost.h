@@ -14,7 +14,9 @@ class TCanvas;
 class TCustomMapObject;
 class TMapLayer;
 class TObject;
-class TScreenOutliner;
+namespace detail {
+class ScreenOutliner;
+}
 
 /// The view settings that drawing asks for.
 struct TViewFlags {
@@ -38,7 +40,7 @@ class TESSERA_CORE_EXPORT TMapHost {
   /// Where objects draw: the off-screen picture while it is being rebuilt, the screen picture otherwise.
   [[nodiscard]] virtual TCanvas &GetCanvas() = 0;
   /// Turns parts into screen points for the viewport and flags as they are now.
-  [[nodiscard]] virtual TScreenOutliner &GetOutliner() = 0;
+  [[nodiscard]] virtual detail::ScreenOutliner &GetOutliner() = 0;
   /// What selected areas are filled with.
   [[nodiscard]] virtual const QSharedPointer<TBitmap> &GetSelectionPattern() const = 0;
   /// False while the map is being destroyed and as long as it has no area to draw on.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
-#include <tessera/objects/GeometryVersion.h>
 #include <tessera/objects/TMapPoints.h>
 #include <tessera/objects/TParts.h>
+#include <tessera/objects/detail/GeometryVersion.h>
 
 #include <algorithm>
 #include <cstdlib>

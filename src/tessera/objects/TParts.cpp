@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
-#include <tessera/objects/GeometryVersion.h>
 #include <tessera/objects/TParts.h>
+#include <tessera/objects/detail/GeometryVersion.h>
 
 #include <cstring>
 #include <memory>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/graphics/TCanvas.h>
-#include <tessera/objects/PartToScreen.h>
 #include <tessera/objects/TPolyline.h>
+#include <tessera/objects/detail/ScreenOutliner.h>
 
 namespace tessera {
 
@@ -9,7 +9,7 @@ void TPolyline::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();
   if (map == nullptr) return;
-  TScreenOutliner &outliner = map->GetOutliner();
+  detail::ScreenOutliner &outliner = map->GetOutliner();
   TCanvas &canvas = map->GetCanvas();
   std::vector<TPoint> &outline = outliner.Scratch();
   for (const TPart &part : std::as_const(*this).GetParts().Items()) {

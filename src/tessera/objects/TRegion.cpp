@@ -2,8 +2,8 @@
 #include <tessera/base/DebugTrace.h>
 #include <tessera/base/Exceptions.h>
 #include <tessera/graphics/TCanvas.h>
-#include <tessera/objects/PartToScreen.h>
 #include <tessera/objects/TRegion.h>
+#include <tessera/objects/detail/ScreenOutliner.h>
 
 namespace tessera {
 namespace {
@@ -34,7 +34,7 @@ void TRegion::Draw() {
   }
 }
 
-void TRegion::DrawAsRegion(TScreenOutliner &outliner, TCanvas &canvas) {
+void TRegion::DrawAsRegion(detail::ScreenOutliner &outliner, TCanvas &canvas) {
   const auto parts = std::as_const(*this).GetParts().Items();
   std::vector<TPoint> &outlines = outliner.Scratch();
   std::vector<std::size_t> &ends = outliner.ScratchEnds();
@@ -85,7 +85,7 @@ void TRegion::Fill(TCanvas &canvas, const TRgn &region) {
   canvas.PaintRgn(region);
 }
 
-void TRegion::DrawAsPolygons(TScreenOutliner &outliner, TCanvas &canvas) {
+void TRegion::DrawAsPolygons(detail::ScreenOutliner &outliner, TCanvas &canvas) {
   std::vector<TPoint> &outline = outliner.Scratch();
   for (const TPart &part : std::as_const(*this).GetParts().Items()) {
     outline.clear();

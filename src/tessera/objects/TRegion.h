@@ -5,7 +5,9 @@
 
 namespace tessera {
 
-class TScreenOutliner;
+namespace detail {
+class ScreenOutliner;
+}
 
 /// A filled area of one or more rings: a ring within an earlier one is a hole, one outside it an island. Within a ring
 /// the winding rule holds. The outline is drawn as the vertices stand: a ring closes only if its last vertex repeats
@@ -21,9 +23,9 @@ class TESSERA_CORE_EXPORT TRegion : public TCustomMapObject {
   [[nodiscard]] TBoxContainment GetBoxContainment() const override { return TBoxContainment::ByBounds; }
 
  private:
-  void DrawAsRegion(TScreenOutliner &outliner, TCanvas &canvas);
+  void DrawAsRegion(detail::ScreenOutliner &outliner, TCanvas &canvas);
   void Fill(TCanvas &canvas, const class TRgn &region);
-  void DrawAsPolygons(TScreenOutliner &outliner, TCanvas &canvas);
+  void DrawAsPolygons(detail::ScreenOutliner &outliner, TCanvas &canvas);
 };
 
 }  // namespace tessera

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/graphics/SymbolFont.h>
 #include <tessera/graphics/TCanvas.h>
+#include <tessera/graphics/detail/SymbolFont.h>
 #include <tessera/objects/TSymbol.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ void TSymbol::Draw() {
   TMapHost *map = GetMapHost();
   if (map == nullptr || m_shape == NoShape) return;
   TCanvas &canvas = map->GetCanvas();
-  const TSymbolGlyph &glyph = ResolveSymbol(GetFont(), m_shape);
+  const detail::SymbolGlyph &glyph = detail::ResolveSymbol(GetFont(), m_shape);
   if (!(canvas.Font() == glyph.font)) canvas.Font() = glyph.font;
   const QSize extent = canvas.TextExtent(glyph.text);
   const int halfWidth = extent.width() / 2;
@@ -40,7 +40,7 @@ void TSymbol::DrawSelection() {
   if (map == nullptr || !map->GetViewFlags().ShowSelection) return;
   TCustomMapObject::DrawSelection();
   TCanvas &canvas = map->GetCanvas();
-  const TSymbolGlyph &glyph = ResolveSymbol(GetFont(), m_shape);
+  const detail::SymbolGlyph &glyph = detail::ResolveSymbol(GetFont(), m_shape);
   canvas.Font() = glyph.font;
   canvas.Brush().SetStyle(TBrushStyle::bsSolid);
   canvas.Pen().SetMode(TPenMode::pmXor);

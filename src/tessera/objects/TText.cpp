@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
 #include <tessera/graphics/TCanvas.h>
-#include <tessera/objects/StylePool.h>
 #include <tessera/objects/TText.h>
+#include <tessera/objects/detail/StylePool.h>
+#include <tessera/objects/detail/TextFit.h>
 
 #include <algorithm>
 #include <array>
@@ -118,14 +119,14 @@ void TText::FitFont(const Corners &corners) {
   constexpr std::uint32_t NarrowestBoxPx = 4;
   constexpr int UnreadablePt = 3;
   if (m_text.isEmpty() || !(m_height > 0) || !(m_width > 0)) return;
-  const detail::PixelBox box{Distance(corners.lowerLeft.x(), corners.upperRight.x()),
-                             Distance(corners.lowerLeft.y(), corners.upperRight.y())};
+  const PixelBox box{Distance(corners.lowerLeft.x(), corners.upperRight.x()),
+                     Distance(corners.lowerLeft.y(), corners.upperRight.y())};
   if (box == m_fittedBox) return;
   int sizePt = UnreadablePt;
   if (box.height >= LowestBoxPx && box.width >= NarrowestBoxPx) {
     TCanvas &canvas = Canvas();
     canvas.Font() = GetFont();
-    sizePt = detail::TTextFit(canvas, m_text, box).FindSize(m_minShowTextSizePt - 1);
+    sizePt = detail::TextFit(canvas, m_text, {box.width, box.height}).FindSize(m_minShowTextSizePt - 1);
   }
   if (sizePt != GetFont().GetSize()) {
     TSymbol::SetStyle(detail::StylePool::Instance().Resized(GetStyle(), sizePt));

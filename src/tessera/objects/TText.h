@@ -2,8 +2,9 @@
 #pragma once
 
 #include <tessera/objects/TSymbol.h>
-#include <tessera/objects/TextFit.h>
 
+#include <array>
+#include <cstdint>
 #include <vector>
 
 namespace tessera {
@@ -79,14 +80,21 @@ class TESSERA_CORE_EXPORT TText : public TSymbol {
   void FitFont(const Corners &corners);
   void PrepareBackground(TCanvas &canvas);
 
-  static constexpr detail::PixelBox Unfitted{UINT32_MAX, UINT32_MAX};
+  /// A size in client pixels that may be larger than any picture.
+  struct PixelBox {
+    std::uint32_t width;
+    std::uint32_t height;
+
+    bool operator==(const PixelBox &) const = default;
+  };
+  static constexpr PixelBox Unfitted{UINT32_MAX, UINT32_MAX};
 
   QString m_text;
   double m_angleDeg = 0;
   double m_width = 0;
   double m_height = 0;
   /// The box that the present font has been fitted to with the present text.
-  detail::PixelBox m_fittedBox = Unfitted;
+  PixelBox m_fittedBox = Unfitted;
   int m_minShowTextSizePt = 4;
   bool m_freezeFontSize = false;
 };

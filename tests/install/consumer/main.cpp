@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/map/TTessera.h>
-#include <tessera/objects/TRegion.h>
+#include <tessera/MapObjects.h>
 
 #include <QApplication>
 #include <QImage>

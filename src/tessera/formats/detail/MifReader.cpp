@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/base/detail/Numbers.h>
+#include <tessera/formats/detail/MifReader.h>
+#include <tessera/formats/detail/MifText.h>
+#include <tessera/layers/TMapLayer.h>
+#include <tessera/objects/TPolyline.h>
+#include <tessera/objects/TRegion.h>
+#include <tessera/objects/TSymbol.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace tessera::detail {
+namespace {
+
+/// In the order in which a line is searched for them.
+constexpr std::size_t Delimiter = 0;
+constexpr std::size_t Columns = 1;
+constexpr std::size_t FirstObject = 2;
+constexpr KeywordSet<5> Keywords({"DELIMITER", "COLUMNS", "REGION", "PLINE", "POINT"});
+constexpr std::array<const char *, 3> KindNames = {"Region", "Pline", "Point"};
+
+/// A table has no more than 250 columns; beyond this a count is certainly none.
+constexpr int MaxColumns = 1000;
+/// Parts without points are believed in up to this number, and further ones for so many bytes of the file.
+constexpr qint64 MaxEmptyParts = 1000;
+constexpr qint64 EmptyPartBytes = 4;
+/// Progress is shown whenever a further 256th of the file has been read, not for every line.
+constexpr qint64 ProgressSteps = 256;
+
+TDataType ColumnType(std::string_view definition) {
+  constexpr KeywordSet<6> TypeWords({"CHAR", "FLOAT", "DECIMAL", "INTEGER", "SMALLINT", "DATE"});
+  constexpr std::array Types = {TDataType::dtString,  TDataType::dtFloat,    TDataType::dtDecimal,
+                                TDataType::dtInteger, TDataType::dtSmallInt, TDataType::dtDate};
+  const int word = TypeWords.FindLast(definition);
+  return word < 0 ? TDataType::dtFloat : Types[std::size_t(word)];
+}
+
+/// Without the first and the last byte.
+std::string_view WithoutQuotes(std::string_view bytes) {
+  return bytes.size() > 2 ? bytes.substr(1, bytes.size() - 2) : std::string_view();
+}
+
+/// Whether the line is the word Point and two numbers with nothing but blanks around: so are nearly all points, and
+/// they need not be cut into items.
+bool ReadPlainPoint(std::string_view line, char separator, TMapPoint &point) {
+  constexpr std::string_view Word = "POINT";
+  const char *at = line.data();
+  const char *last = at + line.size();
+  const auto skipBlanks = [&] {
+    const char *first = at;
+    while (at != last && *at == ' ') ++at;
+    return at != first;
+  };
+  skipBlanks();
+  for (const char letter : Word) {
+    if (at == last || UpperAscii(*at) != letter) return false;
+    ++at;
+  }
+  if (!skipBlanks()) return false;
+  at = ReadFloat(at, last, separator, point.X);
+  if (at == nullptr || !skipBlanks()) return false;
+  at = ReadFloat(at, last, separator, point.Y);
+  if (at == nullptr) return false;
+  skipBlanks();
+  return at == last;
+}
+
+bool IsLetter(char c) {
+  return UpperAscii(c) >= 'A' && UpperAscii(c) <= 'Z';
+}
+
+}  // namespace
+
+MifReader::MifReader(TMapLayer &layer, std::string_view mif, std::optional<std::string_view> mid, TFormatReport &report)
+    : m_layer(layer),
+      m_map(*layer.GetMapHost()),
+      m_mif(mif, DecimalSeparator()),
+      m_mid(mid),
+      m_report(report),
+      m_size(qint64(mif.size())),
+      m_emptyPartsLeft(MaxEmptyParts + m_size / EmptyPartBytes) {
+  m_mid.SetColumns(layer.GetFields());
+}
+
+int MifReader::ProgressPosition(qint64 position, qint64 size) {
+  return int(position / (size / std::numeric_limits<int>::max() + 1));
+}
+
+void MifReader::Read() {
+  std::string_view line = m_mif.ReadLine();
+  while (!m_mif.AtEnd()) {
+    ShowProgress();
+    line = ReadLine(line);
+  }
+  Skip(line);
+}
+
+void MifReader::ShowProgress() {
+  if (m_mif.GetPosition() < m_nextProgress) return;
+  m_nextProgress = m_mif.GetPosition() + m_size / ProgressSteps;
+  m_map.ShowProgress(ProgressPosition(m_mif.GetPosition(), m_size));
+}
+
+std::string_view MifReader::ReadLine(std::string_view line) {
+  if (m_nextIsPlainPoint) {
+    m_nextIsPlainPoint = false;
+    auto &symbol = static_cast<TSymbol &>(NewObject(Point));
+    m_mid.ReadValues(symbol.GetFields());
+    symbol.MoveTo(m_plainPoint.X, m_plainPoint.Y);
+    return ReadClauses(symbol);
+  }
+  const auto places = Keywords.Find(line);
+  const auto has = [&places](std::size_t word) { return places[word] != std::string_view::npos; };
+  const auto after = [&](std::size_t word) { return TrimBytes(Keywords.After(line, word, places[word])); };
+
+  if (has(Delimiter)) m_mid.SetDelimiter(WithoutQuotes(after(Delimiter)));
+  if (has(Columns)) ReadColumns(after(Columns));
+  // Of several kinds in one line each gets its object, but only the last is read.
+  TCustomMapObject *object = nullptr;
+  Kind kind = KindCount;
+  for (const Kind candidate : {Region, Pline, Point}) {
+    if (!has(FirstObject + candidate)) continue;
+    kind = candidate;
+    object = &NewObject(kind);
+  }
+  if (object == nullptr) {
+    if (!has(Delimiter) && !has(Columns)) Skip(line);
+    return m_mif.ReadLine();
+  }
+  m_mid.ReadValues(object->GetFields());
+  switch (kind) {
+    case Region:
+      ReadRegion(object->GetParts(), after(FirstObject + Region));
+      break;
+    case Pline:
+      ReadPline(object->GetParts(), line);
+      break;
+    default:
+      ReadPoint(static_cast<TSymbol &>(*object), line);
+  }
+  return ReadClauses(*object);
+}
+
+TCustomMapObject &MifReader::NewObject(Kind kind) {
+  ++m_counts[kind];
+  switch (kind) {
+    case Region:
+      return *m_layer.NewObject<TRegion>();
+    case Pline:
+      return *m_layer.NewObject<TPolyline>();
+    default:
+      return *m_layer.NewObject<TSymbol>();
+  }
+}
+
+void MifReader::ReadColumns(std::string_view countText) {
+  TDataFields &fields = m_layer.GetFields();
+  fields.Clear();
+  const int count = BytesToInt(countText);
+  if (count > MaxColumns) throw EConvertError(QStringLiteral("%1 columns are too many").arg(count));
+  for (int i = 0; i < count && !m_mif.AtEnd(); ++i) {
+    const std::string_view line = TrimBytes(m_mif.ReadLine());
+    const std::size_t nameEnd = std::min(line.find_first_of(" \t"), line.size());
+    // Inserted, since an added text column without a width would get one.
+    fields.Insert(i, DecodeWindows1251(line.substr(0, nameEnd)), ColumnType(line.substr(nameEnd)), 0);
+  }
+  m_mid.SetColumns(fields);
+}
+
+void MifReader::ReadRegion(TParts &parts, std::string_view countText) {
+  const int partCount = BytesToInt(countText);
+  for (int i = 0; i < partCount; ++i) {
+    int count = 0;
+    if (!m_mif.ReadCount(count)) return WarnInLine(QStringLiteral("the file ends within a Region"));
+    ReadPart(parts, count);
+  }
+}
+
+void MifReader::ReadPline(TParts &parts, std::string_view line) {
+  m_items.Read(line);
+  const std::string_view first = m_items.At(1);
+  constexpr KeywordSet<1> Multiple({"MULTIPLE"});
+  const bool isMultiple = first.size() == 8 && Multiple.FindLast(first) == 0;
+  const int sections = isMultiple ? m_items.IntegerAt(2) : 1;
+  int count = 0;
+  if (!isMultiple) {
+    count = m_items.IntegerAt(1);
+  } else if (!m_mif.ReadCount(count)) {
+    return WarnInLine(QStringLiteral("the file ends within a Pline"));
+  }
+  // The number of points of the first section stands for all; the counts of further ones are read as vertices.
+  for (int i = 0; i < sections; ++i) {
+    if (i == 1 && m_mif.LineHoldsOneItem()) {
+      WarnInLine(QStringLiteral("only the first section of a Pline Multiple is read as it is meant"));
+    }
+    ReadPart(parts, count);
+  }
+}
+
+void MifReader::ReadPart(TParts &parts, int count) {
+  if ((count <= 0 || m_mif.AtEnd()) && --m_emptyPartsLeft < 0) {
+    throw EConvertError(QStringLiteral("there are too many parts without points"));
+  }
+  TPart &part = parts.Add();
+  TMapPoints &points = part.GetPoints();
+  const std::size_t wanted = std::min(std::size_t(std::max(count, 0)), m_mif.MostVertices());
+  std::size_t done = 0;
+  points.AppendInPlace(wanted, [&](TMapPoint *first, TBounds &bounds) {
+    done = m_mif.ReadVertices(first, wanted, bounds);
+    return done;
+  });
+  if (done < wanted) part.SetPoints(points.Clone());  // gives back the room
+  m_mif.ThrowIfMalformed();
+  if (done < wanted) {
+    WarnInLine(QStringLiteral("%1 points are announced, but the file ends after %2").arg(count).arg(done));
+  }
+}
+
+void MifReader::ReadPoint(TSymbol &symbol, std::string_view line) {
+  // The decimal separator does not end an item here, even if it is a comma.
+  m_items.Read(line, m_mif.GetSeparator());
+  const double x = m_items.FloatAt(1, m_mif.GetSeparator());
+  const double y = m_items.FloatAt(2, m_mif.GetSeparator());
+  symbol.MoveTo(x, y);
+}
+
+std::string_view MifReader::ReadClauses(TCustomMapObject &object) {
+  std::string_view line;
+  do {
+    line = m_mif.ReadLine();
+    m_nextIsPlainPoint = ReadPlainPoint(line, m_mif.GetSeparator(), m_plainPoint);
+  } while (!m_nextIsPlainPoint && m_styles.Apply(line, object));
+  return line;
+}
+
+void MifReader::WarnInLine(const QString &words) {
+  if (m_report.warnings.size() < TFormatReport::MaxWarnings) {
+    m_report.Warn(QStringLiteral("line %1: %2").arg(m_mif.GetLine()).arg(words));
+  } else {
+    ++m_report.droppedWarnings;
+  }
+}
+
+void MifReader::Skip(std::string_view line) {
+  constexpr std::size_t LongestWord = 32;
+  const std::string_view text = TrimBytes(line);
+  if (text.empty()) return;
+  const auto *wordEnd = std::find_if_not(text.begin(), text.end(), IsLetter);
+  const auto length = std::min(std::size_t(wordEnd - text.begin()), LongestWord);
+  std::string_view word = text.substr(0, length);
+  const auto known = m_skipped.find(word);
+  if (known != m_skipped.end()) {
+    ++known->second;
+  } else {
+    ++m_skipped[m_skipped.size() < TFormatReport::MaxKeywords ? std::string(word) : std::string()];
+  }
+}
+
+void MifReader::FinishReport() {
+  for (std::size_t kind = 0; kind < KindNames.size(); ++kind) {
+    if (m_counts[kind] > 0) m_report.CountObject(QString::fromLatin1(KindNames[kind]), m_counts[kind]);
+  }
+  for (const auto &[word, count] : m_skipped) {
+    m_report.CountSkippedLine(word.empty() ? QStringLiteral("other") : QString::fromStdString(word), count);
+  }
+  if (m_mid.GetMissingLines() > 0) {
+    m_report.Warn(
+        QStringLiteral("objects at the end that the data file has no line for: %1").arg(m_mid.GetMissingLines()));
+  }
+  if (m_report.ok() && m_mid.HasMore()) {
+    m_report.Warn(QStringLiteral(
+        "the data file has more lines than objects were read, so values may stand with the wrong objects"));
+  }
+}
+
+}  // namespace tessera::detail

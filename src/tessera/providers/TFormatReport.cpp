@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/providers/TFormatReport.h>
+
+#include <numeric>
+
+namespace tessera {
+namespace {
+
+using TCounts = std::map<QString, qint64>;
+
+qint64 Total(const TCounts &counts) {
+  return std::accumulate(counts.begin(), counts.end(), qint64(0),
+                         [](qint64 sum, const TCounts::value_type &entry) { return sum + entry.second; });
+}
+
+/// "1 line", "2 lines".
+QString Counted(qint64 count, const QString &noun) {
+  return QString::number(count) + u' ' + noun + (count == 1 ? QString() : QStringLiteral("s"));
+}
+
+/// " (2 Region, 1 Point)", empty for no counts.
+QString Listed(const TCounts &counts) {
+  QStringList entries;
+  for (const auto &[name, count] : counts) entries.append(QString::number(count) + u' ' + name);
+  return entries.isEmpty() ? QString() : QString(QStringLiteral(" (") + entries.join(QStringLiteral(", ")) + u')');
+}
+
+}  // namespace
+
+void TFormatReport::CountSkippedLine(const QString &keyword, qint64 count) {
+  const bool isKnown = skippedLines.contains(keyword) || skippedLines.size() < MaxKeywords;
+  skippedLines[isKnown ? keyword : QStringLiteral("other")] += count;
+}
+
+void TFormatReport::Warn(const QString &words) {
+  if (warnings.size() < MaxWarnings) {
+    warnings.append(words);
+  } else {
+    ++droppedWarnings;
+  }
+}
+
+void TFormatReport::Fail(int line, const QString &words) {
+  if (!firstError) firstError = TFormatDefect{line, words};
+}
+
+qint64 TFormatReport::CountOfObjects() const {
+  return Total(objects);
+}
+
+QString TFormatReport::Summary() const {
+  QStringList parts{Counted(CountOfObjects(), QStringLiteral("object")) + Listed(objects)};
+  if (!skippedLines.empty()) {
+    parts.append(Counted(Total(skippedLines), QStringLiteral("line")) + QStringLiteral(" skipped") +
+                 Listed(skippedLines));
+  }
+  if (!warnings.isEmpty()) parts.append(Counted(warnings.size() + droppedWarnings, QStringLiteral("warning")));
+  if (firstError) {
+    const QString place = firstError->line > 0 ? QStringLiteral(" in line %1").arg(firstError->line) : QString();
+    parts.append(QStringLiteral("error") + place + QStringLiteral(": ") + firstError->words);
+  }
+  return parts.join(QStringLiteral("; "));
+}
+
+}  // namespace tessera
