@@ -46,15 +46,16 @@ TEST(InfoCommandTest, TellsTheSameAsJson) {
   EXPECT_EQ(layer, QJsonDocument::fromJson(expected).object()) << run.out;
 }
 
-TEST(InfoCommandTest, ShowsWhatCanBeReadOfAFileWithADefect) {
-  const TProgramRun run = RunTessera({Info, MapFileNamed("defect.mif"), AsJson});
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.CountOfErrorLines(), 1) << run.err;
+TEST(InfoCommandTest, ShowsWhatCanBeReadOfFilesWithADefectOrMissing) {
+  const TProgramRun run = RunTessera({Info, QStringLiteral("missing.mif"), MapFileNamed("defect.mif"), AsJson});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.CountOfErrorLines(), 2) << run.err;
   EXPECT_TRUE(run.Complains("defect.mif: error in line 18: ")) << run.err;
   ASSERT_EQ(LayersOf(run).size(), 1);
   const QJsonValue error = LayersOf(run)[0][u"error"];
   EXPECT_EQ(error[u"line"].toInt(), 18);
   EXPECT_TRUE(error[u"words"].toString().contains(u"zero"));
+  EXPECT_EQ(RunTessera({Info, MapFileNamed("defect.mif")}).status, 0);
 }
 
 TEST(InfoCommandTest, ComplainsInOneLineOfWhatCannotBeRead) {
@@ -74,23 +75,13 @@ TEST(InfoCommandTest, ComplainsInOneLineOfWhatCannotBeRead) {
   }
 }
 
-TEST(InfoCommandTest, GoesOnWithTheOtherFiles) {
-  const TProgramRun run = RunTessera({Info, QStringLiteral("missing.mif"), MapFileNamed("cover.mif"), AsJson});
-  EXPECT_EQ(run.status, 1);
-  ASSERT_EQ(LayersOf(run).size(), 1);
-  EXPECT_EQ(LayersOf(run)[0][u"name"].toString(), u"cover");
-}
-
-TEST(InfoCommandTest, TellsHowItIsUsed) {
+TEST(InfoCommandTest, TellsHowItIsUsedAndRejectsWrongUsage) {
   for (const char *arguments : {"--help", "info --help", "render --help"}) {
     const TProgramRun run = RunTessera(Words(arguments));
     EXPECT_EQ(run.status, 0);
     EXPECT_NE(run.out.find("Exit status"), std::string::npos) << run.out;
     EXPECT_EQ(run.err, "");
   }
-}
-
-TEST(InfoCommandTest, RejectsWrongUsage) {
   for (const char *arguments : {"", "show", "info", "info a.mif --colour"}) {
     const TProgramRun run = RunTessera(Words(arguments));
     EXPECT_EQ(run.status, 2) << arguments;
