@@ -9,31 +9,6 @@
 namespace tessera::test {
 namespace {
 
-TEST(RectTestsTest, TellsWhetherTwoRectanglesMeet) {
-  constexpr TBounds Box{0, 0, 10, 10};
-  struct Row {
-    const char *name;
-    TBounds rect;
-    bool meets;
-  };
-  const Row rows[] = {{"around", {-1, -1, 11, 11}, true},
-                      {"the same", Box, true},
-                      {"touching a side", {10, 3, 12, 4}, true},
-                      {"touching a corner", {10, 10, 12, 12}, true},
-                      {"crossing like a plus", {4, -5, 6, 15}, true},
-                      {"an upright line across", {5, -5, 5, 15}, true},
-                      {"a point within", {5, 5, 5, 5}, true},
-                      {"beside", {10.001, 0, 12, 10}, false},
-                      {"inverted within", {6, 6, 4, 4}, true},
-                      {"inverted around", {11, 11, -1, -1}, false},
-                      {"of an object without vertices", TBounds::Empty(), false}};
-  for (const Row &row : rows) {
-    EXPECT_EQ(detail::BoundsMeetRect(Box, row.rect), row.meets) << row.name;
-    EXPECT_EQ(detail::BoundsMeetRect(row.rect, Box), row.meets) << row.name;
-    EXPECT_EQ(detail::CornersOrSidesMeet(Box, row.rect), row.meets) << row.name;
-  }
-}
-
 TEST(RectTestsTest, AnswersAsCornersAndSidesDo) {
   TRandomShapes random(8);
   const auto any = [&](int kind) {
