@@ -44,14 +44,6 @@ TEST(MifItemsTest, CutsRandomLinesAsTheSyntaxParserDoes) {
   }
 }
 
-TEST(MifItemsTest, KeepsNumbersWithACommaWholeWhenAsked) {
-  detail::MifItems items;
-  items.Read("Point 1,5 -2,25", ',');
-  ASSERT_EQ(items.GetCount(), 3);
-  EXPECT_EQ(items.FloatAt(1, ','), 1.5);
-  EXPECT_EQ(items.FloatAt(2, ','), -2.25);
-}
-
 std::vector<std::string> SplitFast(std::string_view line, std::string_view delimiter) {
   detail::MidSplitter splitter;
   splitter.SetDelimiter(delimiter);

@@ -2,8 +2,6 @@
 #include "../base/LocaleGuard.h"
 #include "MifFixture.h"
 
-#include <tessera/formats/detail/MifStyles.h>
-
 #include <QString>
 
 #include <algorithm>
@@ -72,14 +70,6 @@ TEST_F(MifReadTest, ShowsRisingProgressNoMoreThanItsStepsAllow) {
   EXPECT_LE(map.progress.back(), points.size() + 5);
 }
 
-TEST_F(MifReadTest, AlwaysAnswersFalseAndLeavesTheNamesAlone) {
-  WriteFile(QStringLiteral("a.mif"), "Point 1 2\n\n\n");
-  EXPECT_FALSE(layer.LoadFromFile(PathOf(QStringLiteral("a.mif")), QStringLiteral("Towns")));
-  EXPECT_EQ(layer.GetObjectCount(), 1);
-  EXPECT_EQ(layer.GetName(), QString());
-  EXPECT_EQ(layer.GetFileName(), QString());
-}
-
 TEST_F(MifReadTest, DoesNothingWithoutFileLayerOrMap) {
   EXPECT_FALSE(provider.Load(&layer, PathOf(QStringLiteral("missing.mif"))));
   EXPECT_FALSE(provider.GetReport().ok());
@@ -92,16 +82,16 @@ TEST_F(MifReadTest, DoesNothingWithoutFileLayerOrMap) {
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(MifReadTest, ReadsShapesWithoutADataFileAndSaysSoInTheReportOnly) {
-  WriteFile(QStringLiteral("a.mif"), "Columns 1\n Name Char(5)\nPoint 1 2\n\n\n");
-  provider.Load(&layer, PathOf(QStringLiteral("a.mif")));
+TEST_F(MifReadTest, ReadsShapesWithoutADataFileAndFindsOneWhoseExtensionIsInCapitals) {
+  const QByteArray mif = "Columns 1\n Name Char(5)\nPoint 1 2\n\n\n";
+  WriteFile(QStringLiteral("a.MIF"), mif);
+  EXPECT_FALSE(layer.LoadFromFile(PathOf(QStringLiteral("a.MIF")), QStringLiteral("Towns")));
+  EXPECT_EQ(layer.GetName() + layer.GetFileName(), QString());
   EXPECT_EQ(Objects(), "Point 1,2 <>\n");
   EXPECT_TRUE(messages.empty());
   EXPECT_EQ(Warnings(), "there is no data file, so the objects have no values");
-}
-
-TEST_F(MifReadTest, FindsADataFileWhoseExtensionIsInCapitals) {
-  WriteFile(QStringLiteral("a.MIF"), "Columns 1\n Name Char(5)\nPoint 1 2\n\n\n");
+  layer.DeleteObjects();
+  layer.GetFields().Clear();
   WriteFile(QStringLiteral("a.MID"), "\"x\"\n");
   provider.Load(&layer, PathOf(QStringLiteral("a.MIF")));
   EXPECT_EQ(Objects(), "Point 1,2 <x>\n");
@@ -227,17 +217,6 @@ TEST_F(MifReadTest, SharesStylesBetweenObjectsWithTheSameClauses) {
   EXPECT_EQ(ObjectAt(3).GetPen().GetColor(), RGB(0, 0, 255));
   EXPECT_EQ(ObjectAt(3).GetBrush().GetColor(), RGB(0, 0, 7));
   EXPECT_EQ(ObjectAt(1).GetBrush().GetColor(), map.symbolStyle->brush.GetColor());
-}
-
-TEST_F(MifReadTest, ReadsMoreDifferentClausesThanAreKept) {
-  constexpr int Count = 20'000;
-  QByteArray mif;
-  for (int i = 0; i < Count; ++i) mif += "Pline 1\n1 1\nPen (1,2," + QByteArray::number(i % 9000) + ")\n";
-  LoadText(mif);
-  ASSERT_EQ(layer.GetObjectCount(), Count);
-  for (int i = 0; i < Count; ++i) {
-    ASSERT_EQ(detail::ColorToMif(ObjectAt(i).GetPen().GetColor()), i % 9000) << i;
-  }
 }
 
 TEST_F(MifReadTest, TakesTheNameOfASymbolFontFromSixItems) {
