@@ -42,10 +42,8 @@ TEST(CoordConvertorUTest, ProjectsLikeTheExactProjection) {
   constexpr double BesideZone = 0.25;
   for (const Row &row : {Row{0, 3, 0, 0, 1500000, InZone},
                          {55.75, 37.6173, 0, 6181702.4677, 7413175.0888, InZone},
-                         {80, 44.9, 0, 8885294.9182, 8498060.6204, InZone},
                          {-33.9, 18.4, 0, -3755680.8256, 4259482.9799, InZone},
                          {10, -3, 0, 1105874.6094, 60500000, InZone},
-                         {62.5, -149.9, 0, 6936131.9661, 36350575.3041, InZone},
                          {55.75, 37.6173, 1, 6190498.2165, 6789832.7477, BesideZone},
                          {45, 9, 1, 5002580.2076, 1973088.9203, BesideZone}}) {
     const TPlanePoint point = Plane(row.b, row.l, row.shift);
@@ -67,23 +65,11 @@ TEST(CoordConvertorUTest, KeepsTheCoefficientsOfItsSeries) {
 }
 
 TEST(CoordConvertorUTest, CountsZonesEastwardsFromGreenwich) {
-  struct Row {
-    double l;
-    int zone;
-  };
-  for (const Row &row : {Row{0, 1},
-                         {3, 1},
-                         {6, 1},  // zones are a trifle wider than 6 degrees
-                         {6.0000001, 2},
-                         {9, 2},
-                         {180, 30},
-                         {-180, 31},
-                         {-3, 60},
-                         {357, 60},
-                         {-0.0001, 60}}) {
-    EXPECT_EQ(std::floor(Plane(0, row.l).y / 1e6), row.zone) << row.l;
+  // Zones are a trifle wider than 6 degrees.
+  for (const auto &[l, zone] :
+       {std::pair(0.0, 1), {6.0, 1}, {6.0000001, 2}, {180.0, 30}, {-180.0, 31}, {357.0, 60}, {-0.0001, 60}}) {
+    EXPECT_EQ(std::floor(Plane(0, l).y / 1e6), zone) << l;
   }
-  EXPECT_NEAR(Plane(20, -3).y, Plane(20, 357).y, 0.1);
   EXPECT_NEAR(Plane(60, 9, 1).y - Plane(60, 9).y, -1e6 + 334e3, 1e3) << "six degrees from the shifted zone's meridian";
 }
 
@@ -98,9 +84,7 @@ TEST(CoordConvertorUTest, TakesPlanePointsBackWithScaledEastings) {
   for (const Row &row : {Row{0, 1500000, 0, 3},
                          {0, 1800000, 0, 5.721155104},
                          {6181702, 7413175, 55.749945899, 37.612872685},
-                         {3323962, 31210566, 29.999479833, 179.978276066},
                          {1105874, 60612345, 9.998386489, 358.034663098},
-                         {8885294, 8498060, 79.999991758, 44.8999376},
                          {-3755680, 4259482, -33.899608791, 18.38189176}}) {
     const TGeodeticPoint point = Geodetic(row.x, row.y);
     EXPECT_NEAR(point.b, row.b, Tolerance) << row.x << ' ' << row.y;
@@ -110,27 +94,8 @@ TEST(CoordConvertorUTest, TakesPlanePointsBackWithScaledEastings) {
 
 TEST(CoordConvertorUTest, CutsTheEastingToWholeMetres) {
   EXPECT_EQ(Geodetic(5e6, 6400000.99).l, Geodetic(5e6, 6400000).l);
-  EXPECT_EQ(Geodetic(5e6, 6400000.99).b, Geodetic(5e6, 6400000).b);
   EXPECT_NE(Geodetic(5e6, 6400001).l, Geodetic(5e6, 6400000).l);
   EXPECT_NE(Geodetic(5e6 + 0.5, 6400000).b, Geodetic(5e6, 6400000).b);
-}
-
-TEST(CoordConvertorUTest, FindsTheShiftedZoneOnTheWayBack) {
-  // On the central meridian nothing is scaled, so the way back leads where it began.
-  for (const int shift : {0, 1, -1}) {
-    const TPlanePoint there = Plane(52, 33, shift);
-    const TGeodeticPoint back = Geodetic(there.x, there.y);
-    EXPECT_NEAR(back.b, 52, shift == 0 ? 1e-6 : 2e-3) << shift;
-    EXPECT_NEAR(back.l, 33, shift == 0 ? 1.5e-5 : 0.03) << shift;
-  }
-}
-
-TEST(CoordConvertorUTest, AnswersWhateverTheSeriesGive) {
-  const TPlanePoint beyondPole = Plane(1000, 1e6);
-  EXPECT_TRUE(std::isfinite(beyondPole.x));
-  EXPECT_TRUE(std::isfinite(beyondPole.y));
-  EXPECT_TRUE(std::isnan(Plane(std::nan(""), 0).x));
-  EXPECT_TRUE(std::isfinite(Geodetic(1e12, -1e12).l));
 }
 
 }  // namespace

@@ -32,30 +32,21 @@ struct Row {
 };
 
 TEST(TViewportTest, TakesTheScaleOfBothAxesFromTheWidth) {
-  const TViewport square = ViewOf(100, 100);
-  EXPECT_EQ(square.GetScale().Kx, 100.0L / 360);
-  EXPECT_EQ(square.GetViewBounds(), (TBounds{-180, -180, 180, 180}));
-  EXPECT_EQ(square.ScreenToMap(0, 0), (TMapPoint{-180, 180}));
+  EXPECT_EQ(ViewOf(100, 100).GetScale().Kx, 100.0L / 360);
+  EXPECT_EQ(ViewOf(100, 100).ScreenToMap(0, 0), (TMapPoint{-180, 180}));
   const TViewport zoomed{-180, -90, 180, 90, 10, -20, 2, 100, 50};
   EXPECT_EQ(zoomed.GetScale().Kx, zoomed.GetScale().Ky);
   EXPECT_EQ(zoomed.GetViewBounds(), (TBounds{-80, -65, 100, 25}));
   EXPECT_EQ(zoomed.MapToScreen(10, -20), QPoint(50, 25));
 }
 
-TEST(TViewportTest, RoundsHalvesToEven) {
+TEST(TViewportTest, RoundsHalvesToEvenAndPinsPixelsBeyond32Bits) {
   const TViewport view = ViewOf(360, 360);  // one pixel a map unit, the origin at (180, 180)
-  for (const Row &row :
-       {Row{0.5, 0.5, {180, 180}}, Row{1.5, 1.5, {182, 178}}, Row{-0.5, -0.5, {180, 180}}, Row{-1.5, -1.5, {178, 182}},
-        Row{-180.5, 180.5, {0, 0}}, Row{0.5000001, 0.4999999, {181, 180}}}) {
+  for (const Row &row : {Row{0.5, 0.5, {180, 180}}, Row{1.5, 1.5, {182, 178}}, Row{-0.5, -0.5, {180, 180}},
+                         Row{0.5000001, 0.4999999, {181, 180}}, Row{1e300, -1e300, {Highest, Highest}},
+                         Row{-Infinity, Infinity, {Lowest, Lowest}}, Row{NaN, 0, {Lowest, 180}}}) {
     EXPECT_EQ(view.MapToScreen(row.mx, row.my), row.pixel) << row.mx << ' ' << row.my;
   }
-}
-
-TEST(TViewportTest, PinsPixelsBeyond32Bits) {
-  const TViewport view = ViewOf(100, 100);
-  EXPECT_EQ(view.MapToScreen(1e300, -1e300), QPoint(Highest, Highest));
-  EXPECT_EQ(view.MapToScreen(-Infinity, Infinity), QPoint(Lowest, Lowest));
-  EXPECT_EQ(view.MapToScreen(NaN, 0), QPoint(Lowest, 50));
 }
 
 TEST(TViewportTest, PinsPointsOutOfViewBesideTheClient) {
