@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "LoadingMapHost.h"
+#include "../support/FakeMapHost.h"
 
 #include <tessera/base/MessageSink.h>
 #include <tessera/formats/SimpleMIFFormatProvider.h>
@@ -81,7 +81,7 @@ class TMifTest : public testing::Test {
     return error ? std::to_string(error->line) + ": " + error->words.toStdString() : std::string();
   }
 
-  TLoadingMapHost map;
+  TFakeMapHost map;
   TMapLayer layer;
   TSimpleMIFFormatProvider provider;
   std::vector<std::string> messages;

@@ -38,16 +38,5 @@ TEST(MifTextTest, PutsOneQuestionMarkForEachUnknownCharacter) {
   EXPECT_EQ(bytes, "?b");
 }
 
-TEST(MifTextTest, TellsAsciiWhereverTheOtherByteStands) {
-  for (std::size_t size = 0; size < 20; ++size) {
-    EXPECT_TRUE(detail::IsAscii(std::string(size, 'x')));
-    for (std::size_t at = 0; at < size; ++at) {
-      std::string text(size, 'x');
-      text[at] = '\x80';
-      EXPECT_FALSE(detail::IsAscii(text)) << size << ' ' << at;
-    }
-  }
-}
-
 }  // namespace
 }  // namespace tessera
