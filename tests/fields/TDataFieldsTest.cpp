@@ -93,6 +93,7 @@ TEST(TDataFieldsTest, KeepsValuesWithTheirColumns) {
     EXPECT_EQ(fields.GetFields(i).GetValue(), expected[i].second);
   }
   fields.Clear();
+  EXPECT_EQ(fields.GetCount(), 0);
   EXPECT_EQ(fields.Add({}, TDataType::dtFloat, 0).GetValue(), TDataValue());
 }
 

@@ -47,29 +47,6 @@ TEST_F(TCustomMapObjectTest, LiesEverywhereAndMeetsNothingWithoutVertices) {
   EXPECT_FALSE(object.Intersects(fresh) || fresh.Contains(object));
 }
 
-/// Contains what lies in the upper half of its bounds.
-class THalf : public TPolyline {
- public:
-  bool ContainsPoint(double x, double y) const override { return y >= 25 && TPolyline::ContainsPoint(x, y); }
-};
-
-TEST_F(TCustomMapObjectTest, AsksTheKindsOwnContainsPoint) {
-  THalf half;
-  MakeBent(half);
-  struct Row {
-    double y0, y1;
-    bool contains, intersects;
-  };
-  for (const Row &row : {Row{30, 38, true, true}, {12, 38, false, true}, {12, 20, false, false}}) {
-    TPolyline line;
-    AddPart(line, {{12, row.y0}, {15, row.y1}});
-    EXPECT_EQ(half.Contains(line), row.contains) << row.y0;
-    EXPECT_EQ(line.Within(half), row.contains) << row.y0;
-    EXPECT_EQ(half.Intersects(line), row.intersects) << row.y0;
-  }
-  ExpectRectAnswers(half, {{{12, 25, 15, 30}, true, true, false}, {{12, 24, 15, 30}, true, false, false}});
-}
-
 TEST_F(TCustomMapObjectTest, ComputesItsBoundsAnewFromAllVertices) {
   EXPECT_EQ(object.GetPixels(1, 0), TPoint(20, 60));
   object.GetParts().GetFirst().GetPoints().SetPoint(0, {15, -3});

@@ -111,7 +111,10 @@ TEST_F(GeoCircleTest, AnswersOtherTestsWithItsOwnHitTest) {
   const TBounds bounds = circle.GetBounds();
   TPolyline corner;
   AddPart(corner, {{bounds.MinX, bounds.MinY}});
-  EXPECT_FALSE(circle.Intersects(corner));
+  TPolyline both;
+  AddPart(both, {{bounds.MinX, bounds.MinY}, {39, 56}});
+  EXPECT_FALSE(circle.Intersects(corner) || circle.Contains(both) || both.Within(circle));
+  EXPECT_TRUE(circle.Intersects(both));
   ExpectRectAnswers(circle, {{{bounds.MaxX, 0, 90, 90}, true, false, false},
                              {bounds, true, false, true},
                              {{38.9, 55.9, 39.1, 56.1}, true, true, false}});
