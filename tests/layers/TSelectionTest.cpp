@@ -19,9 +19,10 @@ class TSelectionTest : public testing::Test {
     host.Name(a, "a");
     host.Name(b, "b");
     host.Name(c, "c");
+    layer.SetMap(&host);
+    other.SetMap(&host);
     double x = 10;
     for (TCustomMapObject *object : {a, b, c}) {
-      object->SetMap(&host);
       AddPart(*object, {{x, 10}, {x, 90}});
       x += 30;
     }

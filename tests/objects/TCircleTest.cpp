@@ -69,7 +69,7 @@ TEST_F(TCircleTest, AnswersByItsRimAndRectanglesByTheirCorners) {
 TEST_F(TCircleTest, DrawsAroundItsCentreAndGrowsWithTheZoom) {
   host.viewport.Zoom = 2;
   circle.Paint();
-  EXPECT_TRUE(host.displayed.Holds(circle));
+  EXPECT_TRUE(host.displayed.Holds(&circle));
   EXPECT_EQ(InkOf(host), QRect(10, 50, 40, 40));
   ExpectPixels(host, {{30, 70, FillColor}, {10, 70, LineColor}, {49, 70, LineColor}, {30, 50, LineColor}});
   ExpectPixels(host, {{30, 89, LineColor}, {12, 52, clWhite}, {47, 52, clWhite}, {12, 87, clWhite}});

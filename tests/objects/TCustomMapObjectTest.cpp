@@ -116,7 +116,7 @@ TEST_F(TCustomMapObjectTest, PaintsWithTheSelectedLookWhereSelectionsArePartOfTh
   EXPECT_EQ(host.canvas.Pen().GetColor(), clNavy);
   EXPECT_EQ(host.canvas.Pen().GetWidth(), 5);
   EXPECT_EQ(host.canvas.Brush().GetBitmap(), host.selectionPattern.get());
-  EXPECT_TRUE(host.displayed.Holds(object));
+  EXPECT_TRUE(host.displayed.Holds(&object));
   EXPECT_EQ(object.GetPen(), pen);
 }
 

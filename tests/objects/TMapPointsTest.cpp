@@ -2,7 +2,7 @@
 #include "../support/Printers.h"
 
 #include <tessera/base/Exceptions.h>
-#include <tessera/objects/TParts.h>
+#include <tessera/objects/TPolyline.h>
 
 #include <gtest/gtest.h>
 
@@ -33,11 +33,13 @@ TEST(TMapPointsTest, WidensItsBoundsFromTheSentinelsOnAndNotBeyondThem) {
 
 TEST(TMapPointsTest, RefusesVerticesThatDoNotExist) {
   TMapPoints points;
-  points.Add(0, 0);
-  for (const int index : {-1, 1}) {
-    EXPECT_THROW(static_cast<void>(points.GetPoint(index)), ERangeError);
-    EXPECT_THROW(points.SetPoint(index, {0, 0}), ERangeError);
-    EXPECT_THROW(points.Delete(index), ERangeError);
+  for (int count = 0; count < 2; ++count) {
+    for (const int index : {-1, count}) {
+      EXPECT_THROW(static_cast<void>(points.GetPoint(index)), ERangeError);
+      EXPECT_THROW(points.SetPoint(index, {0, 0}), ERangeError);
+      EXPECT_THROW(points.Delete(index), ERangeError);
+    }
+    points.Add(0, 0);
   }
 }
 
@@ -110,7 +112,8 @@ class TMapPointsModel {
     m_added.Widen(vertex.X, vertex.Y);
   }
 
-  TParts m_parts;
+  TPolyline m_object;
+  TParts &m_parts = m_object.GetParts();
   TMapPoints &m_points = m_parts.Add().GetPoints();
   Points m_model;
   TBounds m_bounds = TBounds::Empty();
@@ -142,7 +145,8 @@ void Mark(TPart &part, double mark) {
 
 TEST(TPartsTest, KeepsPartsInOrderWithNoneOneAndMany) {
   std::mt19937 random(4);
-  TParts parts;
+  TPolyline partsOwner;
+  TParts &parts = partsOwner.GetParts();
   std::vector<double> model;
   for (int step = 0; step < 1000; ++step) {
     const int at = int(random() % (model.size() + 1));
@@ -158,7 +162,8 @@ TEST(TPartsTest, KeepsPartsInOrderWithNoneOneAndMany) {
 }
 
 TEST(TPartsTest, RefusesPartsThatDoNotExist) {
-  TParts parts;
+  TPolyline partsOwner;
+  TParts &parts = partsOwner.GetParts();
   for (int count = 0; count < 3; ++count) {
     for (const int index : {-1, count}) {
       EXPECT_THROW(static_cast<void>(std::as_const(parts).GetItems(index)), ERangeError);
@@ -171,9 +176,11 @@ TEST(TPartsTest, RefusesPartsThatDoNotExist) {
 
 TEST(TPartsTest, TakesOverListsWithoutWideningItsBoundsAndNoLongerHearsOfWhatItGaveAway) {
   TMapPoints list;
-  TParts other;
+  TPolyline otherOwner;
+  TParts &other = otherOwner.GetParts();
   {
-    TParts parts;
+    TPolyline partsOwner;
+    TParts &parts = partsOwner.GetParts();
     Mark(parts.Add(), 3);
     Mark(parts.Add(), 5);
     list.Add(50, 50);
@@ -196,9 +203,11 @@ TEST(TPartsTest, TakesOverListsWithoutWideningItsBoundsAndNoLongerHearsOfWhatItG
 }
 
 TEST(TPartsTest, AssignsCopiesOfPartsOfOtherLists) {
-  TParts source;
+  TPolyline sourceOwner;
+  TParts &source = sourceOwner.GetParts();
   Mark(source.Add(), 7);
-  TParts parts;
+  TPolyline partsOwner;
+  TParts &parts = partsOwner.GetParts();
   parts.Add();
   Mark(parts.Add(), 1);
   parts.SetFirst(source.GetFirst());
@@ -214,8 +223,10 @@ TEST(TPartsTest, AssignsCopiesOfPartsOfOtherLists) {
 TEST(TPartsTest, SwapsListsOfAnySizeWithTheirBounds) {
   for (int mine = 0; mine < 4; ++mine) {
     for (int theirs = 0; theirs < 4; ++theirs) {
-      TParts a;
-      TParts b;
+      TPolyline aOwner;
+      TParts &a = aOwner.GetParts();
+      TPolyline bOwner;
+      TParts &b = bOwner.GetParts();
       for (int i = 0; i < mine; ++i) Mark(a.Add(), i);
       for (int i = 0; i < theirs; ++i) Mark(b.Add(), 10 + i);
       a.Swap(b);

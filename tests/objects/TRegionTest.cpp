@@ -36,7 +36,7 @@ TEST_F(TRegionTest, LeavesHolesAndOverlapsAndFillsIslands) {
   ExpectPixels(host, {{20, 50, FillColor}, {50, 75, FillColor}, {50, 50, FillColor}, {95, 95, FillColor}});
   ExpectPixels(host, {{35, 50, clWhite}, {50, 65, clWhite}, {5, 50, clWhite}, {85, 85, clWhite}});
   ExpectPixels(host, {{10, 50, LineColor}, {30, 50, LineColor}, {50, 90, LineColor}});
-  EXPECT_TRUE(host.displayed.Holds(region));
+  EXPECT_TRUE(host.displayed.Holds(&region));
 }
 
 TEST_F(TRegionTest, FillsTheLoopsOfARingByTheWindingRule) {

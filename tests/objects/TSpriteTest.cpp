@@ -138,7 +138,7 @@ TEST_F(TSpriteTest, IsDrawnWhenItsPointIsInView) {
     fresh.SetMap(&host);
     fresh.Paint();
     EXPECT_EQ(Shown() != map, isDrawn) << x << ' ' << y;
-    EXPECT_TRUE(host.displayed.Holds(fresh));
+    EXPECT_TRUE(host.displayed.Holds(&fresh));
     FillWithNoise(1);
   }
 }

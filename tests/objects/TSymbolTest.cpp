@@ -65,7 +65,7 @@ TEST_F(TSymbolTest, DrawsItsSignCentredOnThePointIfItHasAShape) {
   EXPECT_EQ(symbol.GetShape(), TSymbol::NoShape);
   symbol.Paint();
   EXPECT_TRUE(InkOf(host).isNull());
-  EXPECT_TRUE(host.displayed.Holds(symbol));
+  EXPECT_TRUE(host.displayed.Holds(&symbol));
 }
 
 TEST_F(TSymbolTest, HighlightsItselfByAFrameDrawnTwiceOrByThePattern) {

@@ -98,7 +98,7 @@ TEST_F(TTextTest, IsLeftOutWhenItsBoxIsTooSmallToRead) {
     host.ClearPicture();
     text.Paint();
     EXPECT_EQ(FontSize() > 3, isReadable);
-    EXPECT_EQ(host.displayed.Holds(text), isReadable);
+    EXPECT_EQ(host.displayed.Holds(&text), isReadable);
     EXPECT_EQ(InkOf(host).isNull(), !isReadable);
   }
 }

@@ -57,10 +57,13 @@ class TFakeMapHost : public TMapHost {
   TObjectStylePtr textStyle{new TObjectStyle};
   /// Asked when a layer is about to be deleted.
   std::function<void(TMapLayer &layer, bool &allowDelete)> onBeforeDelLayer;
+  /// Asked when an object is about to be taken out or deleted by editing.
+  std::function<void(TCustomMapObject &object, bool &canRemove)> onBeforeRemoveObject;
   TBounds shownBounds{};
   bool isReady = true;
   bool isBeingDestroyed = false;
   bool isInUpdate = false;
+  bool isLoading = false;
   bool isRotated = false;
 
   [[nodiscard]] const TViewport &GetViewport() const override { return viewport; }
@@ -85,34 +88,28 @@ class TFakeMapHost : public TMapHost {
   }
   [[nodiscard]] bool GetInUpdate() const override { return isInUpdate; }
   void SetModified(bool modified) override { Note(modified ? "SetModified(true)" : "SetModified(false)"); }
-  void SetIsLoading(bool isLoading) override { Note(isLoading ? "SetIsLoading(true)" : "SetIsLoading(false)"); }
-
-  void RegisterDisplayed(TCustomMapObject &object) override { displayed.Add(object); }
-  void UnregisterDisplayed(TCustomMapObject &object) override { displayed.Remove(object); }
-  [[nodiscard]] bool IsSelected(const TCustomMapObject &object) const override { return selection.Holds(&object); }
-  void SelectAlone(TCustomMapObject &object) override { selection.Add(&object, true); }
-  void Deselect(TCustomMapObject &object) override {
-    while (selection.Holds(&object)) selection.Remove(&object);
+  [[nodiscard]] bool GetIsLoading() const override { return isLoading; }
+  void SetIsLoading(bool loading) override {
+    isLoading = loading;
+    Note(isLoading ? "SetIsLoading(true)" : "SetIsLoading(false)");
   }
-  void DeselectLayer(TMapLayer &layer) override { selection.RemoveLayer(&layer); }
-  void DrawSelectionOf(const TMapLayer &layer) override { Note("DrawSelectionOf", &layer); }
+
+  [[nodiscard]] TSelection *GetSelection() const override { return const_cast<TSelection *>(&selection); }
+  [[nodiscard]] TDisplayedObjects *GetDisplayed() const override { return const_cast<TDisplayedObjects *>(&displayed); }
+  [[nodiscard]] TMapLayers *GetLayers() const override { return layers; }
 
   void TraceMapEvent(TMapDataLinkEvent event, TObject *sender) override {
-    constexpr const char *Names[] = {"mdlBeforeAddLayer",
-                                     "mdlAfterAddLayer",
-                                     "mdlBeforeDelLayer",
-                                     "mdlDelLayer",
-                                     "mdlAfterDelLayer",
-                                     "mdlMoveLayer",
-                                     "mdlExchangeLayer",
-                                     "mdlLayerVisibleChanged",
-                                     "mdlLayerSelectableChanged",
-                                     "mdlLayerEditableChanged",
-                                     "mdlLayerAutolabelChanged",
-                                     "mdlAddObject",
-                                     "mdlRemoveObject",
-                                     "mdlAddSelection",
-                                     "mdlDelSelection"};
+    constexpr const char *Names[] = {"mdlBeforeAddLayer",         "mdlAfterAddLayer",
+                                     "mdlBeforeDelLayer",         "mdlDelLayer",
+                                     "mdlAfterDelLayer",          "mdlMoveLayer",
+                                     "mdlExchangeLayer",          "mdlLayerVisibleChanged",
+                                     "mdlLayerSelectableChanged", "mdlLayerEditableChanged",
+                                     "mdlLayerAutolabelChanged",  "mdlAddObject",
+                                     "mdlRemoveObject",           "mdlAddSelection",
+                                     "mdlDelSelection",           "mdlLayerNameChanged",
+                                     "mdlLayerZoomChanged",       "mdlLayerLabelChanged",
+                                     "mdlLayerFieldsChanged",     "mdlObjectStyleChanged",
+                                     "mdlObjectFieldsChanged",    "mdlMoveObject"};
     Note(Names[event], sender);
   }
   void FireAddLayer(TMapLayer &layer) override { Note("AddLayer", &layer); }
@@ -122,6 +119,11 @@ class TFakeMapHost : public TMapHost {
   }
   void FireAfterDelLayer() override { Note("AfterDelLayer"); }
   void FireAddObject(TCustomMapObject &object) override { Note("AddObject", &object); }
+  void FireBeforeRemoveObject(TCustomMapObject &object, bool &canRemove) override {
+    Note("BeforeRemoveObject", &object);
+    if (onBeforeRemoveObject) onBeforeRemoveObject(object, canRemove);
+  }
+  void FireAfterRemoveObject() override { Note("AfterRemoveObject"); }
   void FireDeleteObject(TCustomMapObject &object) override { Note("DeleteObject", &object); }
   void FireAddSelection(TCustomMapObject &object) override { Note("AddSelection", &object); }
   void FireDelSelection(TCustomMapObject &object) override { Note("DelSelection", &object); }
@@ -134,12 +136,6 @@ class TFakeMapHost : public TMapHost {
 
   [[nodiscard]] const TObjectStylePtr &GetDefaultStyle(TObjectFont font) const override {
     return font == TObjectFont::Text ? textStyle : symbolStyle;
-  }
-  void EndEditingOfOthers(TMapLayer &layer) override {
-    if (layers == nullptr) return;
-    for (const auto &other : layers->Items()) {
-      if (other.get() != &layer && other->GetEditable()) other->SetEditable(false);
-    }
   }
   void ShowBounds(const TBounds &bounds) override {
     shownBounds = bounds;

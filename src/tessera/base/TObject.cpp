@@ -1,8 +1,19 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/GuardedCall.h>
+#include <tessera/base/THandle.h>
 #include <tessera/base/TObject.h>
 
 namespace tessera {
 
-TObject::~TObject() = default;
+TObject::~TObject() {
+  TObjectHandle::Empty(this);
+}
+
+void TObject::operator delete(TObject *object, std::destroying_delete_t) {
+  GuardedCall([object] { object->BeforeDestruction(); });
+  void *memory = dynamic_cast<void *>(object);
+  object->~TObject();
+  ::operator delete(memory);
+}
 
 }  // namespace tessera

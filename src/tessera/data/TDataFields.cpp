@@ -159,26 +159,34 @@ double TDataFieldView::GetAsTime() const {
   return ValueToReal(GetValue());
 }
 
+template <typename Change>
+void TDataFields::ChangeColumn(int index, Change change) {
+  CheckedField(index);
+  m_columns->ForgetCopied();
+  change(m_columns->columns[std::size_t(index)]);
+  TellOwner();
+}
+
 void TDataField::SetIsPrimaryKey(bool isPrimaryKey) {
-  m_fields->OwnColumn(GetIndex()).isPrimaryKey = isPrimaryKey;
+  m_fields->ChangeColumn(GetIndex(), [&](DataColumn &column) { column.isPrimaryKey = isPrimaryKey; });
 }
 void TDataField::SetSize(int size) {
-  m_fields->OwnColumn(GetIndex()).size = size;
+  m_fields->ChangeColumn(GetIndex(), [&](DataColumn &column) { column.size = size; });
 }
 void TDataField::SetName(const QString &name) {
-  m_fields->OwnColumn(GetIndex()).name = name;
+  m_fields->ChangeColumn(GetIndex(), [&](DataColumn &column) { column.name = name; });
 }
 void TDataField::SetDataType(TDataType type) {
-  m_fields->OwnColumn(GetIndex()).SetType(type);
+  m_fields->ChangeColumn(GetIndex(), [&](DataColumn &column) { column.SetType(type); });
 }
 void TDataField::SetDefaultValue(const TDataValue &value) {
-  m_fields->OwnColumn(GetIndex()).defaultValue = value;
+  m_fields->ChangeColumn(GetIndex(), [&](DataColumn &column) { column.defaultValue = value; });
 }
 void TDataField::SetValue(const TDataValue &value) {
-  m_fields->m_values.Set(GetIndex(), value);
+  m_fields->SetValue(GetIndex(), value);
 }
 void TDataField::SetVisible(bool isVisible) {
-  m_fields->OwnColumn(GetIndex()).isVisible = isVisible;
+  m_fields->ChangeColumn(GetIndex(), [&](DataColumn &column) { column.isVisible = isVisible; });
 }
 
 void TDataField::AssignTo(TDataField dest) const {
@@ -189,14 +197,35 @@ void TDataField::Assign(const TDataFieldView &source) {
   const TDataValue value = source.GetValue();
   DataColumn column = source.m_fields->Column(source.GetIndex());
   column.SetType(column.type);
-  m_fields->OwnColumn(GetIndex()) = column;
+  m_fields->ChangeColumn(GetIndex(), [&](DataColumn &own) { own = column; });
   SetValue(value);
 }
 
-TDataFields::TDataFields() : m_columns(NoColumns()) {}
-TDataFields::TDataFields(const TDataFields &) = default;
-TDataFields &TDataFields::operator=(const TDataFields &) = default;
+TDataFields::TDataFields(TFieldsOwner *owner) : m_columns(NoColumns()), m_owner(owner) {}
+TDataFields::TDataFields(const TDataFields &other) : m_columns(other.m_columns), m_values(other.m_values) {}
 TDataFields::~TDataFields() = default;
+
+TDataFields &TDataFields::operator=(const TDataFields &other) {
+  if (this == &other) return *this;
+  m_columns = other.m_columns;
+  m_values = other.m_values;
+  TellOwner();
+  return *this;
+}
+
+void TDataFields::TellOwner() {
+  if (m_owner) m_owner->FieldsChanged();
+}
+
+void TDataFields::SetRecord(std::string_view packed) {
+  m_values.Assign(packed);
+  TellOwner();
+}
+
+void TDataFields::SetValue(int index, const TDataValue &value) {
+  m_values.Set(index, value);
+  TellOwner();
+}
 
 int TDataFields::GetCount() const {
   return int(m_columns->columns.size());
@@ -210,16 +239,11 @@ const DataColumn &TDataFields::Column(int index) const {
   return m_columns->columns[std::size_t(CheckedField(index))];
 }
 
-DataColumn &TDataFields::OwnColumn(int index) {
-  CheckedField(index);
-  m_columns->ForgetCopied();
-  return m_columns->columns[std::size_t(index)];
-}
-
 TDataField TDataFields::Add(const QString &name, TDataType type, int size) {
   m_columns->ForgetCopied();
   m_columns->columns.push_back({.name = name, .defaultValue = {}, .size = size});
   m_columns->columns.back().SetType(type);
+  TellOwner();
   return {*this, GetCount() - 1};
 }
 
@@ -229,6 +253,7 @@ TDataField TDataFields::Insert(int index, const QString &name, TDataType type, i
   m_columns->columns.insert(m_columns->columns.begin() + index,
                             {.name = name, .defaultValue = {}, .size = size, .type = type});
   if (!m_values.Bytes().empty()) m_values.Insert(index, {});
+  TellOwner();
   return {*this, index};
 }
 
@@ -237,16 +262,19 @@ void TDataFields::Delete(int index) {
   m_columns->ForgetCopied();
   m_columns->columns.erase(m_columns->columns.begin() + index);
   m_values.Remove(index);
+  TellOwner();
 }
 
 void TDataFields::Clear() {
   m_columns = NoColumns();
   m_values.Clear();
+  TellOwner();
 }
 
 void TDataFields::Assign(const TDataFields &source) {
   m_columns = DataColumns::Copied(source.m_columns);
   m_values = source.m_values;
+  TellOwner();
 }
 
 TDataField TDataFields::GetFields(int index) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tessera/base/TObject.h>
 #include <tessera/data/TValueRecord.h>
 
 #include <QSharedDataPointer>
@@ -89,15 +90,25 @@ class TESSERA_CORE_EXPORT TDataField : public TDataFieldView {
   TDataFields *m_fields;
 };
 
+/// What has fields as a part of it and wants to know when they change.
+class TESSERA_CORE_EXPORT TFieldsOwner : public TObject {
+ public:
+  /// After any change of columns or values.
+  virtual void FieldsChanged() = 0;
+};
+
 /// The columns of a layer, or the columns and values of an object.
 ///
 /// All objects of a layer share the definitions until one of them changes its own; an object's values lie packed in one
 /// block. Reading field i walks over the values before it.
 class TESSERA_CORE_EXPORT TDataFields {
  public:
-  TDataFields();
-  TDataFields(const TDataFields &);
-  TDataFields &operator=(const TDataFields &);
+  /// Changes are told to `owner`, if there is one.
+  explicit TDataFields(TFieldsOwner *owner = nullptr);
+  /// A copy has no owner.
+  TDataFields(const TDataFields &other);
+  /// Takes over columns and values as they are; the owner stays.
+  TDataFields &operator=(const TDataFields &other);
   ~TDataFields();
 
   /// Appends a column. A text column of size 0 gets size 255.
@@ -124,7 +135,7 @@ class TESSERA_CORE_EXPORT TDataFields {
 
   /// All values in their packed form, for readers and writers of whole files.
   [[nodiscard]] const TValueRecord &GetRecord() const { return m_values; }
-  void SetRecord(std::string_view packed) { m_values.Assign(packed); }
+  void SetRecord(std::string_view packed);
 
  private:
   friend class TDataFieldView;
@@ -133,10 +144,15 @@ class TESSERA_CORE_EXPORT TDataFields {
   [[nodiscard]] int DisplayedIndex(int index) const;
   [[nodiscard]] int IndexOf(const QString &name) const;
   [[nodiscard]] const detail::DataColumn &Column(int index) const;
-  [[nodiscard]] detail::DataColumn &OwnColumn(int index);
+  /// Changes the definition of a column, for this list alone.
+  template <typename Change>
+  void ChangeColumn(int index, Change change);
+  void SetValue(int index, const TDataValue &value);
+  void TellOwner();
 
   QSharedDataPointer<detail::DataColumns> m_columns;
   TValueRecord m_values;
+  TFieldsOwner *m_owner = nullptr;
 };
 
 }  // namespace tessera

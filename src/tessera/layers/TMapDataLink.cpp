@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
+#include <tessera/base/GuardedCall.h>
+#include <tessera/base/THandle.h>
 #include <tessera/layers/TMapDataLink.h>
 
 #include <algorithm>
@@ -28,8 +30,19 @@ void TMapDataLinks::SetMapDataLink(int index, TMapDataLink *link) {
   m_links[CheckedIndex(index, m_links.size(), LinkIndex)] = link;
 }
 
-void TMapDataLinks::TraceMapEvent(TMapDataLinkEvent event, TObject *sender) const {
-  for (TMapDataLink *link : m_links) link->MapEvent(event, sender, 0);
+void TMapDataLinks::TraceMapEvent(TMapDataLinkEvent event, TObject *sender) {
+  if (m_links.empty()) return;
+  const std::weak_ptr<TMapDataLinks *const> self = m_self;
+  std::vector<THandle<TMapDataLink>> links;
+  for (TMapDataLink *link : m_links) links.emplace_back(link);
+  const THandle<TObject> subject(sender);
+  AllSteps steps;
+  for (const auto &link : links) {
+    const bool isHere =
+        !self.expired() && link && std::find(m_links.begin(), m_links.end(), link.Get()) != m_links.end();
+    if (isHere && (subject || sender == nullptr)) steps.Try([&] { link->MapEvent(event, sender, 0); });
+  }
+  steps.Rethrow();
 }
 
 TMapDataLink::~TMapDataLink() {

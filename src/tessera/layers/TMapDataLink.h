@@ -4,6 +4,7 @@
 #include <tessera/base/TObject.h>
 #include <tessera/objects/TMapDataLinkEvent.h>
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -33,8 +34,9 @@ class TESSERA_CORE_EXPORT TMapDataLinks {
   [[nodiscard]] TTessera *GetMap() const { return m_map; }
   void SetMap(TTessera *map) { m_map = map; }
 
-  /// Tells every link, in order. A link must not add or take out links of this map meanwhile.
-  void TraceMapEvent(TMapDataLinkEvent event, TObject *sender) const;
+  /// Tells every link, in order, whatever the others throw; the first exception goes on afterwards. A link that is
+  /// added meanwhile is not told, nor is one that is taken out before its turn.
+  void TraceMapEvent(TMapDataLinkEvent event, TObject *sender);
 
  private:
   friend class TMapDataLink;
@@ -63,6 +65,7 @@ class TESSERA_CORE_EXPORT TMapDataLink : public TObject {
   void SetMap(Map *map) {
     SetLinks(map ? map->GetDataLinks() : nullptr);
   }
+  void SetMap(std::nullptr_t) { SetLinks(nullptr); }
 
   /// Called on every change. `sender` is the layer, layer collection or object concerned; `info` is 0.
   virtual void MapEvent(TMapDataLinkEvent event, TObject *sender, int info);

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+// The layer's objects and switches. Handlers may do anything: after each event the layer and the object that the event
+// was about are looked for by their handles.
 #include <tessera/base/Exceptions.h>
-#include <tessera/layers/TMapLayer.h>
-#include <tessera/layers/detail/ExtentCache.h>
-#include <tessera/providers/CustomFormatProvider.h>
-
-#include <QFileInfo>
+#include <tessera/base/GuardedCall.h>
+#include <tessera/layers/TMapLayers.h>
+#include <tessera/layers/detail/ObjectStore.h>
+#include <tessera/objects/TMapObjectsList.h>
 
 #include <algorithm>
 
@@ -15,230 +16,223 @@ constexpr char ObjectIndex[] = "Object";
 
 }  // namespace
 
-TMapLayer::TMapLayer() : m_extents(std::make_unique<detail::ExtentCache>()) {}
+TMapLayer::TMapLayer() : m_objects(std::make_unique<detail::ObjectStore>(*this)) {}
 
 TMapLayer::~TMapLayer() {
+  DestroySilently();
+}
+
+void TMapLayer::BeforeDestruction() {
+  AnnounceEnd();
+}
+
+void TMapLayer::AnnounceEnd() {
+  if (m_isEnding || GetMapHost() == nullptr) return;
+  m_isEnding = true;
+  const THandle<TMapLayer> self(this);
+  AllSteps steps;
   bool allowDelete = false;
-  if (m_map) m_map->FireBeforeDelLayer(*this, false, allowDelete);
-  DeleteObjects();
+  steps.Try([&] { GetMapHost()->FireBeforeDelLayer(*this, false, allowDelete); });
+  if (self && GetMapHost() && !GetMapHost()->IsBeingDestroyed()) steps.Try([this] { DeleteObjects(); });
+  steps.Rethrow();
+}
+
+void TMapLayer::SetMap(TMapHost *map) {
+  TMapHost *present = GetMapHost();
+  if (present == map) return;
+  if (present && !present->IsBeingDestroyed()) {
+    const THandle<TMapLayer> self(this);
+    GuardedCall([&] { present->GetSelection()->RemoveLayer(this); });
+    if (!self) return;
+    for (const auto &object : m_objects->Items()) present->GetDisplayed()->Remove(object.get());
+  }
+  StoreMap(map);
+}
+
+void TMapLayer::Adopt(TCustomMapObject &object) {
+  m_isAdopting = true;
+  object.SetLayer(this);
+  m_isAdopting = false;
 }
 
 TCustomMapObject *TMapLayer::AddObject(std::unique_ptr<TCustomMapObject> object, bool paintNow) {
   TCustomMapObject *added = object.get();
-  m_objects.push_back(std::move(object));
-  m_extents->Invalidate();
-  added->SetMap(m_map);
-  added->SetLayer(this);
+  Adopt(*added);
+  m_objects->Append(std::move(object));
+  TMapHost *map = GetMapHost();
+  m_isAdopting = true;
   added->GetFields().Assign(m_fields);
-  if (m_map == nullptr) return added;
-  added->SetStyle(m_map->GetDefaultStyle(added->GetFontKind()));
-  m_map->SetModified(true);
-  if (paintNow) m_map->FireAddObject(*added);
-  m_map->TraceMapEvent(mdlAddObject, this);
-  if (!m_map->GetInUpdate() && m_map->IsReadyToPaint()) added->Paint();
-  return added;
-}
-
-std::size_t TMapLayer::PositionOf(const TCustomMapObject *object) const {
-  // Most objects that leave a layer have come last.
-  const auto found =
-      std::find_if(m_objects.rbegin(), m_objects.rend(), [object](const auto &o) { return o.get() == object; });
-  return found == m_objects.rend() ? m_objects.size() : std::size_t(m_objects.rend() - found) - 1;
+  if (map) added->SetStyle(map->GetDefaultStyle(added->GetFontKind()));
+  m_isAdopting = false;
+  if (map == nullptr) return added;
+  map->SetModified(true);
+  const THandle<TMapLayer> self(this);
+  const THandle<TCustomMapObject> handle(added);
+  AllSteps steps;
+  if (paintNow) steps.Try([&] { map->FireAddObject(*added); });
+  if (self) steps.Try([&] { TraceToMap(mdlAddObject); });
+  steps.Rethrow();
+  map = handle ? added->GetMapHost() : nullptr;
+  if (map && !map->GetInUpdate() && map->IsReadyToPaint()) added->Paint();
+  return handle.Get();
 }
 
 std::unique_ptr<TCustomMapObject> TMapLayer::RemoveObject(TCustomMapObject *object) {
-  const std::size_t at = PositionOf(object);
-  if (at == m_objects.size()) return nullptr;
-  std::unique_ptr<TCustomMapObject> removed = std::move(m_objects[at]);
-  m_objects.erase(m_objects.begin() + std::ptrdiff_t(at));
-  m_extents->Invalidate();
+  if (IndexOf(object) < 0) return nullptr;
+  auto removed = m_objects->Take(*object);
+  removed->SetLayer(nullptr);
   return removed;
+}
+
+std::unique_ptr<TCustomMapObject> TMapLayer::TakeSilently(TCustomMapObject &object) {
+  auto taken = m_objects->Take(object);
+  if (taken) taken->Detach();
+  return taken;
 }
 
 void TMapLayer::ForgetObject(TCustomMapObject &object) {
   // The object is being destroyed already, by whoever owns it now.
-  const std::size_t at = PositionOf(&object);
-  if (at == m_objects.size()) return;
-  static_cast<void>(m_objects[at].release());
-  m_objects.erase(m_objects.begin() + std::ptrdiff_t(at));
-  m_extents->Invalidate();
+  static_cast<void>(m_objects->Take(object).release());
 }
 
-bool TMapLayer::Destroy(std::size_t at) {
-  TCustomMapObject *object = m_objects[at].get();
-  const bool isOwn = object->GetObjectLayer() == this;
-  if (isOwn) {
-    // The object takes itself out of the list while it is destroyed.
-    std::default_delete<TCustomMapObject>()(object);
-  } else {
-    // One that SetObjects has put in knows nothing of this list.
-    RemoveObject(object).reset();
-  }
-  return isOwn;
+void TMapLayer::NoteGeometry(TCustomMapObject &object) {
+  m_objects->NoteGeometry(object);
+}
+
+void TMapLayer::NoteChange(TCustomMapObject &object, TMapDataLinkEvent event) {
+  TMapHost *map = GetMapHost();
+  if (map && !m_isAdopting && !map->GetIsLoading()) map->TraceMapEvent(event, &object);
+}
+
+void TMapLayer::FieldsChanged() {
+  if (GetMapHost() && !GetMapHost()->GetIsLoading()) TraceToMap(mdlLayerFieldsChanged);
+}
+
+void TMapLayer::Destroy(TCustomMapObject &object) {
+  const THandle<TMapLayer> self(this);
+  const THandle<TCustomMapObject> doomed(&object);
+  AllSteps steps;
+  steps.Try([&] { object.AnnounceEnd(); });
+  if (self && doomed) TakeSilently(object).reset();
+  steps.Rethrow();
+}
+
+void TMapLayer::DestroySilently() {
+  while (m_objects->GetCount() > 0) TakeSilently(*m_objects->Last()).reset();
 }
 
 void TMapLayer::DeleteObject(int index) {
-  if (index != -1 && Destroy(CheckedIndex(index, m_objects.size(), ObjectIndex))) {
-    const std::size_t next = CheckedIndex(index, m_objects.size(), ObjectIndex);
-    static_cast<void>(m_objects[next].release());
-    m_objects.erase(m_objects.begin() + index);
-    m_extents->Invalidate();
+  const THandle<TMapLayer> self(this);
+  AllSteps steps;
+  if (index != -1) {
+    steps.Try([&] { Destroy(*GetObjects(index)); });
+    steps.Rethrow();
+    if (!self) return;
+    // Dropped, but not destroyed.
+    TCustomMapObject *next = GetObjects(index);
+    static_cast<void>(m_objects->Take(*next).release());
+    next->SetLayer(nullptr);
   }
   UpdateMap();
 }
 
 void TMapLayer::DeleteObjects() {
-  while (!m_objects.empty()) Destroy(m_objects.size() - 1);
-  UpdateMap();
+  const THandle<TMapLayer> self(this);
+  AllSteps steps;
+  // So often, and not as long as there are any: handlers may add some.
+  for (int i = GetObjectCount(); i > 0 && self && GetObjectCount() > 0; --i) {
+    steps.Try([this] { Destroy(*m_objects->Last()); });
+  }
+  if (self) {
+    DestroySilently();
+    UpdateMap();
+  }
+  steps.Rethrow();
+}
+
+int TMapLayer::GetObjectCount() const {
+  return int(m_objects->GetCount());
 }
 
 TCustomMapObject *TMapLayer::GetObjects(int index) const {
-  return m_objects[CheckedIndex(index, m_objects.size(), ObjectIndex)].get();
+  return m_objects->Items()[CheckedIndex(index, m_objects->GetCount(), ObjectIndex)].get();
 }
 
 std::unique_ptr<TCustomMapObject> TMapLayer::SetObjects(int index, std::unique_ptr<TCustomMapObject> object) {
-  m_objects[CheckedIndex(index, m_objects.size(), ObjectIndex)].swap(object);
-  m_extents->Invalidate();
-  return object;
+  const std::size_t at = CheckedIndex(index, m_objects->GetCount(), ObjectIndex);
+  Adopt(*object);
+  auto replaced = m_objects->Replace(at, std::move(object));
+  replaced->Detach();
+  return replaced;
+}
+
+void TMapLayer::ReserveObjects(std::size_t count) {
+  m_objects->Reserve(count);
+}
+
+int TMapLayer::IndexOf(const TCustomMapObject *object) const {
+  if (object == nullptr || object->GetObjectLayer() != this) return -1;
+  const std::size_t index = m_objects->IndexOf(*object);
+  return index == m_objects->GetCount() ? -1 : int(index);
 }
 
 void TMapLayer::UpdateMap() {
-  if (m_map) m_map->DoUpdate(true);
+  if (GetMapHost()) GetMapHost()->DoUpdate(true);
 }
 
 void TMapLayer::TraceToMap(TMapDataLinkEvent event) {
-  if (m_map) m_map->TraceMapEvent(event, this);
+  if (GetMapHost()) GetMapHost()->TraceMapEvent(event, this);
 }
 
 void TMapLayer::SetVisible(bool visible) {
+  const THandle<TMapLayer> self(this);
+  AllSteps steps;
   m_isVisible = visible;
   if (!visible) {
     m_isEditable = false;
-    if (m_map) m_map->DeselectLayer(*this);
+    if (GetMapHost()) steps.Try([this] { GetMapHost()->GetSelection()->RemoveLayer(this); });
   }
-  UpdateMap();
-  TraceToMap(mdlLayerVisibleChanged);
+  if (self) UpdateMap();
+  if (self) steps.Try([this] { TraceToMap(mdlLayerVisibleChanged); });
+  steps.Rethrow();
 }
 
 void TMapLayer::SetSelectable(bool selectable) {
+  const THandle<TMapLayer> self(this);
+  AllSteps steps;
   m_isSelectable = m_isEditable || (selectable && m_isVisible);
-  if (!m_isSelectable && m_map) m_map->DeselectLayer(*this);
-  TraceToMap(mdlLayerSelectableChanged);
+  if (!m_isSelectable && GetMapHost()) steps.Try([this] { GetMapHost()->GetSelection()->RemoveLayer(this); });
+  if (self) steps.Try([this] { TraceToMap(mdlLayerSelectableChanged); });
+  steps.Rethrow();
 }
 
 void TMapLayer::SetEditable(bool editable) {
+  const THandle<TMapLayer> self(this);
+  AllSteps steps;
   m_isEditable = editable && m_isVisible;
   if (m_isEditable) {
     m_isSelectable = true;
-    if (m_map) m_map->EndEditingOfOthers(*this);
+    if (GetMapHost()) steps.Try([this] { GetMapHost()->GetLayers()->EndEditingBut(*this); });
   }
-  TraceToMap(mdlLayerEditableChanged);
+  if (self) steps.Try([this] { TraceToMap(mdlLayerEditableChanged); });
+  steps.Rethrow();
 }
 
 void TMapLayer::SetAutoLabel(bool autoLabel) {
   if (m_autoLabel == autoLabel) return;
+  const THandle<TMapLayer> self(this);
+  AllSteps steps;
   m_autoLabel = autoLabel;
-  TraceToMap(mdlLayerAutolabelChanged);
-  UpdateMap();
+  steps.Try([this] { TraceToMap(mdlLayerAutolabelChanged); });
+  if (self) UpdateMap();
+  steps.Rethrow();
 }
 
 bool TMapLayer::ValidZoom() const {
-  const double zoom = m_map ? m_map->GetViewport().Zoom : 0;
+  const double zoom = GetMapHost() ? GetMapHost()->GetViewport().Zoom : 0;
   if (m_minZoom == 0 && m_maxZoom == 0) return true;
   if (m_minZoom == 0 || zoom < m_minZoom || m_maxZoom == 0) return false;
   return zoom <= m_maxZoom;
-}
-
-bool TMapLayer::MeetsRect(std::size_t id, const TBounds &rect) const {
-  using Relation = detail::ExtentCache::Relation;
-  const Relation relation = rect.IsInverted() ? Relation::Unknown : m_extents->RelationOf(id, rect);
-  if (relation != Relation::Unknown) return relation == Relation::Inside;
-  const TCustomMapObject &object = *m_objects[id];
-  return object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
-         object.WithinRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
-         object.ContainsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
-}
-
-void TMapLayer::SetUseIndex2D(bool use) {
-  if (m_useIndex2D == use) return;
-  m_useIndex2D = use;
-  m_index2D->SetLayer(use ? this : nullptr);
-  // They settle most candidates without a look at the objects.
-  if (use) m_extents->Update(m_objects);
-}
-
-std::unique_ptr<TIndexCell> TMapLayer::SetIndex2D(std::unique_ptr<TIndexCell> index) {
-  Q_ASSERT(index);
-  return std::exchange(m_index2D, std::move(index));
-}
-
-bool TMapLayer::IsCandidateInRect(std::uint32_t id, const TBounds &rect) const {
-  const TCustomMapObject &object = *m_objects[CheckedIndex(id, m_objects.size(), ObjectIndex)];
-  // The extents are of use as long as nothing changes, but bringing them up to date takes longer than the query.
-  if (m_extents->IsUpToDate() && !rect.IsInverted()) {
-    using Relation = detail::ExtentCache::Relation;
-    const Relation relation = m_extents->RelationOf(id, rect);
-    if (relation != Relation::Unknown) return relation == Relation::Inside;
-  }
-  return object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
-         object.WithinRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
-}
-
-void TMapLayer::KeepThoseInRect(const TBounds &rect, TCardinalArray &ids) const {
-  // From the last to the first; those that stay gather at the end.
-  const std::span<std::uint32_t> all = ids.Ids();
-  std::size_t firstKept = all.size();
-  for (std::size_t i = all.size(); i-- > 0;) {
-    if (IsCandidateInRect(all[i], rect)) all[--firstKept] = all[i];
-  }
-  std::copy(all.begin() + std::ptrdiff_t(firstKept), all.end(), all.begin());
-  ids.Truncate(int(all.size() - firstKept));
-}
-
-bool TMapLayer::GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) const {
-  ids.Clear();
-  if (m_useIndex2D) {
-    if (!m_index2D->GetAllIdsInRect(rect, ids)) return false;
-    KeepThoseInRect(CellBounds2Bounds(rect), ids);
-    return true;
-  }
-  m_extents->Update(m_objects);
-  const TBounds bounds = CellBounds2Bounds(rect);
-  for (std::size_t id = 0; id < m_objects.size(); ++id) {
-    if (MeetsRect(id, bounds)) ids.Add(std::uint32_t(id));
-  }
-  return ids.GetCount() != 0;
-}
-
-void TMapLayer::Paint() {
-  if (m_map == nullptr || !m_map->IsReadyToPaint() || !m_isVisible || !ValidZoom()) return;
-  TCardinalArray ids;
-  if (!GetAllIdsInRect(Bounds2CellBounds(m_map->GetViewport().GetViewBounds()), ids)) return;
-  for (const std::uint32_t id : ids.Ids()) m_objects[id]->Paint();
-}
-
-void TMapLayer::PaintSelection() {
-  if (m_map == nullptr || !m_map->GetViewFlags().FastSelection || !m_isVisible || !ValidZoom()) return;
-  m_map->DrawSelectionOf(*this);
-}
-
-bool TMapLayer::LoadFromFile(const QString &fileName, const QString &layerName) {
-  if (FormatProviders == nullptr) return false;
-  TCustomFormatProvider *provider = FormatProviders->FindSuitableProvider(fileName);
-  if (provider == nullptr || !provider->Load(this, fileName)) return false;
-  SetFileName(fileName);
-  SetName(layerName.isEmpty() ? QFileInfo(fileName).completeBaseName() : layerName);
-  return true;
-}
-
-bool TMapLayer::SaveToFile(const QString &fileName) {
-  if (FormatProviders == nullptr) return false;
-  const QString name = fileName.isEmpty() ? m_fileName : fileName;
-  if (name.isEmpty()) return false;
-  TCustomFormatProvider *provider = FormatProviders->FindSuitableProvider(name);
-  if (provider == nullptr) return false;
-  if (m_map && m_map->GetisMapRotated()) m_map->UnRotate();
-  return provider->Save(this, name);
 }
 
 }  // namespace tessera

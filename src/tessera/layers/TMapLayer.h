@@ -2,28 +2,43 @@
 #pragma once
 
 #include <tessera/base/TCardinalArray.h>
+#include <tessera/base/THandle.h>
 #include <tessera/layers/TIndexCell.h>
 #include <tessera/objects/TCustomMapObject.h>
 
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace tessera {
 
 class TMapLayers;
 namespace detail {
-class ExtentCache;
+class ObjectStore;
 }
 
+/// An object that was taken out of a layer, and where it stood in the whole list.
+struct TTakenObject {
+  int index = 0;
+  std::unique_ptr<TCustomMapObject> object;
+};
+
 /// One ordered set of map objects with common attribute columns, display switches and default tools. The order is that
-/// of drawing, and an object's position in it is its id: there is no other identity.
+/// of drawing, and an object's position in it is its id. What is to be found again after a change of the order is kept
+/// by a THandle.
 ///
 /// The layer owns its objects. Every change of state is told to the map's links, and most ask the map for a new
-/// picture.
+/// picture. Handlers may do anything, destroy the layer too: what they may have destroyed comes back as none.
 class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
  public:
   TMapLayer();
+  /// Destroys the objects. Nobody is told.
   ~TMapLayer() override;
+  /// Tells of the end: see AnnounceEnd.
+  void BeforeDestruction() override;
+  /// Tells handlers that the layer is about to be destroyed, as `delete` does by itself, and destroys its objects, each
+  /// with its events. Nothing happens without a map, or the second time. What handlers throw goes on afterwards.
+  void AnnounceEnd();
 
   // Objects.
 
@@ -37,23 +52,45 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
     return static_cast<Kind *>(NewObject(CreateMapObject<Kind>));
   }
   TCustomMapObject *NewObject(TMapObjectClass objectClass) { return AddObject(objectClass(), false); }
-  /// Takes an object out of the list, without destroying it; none when it is not there.
+  /// Takes an object out of the list, without destroying it and without a word; none when it is not there. It stays on
+  /// the map, and selected if it was.
   std::unique_ptr<TCustomMapObject> RemoveObject(TCustomMapObject *object);
   /// Destroys the object at `index`, then drops the one that has moved up into its place without destroying it: whoever
   /// needs it holds it already. This double removal is intended. -1 only refreshes the map.
   /// @throws ERangeError outside the count, and after destroying the last object.
   void DeleteObject(int index);
-  /// Destroys all objects, from the last to the first.
+  /// Destroys all objects, from the last to the first. What handlers add meanwhile goes as well, without an event.
   void DeleteObjects();
   /// @throws ERangeError outside the count; so do First and Last of an empty layer.
   [[nodiscard]] TCustomMapObject *GetObjects(int index) const;
-  /// Puts an object into the place of another, which is handed back.
+  /// Puts an object into the place of another, which is handed back, in no layer and on no map.
   std::unique_ptr<TCustomMapObject> SetObjects(int index, std::unique_ptr<TCustomMapObject> object);
-  [[nodiscard]] int GetObjectCount() const { return int(m_objects.size()); }
+  [[nodiscard]] int GetObjectCount() const;
   [[nodiscard]] TCustomMapObject *First() const { return GetObjects(0); }
   [[nodiscard]] TCustomMapObject *Last() const { return GetObjects(GetObjectCount() - 1); }
   /// Makes room for more objects.
-  void ReserveObjects(std::size_t count) { m_objects.reserve(m_objects.size() + count); }
+  void ReserveObjects(std::size_t count);
+  /// Position of an object, its id; -1 when it is not in the layer. Nearly free as long as the order changes little.
+  [[nodiscard]] int IndexOf(const TCustomMapObject *object) const;
+
+  // Editing. An object is taken out, unless a handler of OnBeforeRemoveObject refuses, and put back with all it has:
+  // geometry, tools, values. Many at once cost little more than one. The spatial index is not touched.
+
+  /// Takes out an object, deselected; none when a handler refuses or it is not in the layer. OnAfterRemoveObject and
+  /// mdlRemoveObject follow.
+  std::unique_ptr<TCustomMapObject> TakeObject(TCustomMapObject *object);
+  /// Takes out those that handlers do not refuse. The answer is in the order of the list.
+  std::vector<TTakenObject> TakeObjects(std::span<TCustomMapObject *const> objects);
+  /// Inserts an object before `index`, as it is. OnAddObject and mdlAddObject follow. @throws ERangeError beyond the
+  /// count.
+  TCustomMapObject *PutObject(int index, std::unique_ptr<TCustomMapObject> object);
+  /// Puts objects back, each at the place that it then has in the whole list. @throws ERangeError, and puts nothing,
+  /// when a place lies beyond the end. @pre the places ascend
+  void PutObjects(std::vector<TTakenObject> taken);
+  /// Destroys those that handlers do not refuse, and answers how many. Each sends OnDeleteObject, too.
+  int DeleteObjects(std::span<TCustomMapObject *const> objects);
+  /// Moves an object in the order, so that it stands at `newIndex`. @throws ERangeError outside the count.
+  void MoveObject(int curIndex, int newIndex);
 
   // Switches.
 
@@ -70,15 +107,15 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   [[nodiscard]] bool GetAutoLabel() const override { return m_autoLabel; }
   void SetAutoLabel(bool autoLabel);
   [[nodiscard]] int GetLabelFieldIndex() const override { return m_labelFieldIndex; }
-  void SetLabelFieldIndex(int index) { m_labelFieldIndex = index; }
+  void SetLabelFieldIndex(int index) { Change(m_labelFieldIndex, index, mdlLayerLabelChanged); }
   [[nodiscard]] const TFont &GetAutoLabelFont() const override { return m_autoLabelFont; }
-  void SetAutoLabelFontDefaultFont(const TFont &font) { m_autoLabelFont = font; }
+  void SetAutoLabelFontDefaultFont(const TFont &font) { Change(m_autoLabelFont, font, mdlLayerLabelChanged); }
   /// The zooms between which the layer is shown, both inclusive. With only one of the two set it is never shown, which
   /// is intended; with none it always is.
   [[nodiscard]] double GetMinZoom() const { return m_minZoom; }
-  void SetMinZoom(double zoom) { m_minZoom = zoom; }
+  void SetMinZoom(double zoom) { Change(m_minZoom, zoom, mdlLayerZoomChanged); }
   [[nodiscard]] double GetMaxZoom() const { return m_maxZoom; }
-  void SetMaxZoom(double zoom) { m_maxZoom = zoom; }
+  void SetMaxZoom(double zoom) { Change(m_maxZoom, zoom, mdlLayerZoomChanged); }
   [[nodiscard]] bool ValidZoom() const;
 
   /// Whether area queries ask the spatial index. Turning it on builds the index if that is needed; later changes of the
@@ -93,7 +130,7 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   // What belongs to the layer.
 
   [[nodiscard]] const QString &GetName() const { return m_name; }
-  void SetName(const QString &name) { m_name = name; }
+  void SetName(const QString &name) { Change(m_name, name, mdlLayerNameChanged); }
   [[nodiscard]] const QString &GetFileName() const { return m_fileName; }
   void SetFileName(const QString &fileName) { m_fileName = fileName; }
   [[nodiscard]] int GetTag() const { return m_tag; }
@@ -110,13 +147,9 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   void SetDefaultBrush(const TBrush &brush) { m_defaultBrush = brush; }
   [[nodiscard]] const TFont &GetDefaultFont() const { return m_defaultFont; }
   void SetDefaultFont(const TFont &font) { m_defaultFont = font; }
-  /// The map, for callers that include TTessera.h.
-  template <class Map = TTessera>
-  [[nodiscard]] Map *GetMap() const {
-    return static_cast<Map *>(m_map);
-  }
-  [[nodiscard]] TMapHost *GetMapHost() const { return m_map; }
-  void SetMap(TMapHost *map) { m_map = map; }
+  /// Puts the layer and its objects on a map. From another one they take their leave: the objects are deselected and no
+  /// longer displayed there.
+  void SetMap(TMapHost *map);
 
   // Queries, drawing and files.
 
@@ -126,7 +159,8 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   /// order of its cells, and the answer is whether there were candidates. @throws ERangeError when the index is stale
   /// and names an object beyond the count.
   bool GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) const;
-  /// Draws the objects in view, unless the layer is hidden or out of its zoom range.
+  /// Draws the objects in view, unless the layer is hidden or out of its zoom range. Where a stale index names objects
+  /// that are not there, the others are drawn, and the message sink is told once.
   void Paint();
   /// Draws the highlight of the layer's selected objects, with the map's FastSelection on.
   void PaintSelection();
@@ -138,28 +172,45 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   bool SaveToFile(const QString &fileName);
 
   void ForgetObject(TCustomMapObject &object) override;
+  void NoteGeometry(TCustomMapObject &object) override;
+  void NoteChange(TCustomMapObject &object, TMapDataLinkEvent event) override;
+  void FieldsChanged() override;
 
  private:
-  [[nodiscard]] std::size_t PositionOf(const TCustomMapObject *object) const;
   [[nodiscard]] bool MeetsRect(std::size_t id, const TBounds &rect) const;
   [[nodiscard]] bool IsCandidateInRect(std::uint32_t id, const TBounds &rect) const;
-  void KeepThoseInRect(const TBounds &rect, TCardinalArray &ids) const;
-  /// Destroys an object, which leaves the list. Answers whether it belonged to this layer and did so by itself.
-  bool Destroy(std::size_t at);
+  // Ids that a stale index gives are counted, or, where they are not, thrown at.
+  void KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, int *staleCount) const;
+  bool FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, int *staleCount) const;
+  /// Makes the object one of this layer, before it is put into the list.
+  void Adopt(TCustomMapObject &object);
+  /// Destroys an object of this layer with its events.
+  void Destroy(TCustomMapObject &object);
+  /// Takes an object out, in no layer and on no map; none when it is not here.
+  std::unique_ptr<TCustomMapObject> TakeSilently(TCustomMapObject &object);
+  void DestroySilently();
+  /// Those among `objects` that may go: each once, and still there after the handlers were asked.
+  std::vector<THandle<TCustomMapObject>> AskToRemove(std::span<TCustomMapObject *const> objects);
+  void TellOfRemoval(std::size_t count);
+  void TellOfPut(TCustomMapObject *object);
   void UpdateMap();
   void TraceToMap(TMapDataLinkEvent event);
+  template <typename Value>
+  void Change(Value &member, const Value &value, TMapDataLinkEvent event) {
+    if (member == value) return;
+    member = value;
+    TraceToMap(event);
+  }
 
-  std::vector<std::unique_ptr<TCustomMapObject>> m_objects;
-  std::unique_ptr<detail::ExtentCache> m_extents;
+  std::unique_ptr<detail::ObjectStore> m_objects;
   std::unique_ptr<TIndexCell> m_index2D = std::make_unique<TIndexCell>();
   QString m_fileName;
   QString m_name;
-  TDataFields m_fields;
+  TDataFields m_fields{this};
   TBrush m_defaultBrush;
   TFont m_defaultFont;
   TPen m_defaultPen;
   TFont m_autoLabelFont{QStringLiteral("Arial"), 8};
-  TMapHost *m_map = nullptr;
   double m_maxZoom = 0;
   double m_minZoom = 0;
   int m_tag = 0;
@@ -169,6 +220,9 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   bool m_isSelectable = true;
   bool m_autoLabel = false;
   bool m_useIndex2D = false;
+  bool m_isStaleIndexTold = false;
+  bool m_isAdopting = false;
+  bool m_isEnding = false;
 };
 
 }  // namespace tessera

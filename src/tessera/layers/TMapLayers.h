@@ -9,11 +9,15 @@
 
 namespace tessera {
 
-/// The layers of a map, in drawing order: the first lies at the bottom. Owns them.
-class TESSERA_CORE_EXPORT TMapLayers : public TObject {
+/// The layers of a map, in drawing order: the first lies at the bottom. Owns them. Handlers may do anything meanwhile:
+/// a layer that one of them has destroyed comes back as none.
+class TESSERA_CORE_EXPORT TMapLayers : public TObject, public TMapMember {
  public:
   TMapLayers() = default;
+  /// Destroys the layers, in order.
   ~TMapLayers() override;
+  /// Tells handlers of the end of every layer, for a map that is closing.
+  void AnnounceEnd();
 
   /// Appends a layer of the given name and loads the file into it. When there is no such file the layer stays empty,
   /// and a diagnostic notice says so; nothing is shown and nothing thrown.
@@ -23,7 +27,8 @@ class TESSERA_CORE_EXPORT TMapLayers : public TObject {
   TMapLayer *Insert(const QString &fileName, int index);
   /// Destroys a layer unless a handler of OnBeforeDelLayer forbids it. @throws ERangeError outside the count.
   void Delete(int index);
-  /// Destroys all layers, in order; nobody can forbid it and no data link is told.
+  /// Destroys all layers, in order; nobody can forbid it and no data link is told. What handlers add meanwhile goes as
+  /// well, without an event.
   void Clear();
   /// @throws ERangeError outside the count.
   void Exchange(int i, int j);
@@ -33,7 +38,7 @@ class TESSERA_CORE_EXPORT TMapLayers : public TObject {
   [[nodiscard]] int GetCount() const { return int(m_layers.size()); }
   /// @throws ERangeError outside the count; so do First and Last of an empty map.
   [[nodiscard]] TMapLayer *GetLayer(int index) const;
-  /// Puts a layer into the place of another, which is handed back.
+  /// Puts a layer into the place of another, which is handed back and on no map any more.
   std::unique_ptr<TMapLayer> SetLayer(int index, std::unique_ptr<TMapLayer> layer);
   [[nodiscard]] TMapLayer *First() const { return GetLayer(0); }
   [[nodiscard]] TMapLayer *Last() const { return GetLayer(GetCount() - 1); }
@@ -43,15 +48,20 @@ class TESSERA_CORE_EXPORT TMapLayers : public TObject {
   /// The first editable layer, or none.
   [[nodiscard]] TMapLayer *GetEditableLayer() const;
 
-  [[nodiscard]] TMapHost *GetMapHost() const { return m_map; }
-  void SetMap(TMapHost *map) { m_map = map; }
+  /// Position of a layer; -1 when it is not here.
+  [[nodiscard]] int IndexOf(const TMapLayer *layer) const;
+  /// Ends the editing of every layer but this one.
+  void EndEditingBut(const TMapLayer &layer);
+  /// Puts all layers on a map.
+  void SetMap(TMapHost *map);
 
  private:
-  std::unique_ptr<TMapLayer> MakeLayer() const;
+  TMapLayer *Enter(std::unique_ptr<TMapLayer> layer, std::size_t at);
+  std::unique_ptr<TMapLayer> Take(const TMapLayer *layer);
+  [[nodiscard]] std::vector<THandle<TMapLayer>> Handles() const;
   void UpdateMap(TMapDataLinkEvent event, TObject *sender);
 
   std::vector<std::unique_ptr<TMapLayer>> m_layers;
-  TMapHost *m_map = nullptr;
 };
 
 }  // namespace tessera

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/GuardedCall.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/map/detail/TesseraPrivate.h>
 
@@ -54,6 +55,7 @@ TTessera::TTessera(QWidget *parent) : QWidget(parent), d(std::make_unique<Privat
   resize(sizeHint());
   d->layers->SetMap(this);
   d->selection->SetMap(this);
+  d->displayed->SetMap(this);
   d->dataLinks->SetMap(this);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -61,6 +63,8 @@ TTessera::TTessera(QWidget *parent) : QWidget(parent), d(std::make_unique<Privat
 
 TTessera::~TTessera() {
   d->isBeingDestroyed = true;
+  // As long as all of the map is still there.
+  GuardedCall([this] { d->layers->AnnounceEnd(); });
   d->layers.reset();
 }
 
@@ -238,37 +242,49 @@ void TTessera::SetColor(TColor color) {
   if (std::exchange(d->color, color) != color) DoUpdate(true);
 }
 
+namespace {
+
+/// Puts `given` into the place of `held`, which is handed back. The one is on the map from now on, the other on none.
+template <class Part, class Map>
+std::unique_ptr<Part> Replaced(std::unique_ptr<Part> &held, std::unique_ptr<Part> given, Map *map) {
+  held->SetMap(nullptr);
+  held.swap(given);
+  held->SetMap(map);
+  map->DoUpdate(true);
+  return given;
+}
+
+}  // namespace
+
 TMapLayers *TTessera::GetLayers() const {
   return d->layers.get();
 }
 std::unique_ptr<TMapLayers> TTessera::SetLayers(std::unique_ptr<TMapLayers> layers) {
-  return std::exchange(d->layers, std::move(layers));
+  return Replaced(d->layers, std::move(layers), this);
 }
 TSubstrates *TTessera::GetSubstrates() const {
   return d->substrates.get();
 }
 std::unique_ptr<TSubstrates> TTessera::SetSubstrates(std::unique_ptr<TSubstrates> substrates) {
-  d->substrates->SetMap(nullptr);
-  substrates->SetMap(this);
-  return std::exchange(d->substrates, std::move(substrates));
+  return Replaced(d->substrates, std::move(substrates), this);
 }
 TSelection *TTessera::GetSelection() const {
   return d->selection.get();
 }
 std::unique_ptr<TSelection> TTessera::SetSelection(std::unique_ptr<TSelection> selection) {
-  return std::exchange(d->selection, std::move(selection));
+  return Replaced(d->selection, std::move(selection), this);
 }
 TDisplayedObjects *TTessera::GetDisplayed() const {
   return d->displayed.get();
 }
 std::unique_ptr<TDisplayedObjects> TTessera::SetDisplayed(std::unique_ptr<TDisplayedObjects> displayed) {
-  return std::exchange(d->displayed, std::move(displayed));
+  return Replaced(d->displayed, std::move(displayed), this);
 }
 TMapDataLinks *TTessera::GetDataLinks() const {
   return d->dataLinks.get();
 }
 std::unique_ptr<TMapDataLinks> TTessera::SetDataLinks(std::unique_ptr<TMapDataLinks> links) {
-  return std::exchange(d->dataLinks, std::move(links));
+  return Replaced(d->dataLinks, std::move(links), this);
 }
 TTesseraOptions *TTessera::GetOptions() const {
   return d->options.get();

@@ -113,7 +113,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   [[nodiscard]] bool GetIsBusy() const override;
   void SetIsBusy(bool isBusy);
   /// Set while a format provider fills a layer.
-  [[nodiscard]] bool GetIsLoading() const;
+  [[nodiscard]] bool GetIsLoading() const override;
   void SetIsLoading(bool isLoading) override;
 
   // Drawing.
@@ -148,17 +148,18 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   /// Copies the off-screen picture to the screen picture and draws the fast selection over it.
   void PaintBitmapToMapCanvas();
 
-  // What the map owns. A setter takes over what it is given and hands back what was held.
+  // What the map owns. A setter takes over what it is given, which is on this map from now on, and hands back what was
+  // held, which is on none. A list that is handed back is not told of objects that go.
 
-  [[nodiscard]] TMapLayers *GetLayers() const;
+  [[nodiscard]] TMapLayers *GetLayers() const override;
   std::unique_ptr<TMapLayers> SetLayers(std::unique_ptr<TMapLayers> layers);
-  [[nodiscard]] TSelection *GetSelection() const;
+  [[nodiscard]] TSelection *GetSelection() const override;
   std::unique_ptr<TSelection> SetSelection(std::unique_ptr<TSelection> selection);
   /// The pictures under the layers, shown when there is a layer.
   [[nodiscard]] TSubstrates *GetSubstrates() const;
   std::unique_ptr<TSubstrates> SetSubstrates(std::unique_ptr<TSubstrates> substrates);
   /// The objects of the current picture.
-  [[nodiscard]] TDisplayedObjects *GetDisplayed() const;
+  [[nodiscard]] TDisplayedObjects *GetDisplayed() const override;
   std::unique_ptr<TDisplayedObjects> SetDisplayed(std::unique_ptr<TDisplayedObjects> displayed);
   [[nodiscard]] TMapDataLinks *GetDataLinks() const;
   std::unique_ptr<TMapDataLinks> SetDataLinks(std::unique_ptr<TMapDataLinks> links);
@@ -182,6 +183,10 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   void OnBeforeDelLayer(tessera::TTessera *sender, tessera::TMapLayer *layer, bool confirmDelete, bool &allowDelete);
   void OnAfterDelLayer(tessera::TTessera *sender);
   void OnAddObject(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject);
+  /// Before an object is taken out or deleted by editing (see TMapLayer), which `canRemove` may refuse.
+  void OnBeforeRemoveObject(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject, bool &canRemove);
+  void OnAfterRemoveObject(tessera::TTessera *sender);
+  /// Before an object is destroyed, while it is still whole.
   void OnDeleteObject(tessera::TCustomMapObject *sender);
   void OnAddSelection(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject);
   void OnDelSelection(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject);
@@ -220,24 +225,18 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   bool IsReadyToPaint() const override;
   bool IsBeingDestroyed() const override;
   detail::ScreenOutliner &GetOutliner() override;
-  void RegisterDisplayed(TCustomMapObject &object) override;
-  void UnregisterDisplayed(TCustomMapObject &object) override;
-  bool IsSelected(const TCustomMapObject &object) const override;
-  void SelectAlone(TCustomMapObject &object) override;
-  void Deselect(TCustomMapObject &object) override;
-  void DeselectLayer(TMapLayer &layer) override;
-  void DrawSelectionOf(const TMapLayer &layer) override;
   void TraceMapEvent(TMapDataLinkEvent event, TObject *sender) override;
   void FireAddLayer(TMapLayer &layer) override;
   void FireBeforeDelLayer(TMapLayer &layer, bool confirmDelete, bool &allowDelete) override;
   void FireAfterDelLayer() override;
   void FireAddObject(TCustomMapObject &object) override;
+  void FireBeforeRemoveObject(TCustomMapObject &object, bool &canRemove) override;
+  void FireAfterRemoveObject() override;
   void FireDeleteObject(TCustomMapObject &object) override;
   void FireAddSelection(TCustomMapObject &object) override;
   void FireDelSelection(TCustomMapObject &object) override;
   void FireUpdate() override;
   const TObjectStylePtr &GetDefaultStyle(TObjectFont font) const override;
-  void EndEditingOfOthers(TMapLayer &layer) override;
 
   void SetView(double TViewport::*member, double value);
   void ZoomByWheel(const QPoint &position, int delta);

@@ -18,34 +18,6 @@ detail::ScreenOutliner &TTessera::GetOutliner() {
   return *d->outliner;
 }
 
-void TTessera::RegisterDisplayed(TCustomMapObject &object) {
-  d->displayed->Add(object);
-}
-void TTessera::UnregisterDisplayed(TCustomMapObject &object) {
-  d->displayed->Remove(object);
-}
-bool TTessera::IsSelected(const TCustomMapObject &object) const {
-  return d->selection->Holds(&object);
-}
-void TTessera::SelectAlone(TCustomMapObject &object) {
-  d->selection->Add(&object, true);
-}
-
-void TTessera::Deselect(TCustomMapObject &object) {
-  // An object can be in the selection more than once.
-  while (d->selection->Holds(&object)) d->selection->Remove(&object);
-}
-
-void TTessera::DeselectLayer(TMapLayer &layer) {
-  d->selection->RemoveLayer(&layer);
-}
-
-void TTessera::DrawSelectionOf(const TMapLayer &layer) {
-  for (TCustomMapObject *object : d->selection->Items()) {
-    if (object->GetObjectLayer() == &layer) object->DrawSelection();
-  }
-}
-
 void TTessera::TraceMapEvent(TMapDataLinkEvent event, TObject *sender) {
   d->dataLinks->TraceMapEvent(event, sender);
 }
@@ -61,6 +33,12 @@ void TTessera::FireAfterDelLayer() {
 }
 void TTessera::FireAddObject(TCustomMapObject &object) {
   Q_EMIT OnAddObject(this, &object);
+}
+void TTessera::FireBeforeRemoveObject(TCustomMapObject &object, bool &canRemove) {
+  Q_EMIT OnBeforeRemoveObject(this, &object, canRemove);
+}
+void TTessera::FireAfterRemoveObject() {
+  Q_EMIT OnAfterRemoveObject(this);
 }
 void TTessera::FireDeleteObject(TCustomMapObject &object) {
   Q_EMIT OnDeleteObject(&object);
@@ -87,12 +65,6 @@ void TTessera::StopProgress() {
 
 const TObjectStylePtr &TTessera::GetDefaultStyle(TObjectFont font) const {
   return d->options->GetStyle(font);
-}
-
-void TTessera::EndEditingOfOthers(TMapLayer &layer) {
-  for (const auto &other : d->layers->Items()) {
-    if (other.get() != &layer && other->GetEditable()) other->SetEditable(false);
-  }
 }
 
 }  // namespace tessera

@@ -34,6 +34,13 @@ void TGeoCircle::RecalculatePoints() {
   ring.AppendTo(FirstPart().GetPoints());
 }
 
+std::unique_ptr<TCustomMapObject> TGeoCircle::Clone() const {
+  auto copy = std::make_unique<TGeoCircle>();
+  copy->m_centre = m_centre;
+  copy->m_radius = m_radius;
+  return CloneInto(std::move(copy));
+}
+
 void TGeoCircle::Draw() {
   constexpr int FewestPoints = 4;
   TCustomMapObject::Draw();

@@ -19,6 +19,7 @@ class TESSERA_CORE_EXPORT TGeoCircle : public TCustomMapObject {
 
   /// Nothing as long as the first part has fewer than 4 points.
   void Draw() override;
+  [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   /// Whether the point lies within the outline or on it.
   bool ContainsPoint(double x, double y) const override;

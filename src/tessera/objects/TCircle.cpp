@@ -42,6 +42,12 @@ void TCircle::SetRadius(double radius) {
   UpdateBounds();
 }
 
+std::unique_ptr<TCustomMapObject> TCircle::Clone() const {
+  auto copy = std::make_unique<TCircle>();
+  copy->m_radius = m_radius;
+  return CloneInto(std::move(copy));
+}
+
 void TCircle::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

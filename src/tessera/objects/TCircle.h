@@ -18,6 +18,7 @@ class TESSERA_CORE_EXPORT TCircle : public TCustomMapObject {
   /// The bounds become the square about the centre.
   void UpdateBounds() override;
   void Draw() override;
+  [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   /// The rim counts as inside.
   bool ContainsPoint(double x, double y) const override;

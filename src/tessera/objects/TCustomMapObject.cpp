@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/GuardedCall.h>
+#include <tessera/base/THandle.h>
 #include <tessera/geometry/PolySplitter.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/objects/TCustomMapObject.h>
+#include <tessera/objects/TMapObjectsList.h>
 #include <tessera/objects/detail/RectTests.h>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace tessera {
 namespace {
@@ -32,14 +36,85 @@ bool AnyVertex(const TCustomMapObject &object, Test test) {
 TCustomMapObject::TCustomMapObject() : m_style(InitialStyle()) {}
 
 TCustomMapObject::~TCustomMapObject() {
-  if (m_map && !m_map->IsBeingDestroyed()) {
-    m_map->Deselect(*this);
-    m_map->UnregisterDisplayed(*this);
-    m_map->FireDeleteObject(*this);
-    m_map->TraceMapEvent(mdlRemoveObject, this);
-    m_map->DoUpdate(true);
+  if (m_isInLayer) m_place.layer->ForgetObject(*this);
+  Detach();
+}
+
+void TCustomMapObject::Detach() {
+  TMapHost *map = GetMapHost();
+  if (map && !map->IsBeingDestroyed()) {
+    map->GetSelection()->Forget(*this);
+    map->GetDisplayed()->Remove(this);
   }
-  if (m_layer) m_layer->ForgetObject(*this);
+  if (map && !m_isInLayer) map->m_looseObjects.erase(this);
+  m_isInLayer = false;
+  m_isExtentKnown = false;
+  ForgetMap();
+}
+
+void TCustomMapObject::SetMap(TMapHost *map) {
+  if (m_isInLayer || m_place.map == map) return;
+  Detach();
+  if (map) map->m_looseObjects.insert(this);
+  m_place.map = map;
+}
+
+void TCustomMapObject::SetLayer(TObjectLayer *layer) {
+  if (GetObjectLayer() == layer) return;
+  TMapHost *map = GetMapHost();
+  if (map && !m_isInLayer) map->m_looseObjects.erase(this);
+  m_isExtentKnown = false;
+  m_isInLayer = layer != nullptr;
+  m_place.layer = layer;
+  if (layer == nullptr) SetMap(map);
+}
+
+void TCustomMapObject::BeforeDestruction() {
+  AnnounceEnd();
+}
+
+void TCustomMapObject::AnnounceEnd() {
+  const auto isOnMap = [this] { return GetMapHost() && !GetMapHost()->IsBeingDestroyed(); };
+  if (m_isEnding || !isOnMap()) return;
+  m_isEnding = true;
+  const THandle<TCustomMapObject> self(this);
+  AllSteps steps;
+  const auto step = [&](auto tell) {
+    if (self && isOnMap()) steps.Try([&] { tell(*GetMapHost()); });
+  };
+  step([this](TMapHost &map) { map.GetSelection()->Leave(*this); });
+  step([this](TMapHost &map) { map.GetDisplayed()->Remove(this); });
+  step([this](TMapHost &map) { map.FireDeleteObject(*this); });
+  step([this](TMapHost &map) { map.TraceMapEvent(mdlRemoveObject, this); });
+  step([](TMapHost &map) { map.DoUpdate(true); });
+  if (self) m_isEnding = false;
+  steps.Rethrow();
+}
+
+std::unique_ptr<TCustomMapObject> TCustomMapObject::Clone() const {
+  return CloneInto(std::make_unique<TCustomMapObject>());
+}
+
+void TCustomMapObject::CopyCommonTo(TCustomMapObject &copy) const {
+  copy.m_parts.Assign(m_parts);
+  copy.m_fields = m_fields;
+  copy.m_style = m_style;
+  copy.m_tag = m_tag;
+}
+
+void TCustomMapObject::SetStyle(const TObjectStylePtr &style) {
+  m_style = style;
+  NoteChange(mdlObjectStyleChanged);
+}
+
+TCustomMapObject &TCustomMapObject::Of(TParts &parts) {
+  // The parts lie in the object, and nowhere else: only an object makes them. A pointer back would cost a million
+  // points eight megabytes.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+  constexpr std::size_t Offset = offsetof(TCustomMapObject, m_parts);
+#pragma GCC diagnostic pop
+  return *reinterpret_cast<TCustomMapObject *>(reinterpret_cast<std::byte *>(&parts) - Offset);
 }
 
 void TCustomMapObject::UpdateBounds() {
@@ -51,15 +126,15 @@ void TCustomMapObject::UpdateBounds() {
 }
 
 void TCustomMapObject::Draw() {
-  if (m_map) m_map->RegisterDisplayed(*this);
+  if (TMapHost *map = GetMapHost()) map->GetDisplayed()->Add(this);
 }
 
 void TCustomMapObject::DrawSelection() {
-  if (m_map && m_map->GetViewFlags().ShowSelection) PrepareCanvasAtributes();
+  if (GetMapHost() && GetMapHost()->GetViewFlags().ShowSelection) PrepareCanvasAtributes();
 }
 
 void TCustomMapObject::DrawFigureAsSelection() {
-  if (m_map == nullptr || !m_map->GetViewFlags().ShowSelection) return;
+  if (GetMapHost() == nullptr || !GetMapHost()->GetViewFlags().ShowSelection) return;
   TCustomMapObject::DrawSelection();
   Draw();
 }
@@ -132,24 +207,26 @@ void TCustomMapObject::PrepareCanvasAtributes() {
 
 void TCustomMapObject::Paint() {
   constexpr int SelectedPenExtraPx = 2;
-  if (m_map == nullptr) return;
+  const TMapHost *map = GetMapHost();
+  if (map == nullptr) return;
   TCanvas &canvas = Canvas();
   AssignToolsToCanvas(canvas);
-  if (!m_map->GetViewFlags().FastSelection && GetSelected()) {
+  if (!map->GetViewFlags().FastSelection && GetSelected()) {
     canvas.Brush().SetStyle(TBrushStyle::bsSolid);
-    canvas.Brush().SetBitmap(m_map->GetSelectionPattern());
+    canvas.Brush().SetBitmap(map->GetSelectionPattern());
     canvas.Pen().SetMode(TPenMode::pmCopy);
     canvas.Pen().SetColor(clNavy);
     canvas.Pen().SetWidth(canvas.Pen().GetWidth() + SelectedPenExtraPx);
   }
   Draw();
-  if (m_layer && m_layer->GetAutoLabel()) DrawLabel(canvas);
+  if (m_isInLayer && m_place.layer->GetAutoLabel()) DrawLabel(canvas);
 }
 
 void TCustomMapObject::DrawLabel(TCanvas &canvas) {
-  const int field = m_layer->GetLabelFieldIndex();
-  if (field < 0 || field >= m_layer->GetFieldCount()) return;
-  const TViewport &viewport = m_map->GetViewport();
+  const TObjectLayer &layer = *m_place.layer;
+  const int field = layer.GetLabelFieldIndex();
+  if (field < 0 || field >= layer.GetFieldCount()) return;
+  const TViewport &viewport = GetMapHost()->GetViewport();
   const TBounds view = viewport.GetViewBounds();
   if (!WithinRect(view.MinX, view.MinY, view.MaxX, view.MaxY)) return;
   const auto parts = std::as_const(m_parts).Items();
@@ -159,7 +236,7 @@ void TCustomMapObject::DrawLabel(TCanvas &canvas) {
                             ? GetPixels(0, 0)
                             : viewport.MapToScreen((bounds.MinX + bounds.MaxX) / 2, (bounds.MinY + bounds.MaxY) / 2);
   canvas.Brush().SetStyle(TBrushStyle::bsClear);
-  canvas.Font() = m_layer->GetAutoLabelFont();
+  canvas.Font() = layer.GetAutoLabelFont();
   const QString text = std::as_const(m_fields).GetFields(field).GetAsString();
   const QSize extent = canvas.TextExtent(text);
   canvas.TextOut(anchor.x() - extent.width() / 2, anchor.y() - extent.height() / 2, text);
@@ -167,11 +244,12 @@ void TCustomMapObject::DrawLabel(TCanvas &canvas) {
 
 TPoint TCustomMapObject::GetPixels(int part, int point) const {
   const TMapPoint &vertex = m_parts.GetItems(part).GetPoints().GetPoint(point);
-  return m_map->GetViewport().MapToScreen(vertex.X, vertex.Y);
+  return GetMapHost()->GetViewport().MapToScreen(vertex.X, vertex.Y);
 }
 
 bool TCustomMapObject::GetSelected() const {
-  return m_map && m_map->IsSelected(*this);
+  const TMapHost *map = GetMapHost();
+  return map && map->GetSelection()->Holds(this);
 }
 
 void TCustomMapObject::SetSelected(bool /*value*/) {
@@ -179,7 +257,7 @@ void TCustomMapObject::SetSelected(bool /*value*/) {
 }
 
 void TCustomMapObject::Select() {
-  if (m_map && !GetSelected()) m_map->SelectAlone(*this);
+  if (GetMapHost()) GetMapHost()->GetSelection()->SelectAlone(*this);
 }
 
 TPart &TCustomMapObject::FirstPart() {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tessera/base/TObject.h>
 #include <tessera/data/TDataFields.h>
 #include <tessera/graphics/TRgn.h>
 #include <tessera/objects/TMapHost.h>
@@ -14,6 +13,9 @@
 namespace tessera {
 
 class TTessera;
+namespace detail {
+class ObjectStore;
+}
 
 /// How a kind of object answers when Contains asks it about a box, that is, about a plain object whose vertices are the
 /// four corners.
@@ -31,12 +33,20 @@ enum class TBoxContainment {
 ///
 /// All coordinates are map units. Rectangle tests are inclusive and take (X1, Y1) as the lower and (X2, Y2) as the
 /// upper corner as given, without putting them in order. The layer owns the object; the map and the layer are only
-/// referred to.
-class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
+/// referred to. An object in a layer is on that layer's map.
+class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
  public:
   TCustomMapObject();
-  /// Leaves the selection and the displayed objects of its map, tells of it, and leaves its layer.
+  /// Leaves its layer and its map, and tells nobody.
   ~TCustomMapObject() override;
+  /// Tells of the end: see AnnounceEnd.
+  void BeforeDestruction() override;
+  /// Leaves the selection and the displayed objects of its map and tells handlers and links that it is about to be
+  /// destroyed, as `delete` does by itself. Each of them is told, whatever the others throw; then the first exception
+  /// goes on. Handlers may destroy the object. Nothing happens without a map, or when that is being destroyed.
+  void AnnounceEnd();
+  /// A new object of the same kind with the same geometry, tools, values and tag, in no layer and on no map.
+  [[nodiscard]] virtual std::unique_ptr<TCustomMapObject> Clone() const;
 
   /// Computes the bounds from every vertex. An object without vertices gets bounds that contain nothing.
   virtual void UpdateBounds();
@@ -86,32 +96,39 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   /// The map, for callers that include TTessera.h.
   template <class Map = TTessera>
   [[nodiscard]] Map *GetMap() const {
-    return static_cast<Map *>(m_map);
+    return static_cast<Map *>(GetMapHost());
   }
-  [[nodiscard]] TMapHost *GetMapHost() const { return m_map; }
-  void SetMap(TMapHost *map) { m_map = map; }
+  [[nodiscard]] TMapHost *GetMapHost() const { return m_isInLayer ? m_place.layer->GetMapHost() : m_place.map; }
+  /// For an object in no layer. One in a layer stays on the layer's map.
+  void SetMap(TMapHost *map);
   /// The layer, for callers that include TMapLayer.h.
   template <class Layer = TMapLayer>
   [[nodiscard]] Layer *GetLayer() const {
-    return static_cast<Layer *>(m_layer);
+    return static_cast<Layer *>(GetObjectLayer());
   }
-  [[nodiscard]] const TObjectLayer *GetObjectLayer() const { return m_layer; }
-  void SetLayer(TObjectLayer *layer) { m_layer = layer; }
+  [[nodiscard]] TObjectLayer *GetObjectLayer() const { return m_isInLayer ? m_place.layer : nullptr; }
+  /// For layers, which put the object into their list. Taken out of a layer, the object stays on the map.
+  void SetLayer(TObjectLayer *layer);
+  /// Leaves layer and map, and there the selection and the displayed objects, and tells nobody. For layers, which have
+  /// taken the object out of their list.
+  void Detach();
+
+  // Every setter of the tools tells the links of the map; none asks for a new picture.
 
   [[nodiscard]] const TPen &GetPen() const { return m_style->pen; }
-  void SetPen(const TPen &pen) { m_style->pen = pen; }
+  void SetPen(const TPen &pen) { ChangeStyle(&TObjectStyle::pen, pen); }
   [[nodiscard]] const TBrush &GetBrush() const { return m_style->brush; }
-  void SetBrush(const TBrush &brush) { m_style->brush = brush; }
+  void SetBrush(const TBrush &brush) { ChangeStyle(&TObjectStyle::brush, brush); }
   [[nodiscard]] const TFont &GetFont() const { return m_style->font; }
-  virtual void SetFont(const TFont &font) { m_style->font = font; }
+  virtual void SetFont(const TFont &font) { ChangeStyle(&TObjectStyle::font, font); }
   /// Whether areas are filled with the background colour before the brush.
   [[nodiscard]] bool GetUseBGColor() const { return m_style->useBGColor; }
-  void SetUseBGColor(bool use) { m_style->useBGColor = use; }
+  void SetUseBGColor(bool use) { ChangeStyle(&TObjectStyle::useBGColor, use); }
   [[nodiscard]] TColor GetBGColor() const { return m_style->bgColor; }
-  void SetBGColor(TColor color) { m_style->bgColor = color; }
+  void SetBGColor(TColor color) { ChangeStyle(&TObjectStyle::bgColor, color); }
   /// All drawing tools at once; objects given the same style share it.
   [[nodiscard]] const TObjectStylePtr &GetStyle() const { return m_style; }
-  virtual void SetStyle(const TObjectStylePtr &style) { m_style = style; }
+  virtual void SetStyle(const TObjectStylePtr &style);
 
   [[nodiscard]] TParts &GetParts() { return m_parts; }
   [[nodiscard]] const TParts &GetParts() const { return m_parts; }
@@ -120,11 +137,20 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   [[nodiscard]] TDataFields &GetFields() { return m_fields; }
   [[nodiscard]] const TDataFields &GetFields() const { return m_fields; }
   void SetFields(const TDataFields &fields) { m_fields = fields; }
+  void FieldsChanged() override { NoteChange(mdlObjectFieldsChanged); }
   /// Free for the user.
   [[nodiscard]] int GetTag() const { return m_tag; }
   void SetTag(int tag) { m_tag = tag; }
 
  protected:
+  /// Clone of a kind: `copy`, made by the kind, gets what every object has.
+  template <class Kind>
+  [[nodiscard]] std::unique_ptr<Kind> CloneInto(std::unique_ptr<Kind> copy) const {
+    CopyCommonTo(*copy);
+    return copy;
+  }
+  /// Gives the object a style that only drawing asks for, as a font fitted to the zoom is; nobody is told.
+  void ReplaceStyle(const TObjectStylePtr &style) { m_style = style; }
   /// DrawSelection of the kinds whose highlight is their figure: draws it with the tools of the highlight.
   void DrawFigureAsSelection();
   /// Whether some corner passes ContainsPoint.
@@ -142,21 +168,53 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TObject {
   void MoveAnchor(double x, double y);
   /// The first vertex, or (0, 0) where there is none.
   [[nodiscard]] TMapPoint GetAnchor() const;
-  [[nodiscard]] TCanvas &Canvas() const { return m_map->GetCanvas(); }
+  [[nodiscard]] TCanvas &Canvas() const { return GetMapHost()->GetCanvas(); }
 
  private:
   friend class TDisplayedObjects;
+  friend class TMapHost;
+  friend class TParts;
+  friend class detail::ObjectStore;
+
+  template <typename Value>
+  void ChangeStyle(Value TObjectStyle::*member, const Value &value) {
+    (*m_style).*member = value;
+    NoteChange(mdlObjectStyleChanged);
+  }
+  void CopyCommonTo(TCustomMapObject &copy) const;
   void AssignToolsToCanvas(TCanvas &canvas) const;
   void DrawLabel(TCanvas &canvas);
+  /// The object that `parts` are part of.
+  static TCustomMapObject &Of(TParts &parts);
+  /// The vertices or bounds have changed.
+  void NoteGeometry() {
+    if (!m_isExtentKnown) return;
+    m_isExtentKnown = false;
+    m_place.layer->NoteGeometry(*this);
+  }
+  void NoteChange(TMapDataLinkEvent event) {
+    if (m_isInLayer) m_place.layer->NoteChange(*this, event);
+  }
+  void ForgetMap() { m_place.map = nullptr; }
 
-  TMapHost *m_map = nullptr;
-  TObjectLayer *m_layer = nullptr;
+  union Place {
+    TObjectLayer *layer;
+    TMapHost *map;
+  };
+  Place m_place{.layer = nullptr};  ///< The layer, when it is in one; otherwise the map, or none.
   TObjectStylePtr m_style;
   TParts m_parts;
-  TDataFields m_fields;
+  TDataFields m_fields{this};
   int m_tag = 0;
   /// Place in the displayed objects, if it is there that the object stands; kept by TDisplayedObjects.
   std::uint32_t m_displayedAt = 0;
+  /// Where the object stood in its layer when that was last asked for; kept by the layer, which looks there first.
+  mutable std::uint32_t m_layerAt : 29 = 0;
+  std::uint32_t m_isInLayer : 1 = 0;
+  /// The layer has taken note of the extent; never set outside a layer.
+  std::uint32_t m_isExtentKnown : 1 = 0;
+  /// AnnounceEnd is at work.
+  std::uint32_t m_isEnding : 1 = 0;
 };
 
 /// Makes an object of one kind; what layers and readers take as a class.

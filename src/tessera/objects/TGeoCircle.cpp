@@ -8,6 +8,15 @@ TGeoCircle::TGeoCircle() {
   GeneratePoints();
 }
 
+std::unique_ptr<TCustomMapObject> TGeoCircle::Clone() const {
+  auto copy = std::make_unique<TGeoCircle>();
+  copy->m_centerX = m_centerX;
+  copy->m_centerY = m_centerY;
+  copy->m_radius = m_radius;
+  copy->m_pieCount = m_pieCount;
+  return CloneInto(std::move(copy));
+}
+
 void TGeoCircle::SetCenterX(double longitude) {
   m_centerX = longitude;
   GeneratePoints();

@@ -18,6 +18,7 @@ class TESSERA_CORE_EXPORT TGeoCircle : public TRegion {
 
   /// A ring about (0, 0).
   TGeoCircle();
+  [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
 
   /// Longitude of the centre, in degrees.
   [[nodiscard]] double GetCenterX() const { return m_centerX; }

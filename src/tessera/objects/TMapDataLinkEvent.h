@@ -4,7 +4,7 @@
 namespace tessera {
 
 /// What a map tells the links of its companions. The order is part of the interface. The two "before" members stand for
-/// subscribers and are never sent.
+/// subscribers and are never sent. While a layer is being loaded, the changes of its objects are not told one by one.
 enum TMapDataLinkEvent {
   mdlBeforeAddLayer,
   mdlAfterAddLayer,
@@ -20,7 +20,14 @@ enum TMapDataLinkEvent {
   mdlAddObject,
   mdlRemoveObject,
   mdlAddSelection,
-  mdlDelSelection
+  mdlDelSelection,
+  mdlLayerNameChanged,     ///< Of the layer, as the next three.
+  mdlLayerZoomChanged,     ///< One of the two zoom limits.
+  mdlLayerLabelChanged,    ///< The label's field or font.
+  mdlLayerFieldsChanged,   ///< The columns.
+  mdlObjectStyleChanged,   ///< Of the object: pen, brush, font or background colour.
+  mdlObjectFieldsChanged,  ///< Of the object: values, or columns of its own.
+  mdlMoveObject            ///< The object stands at another place of its layer's order.
 };
 
 }  // namespace tessera

@@ -2,7 +2,6 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/objects/TMapPoints.h>
 #include <tessera/objects/TParts.h>
-#include <tessera/objects/detail/GeometryVersion.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -38,8 +37,6 @@ TBounds BoundsOf(std::span<const TMapPoint> points) {
 }
 
 }  // namespace
-
-std::uint64_t detail::GeometryVersion::s_version = 0;
 
 TMapPoints &TMapPoints::operator=(TMapPoints &&other) noexcept {
   std::swap(m_block, other.m_block);
@@ -85,7 +82,6 @@ TMapPoint *TMapPoints::BeginAppend(std::size_t count) {
 void TMapPoints::EndAppend(std::size_t count, const TBounds &bounds) {
   m_block->count += std::uint32_t(count);
   if (count == 0) return;
-  detail::GeometryVersion::Change();
   if (m_block->storesBounds) m_block->StoredBounds().Widen(bounds);
   if (m_block->owner) m_block->owner->AddBounds(bounds);
 }
@@ -99,7 +95,6 @@ const TMapPoint &TMapPoints::Add(double x, double y) {
   TMapPoint &point = m_block->Vertices()[used];
   point = {x, y};
   ++m_block->count;
-  detail::GeometryVersion::Change();
   if (m_block->storesBounds) m_block->StoredBounds().Widen(x, y);
   if (m_block->owner) m_block->owner->AddPoint(x, y, 0.0);
   return point;
@@ -123,6 +118,10 @@ TBounds TMapPoints::GetBounds() const {
   return m_block && m_block->storesBounds ? m_block->StoredBounds() : BoundsOf(Points());
 }
 
+void TMapPoints::NoteChange() {
+  if (m_block->owner) m_block->owner->NoteChange();
+}
+
 void TMapPoints::KeepBounds() {
   if (m_block && m_block->storesBounds) return;
   const TBounds bounds = GetBounds();
@@ -137,7 +136,7 @@ void TMapPoints::SetPoint(int index, const TMapPoint &point) {
   const std::size_t at = CheckedIndex(index, std::size_t(GetCount()), PointIndex);
   KeepBounds();
   m_block->Vertices()[at] = point;
-  detail::GeometryVersion::Change();
+  NoteChange();
 }
 
 void TMapPoints::Delete(int index) {
@@ -146,14 +145,14 @@ void TMapPoints::Delete(int index) {
   TMapPoint *vertices = m_block->Vertices();
   std::copy(vertices + at + 1, vertices + m_block->count, vertices + at);
   --m_block->count;
-  detail::GeometryVersion::Change();
+  NoteChange();
 }
 
 void TMapPoints::Restart() {
   if (m_block == nullptr) return;
   m_block->count = 0;
   m_block->storesBounds = 0;
-  detail::GeometryVersion::Change();
+  NoteChange();
 }
 
 void TMapPoints::UpdateBounds(const TMapPoint &point) {

@@ -81,6 +81,7 @@ class TESSERA_CORE_EXPORT TMapPoints {
   void SetOwner(TParts *owner);
   void Reallocate(std::size_t capacity, bool keepsBounds);
   void KeepBounds();
+  void NoteChange();
   TMapPoint *BeginAppend(std::size_t count);
   void EndAppend(std::size_t count, const TBounds &bounds);
 

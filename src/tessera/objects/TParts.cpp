@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
+#include <tessera/objects/TCustomMapObject.h>
 #include <tessera/objects/TParts.h>
-#include <tessera/objects/detail/GeometryVersion.h>
 
 #include <cstring>
 #include <memory>
@@ -26,7 +26,8 @@ void TPart::SetPoints(TMapPoints &&points) {
   std::swap(m_points.m_block, points.m_block);
   points.SetOwner(otherOwner);
   m_points.SetOwner(owner);
-  detail::GeometryVersion::Change();
+  if (owner) owner->NoteChange();
+  if (otherOwner) otherOwner->NoteChange();
 }
 
 void TPart::Assign(const TPart &source) {
@@ -34,7 +35,7 @@ void TPart::Assign(const TPart &source) {
 }
 
 TParts::~TParts() {
-  Clear();
+  FreeParts();
 }
 
 std::uintptr_t TParts::GetWord() const {
@@ -102,20 +103,30 @@ void TParts::Delete(int index) {
   const std::size_t at = CheckedIndex(index, std::size_t(GetCount()), PartIndex);
   if (Many *many = GetMany()) {
     many->erase(many->begin() + std::ptrdiff_t(at));
-    detail::GeometryVersion::Change();
+    NoteChange();
   } else {
     Clear();
   }
 }
 
 void TParts::Clear() {
+  FreeParts();
+  NoteChange();
+}
+
+void TParts::FreeParts() {
   if (Many *many = GetMany()) {
     std::default_delete<Many>()(many);
   } else {
     for (TPart &only : Items()) std::destroy_at(&only);
   }
   SetWord(0);
-  detail::GeometryVersion::Change();
+}
+
+void TParts::Assign(const TParts &source) {
+  Clear();
+  for (const TPart &part : source.Items()) Add().Assign(part);
+  SetBounds(source.GetBounds());
 }
 
 void TParts::Own() {
@@ -127,16 +138,27 @@ void TParts::Swap(TParts &other) {
   std::swap(m_bounds, other.m_bounds);
   Own();
   other.Own();
-  detail::GeometryVersion::Change();
+  NoteChange();
+  other.NoteChange();
+}
+
+void TParts::NoteChange() {
+  TCustomMapObject::Of(*this).NoteGeometry();
 }
 
 void TParts::AddPoint(double x, double y, double /*z*/) {
   m_bounds.Widen(x, y);
+  NoteChange();
+}
+
+void TParts::AddBounds(const TBounds &bounds) {
+  m_bounds.Widen(bounds);
+  NoteChange();
 }
 
 void TParts::SetBounds(const TBounds &bounds) {
   m_bounds = bounds;
-  detail::GeometryVersion::Change();
+  NoteChange();
 }
 
 }  // namespace tessera

@@ -29,14 +29,12 @@ class TESSERA_CORE_EXPORT TPart {
   TMapPoints m_points;
 };
 
-/// The parts of an object and its bounds in map units.
+/// The parts of an object and its bounds in map units. Only objects have them.
 ///
 /// Every vertex added to any part widens the bounds; nothing shrinks them but TCustomMapObject::UpdateBounds.
 /// A single part is held in place, several in an array: references to parts are valid until a part is added or deleted.
 class TESSERA_CORE_EXPORT TParts {
  public:
-  TParts() = default;
-  ~TParts();
   TParts(const TParts &) = delete;
   TParts &operator=(const TParts &) = delete;
 
@@ -48,6 +46,8 @@ class TESSERA_CORE_EXPORT TParts {
   void Delete(int index);
   /// Takes out all parts; the bounds stay.
   void Clear();
+  /// Replaces parts and bounds by copies of those of `source`.
+  void Assign(const TParts &source);
   /// Exchanges parts and bounds with another list.
   void Swap(TParts &other);
 
@@ -67,7 +67,7 @@ class TESSERA_CORE_EXPORT TParts {
 
   /// Widens the bounds with a point that was added to one of the parts.
   void AddPoint(double x, double y, double z);
-  void AddBounds(const TBounds &bounds) { m_bounds.Widen(bounds); }
+  void AddBounds(const TBounds &bounds);
   [[nodiscard]] const TBounds &GetBounds() const { return m_bounds; }
   void SetBounds(const TBounds &bounds);
   [[nodiscard]] double GetMinX() const { return m_bounds.MinX; }
@@ -80,6 +80,15 @@ class TESSERA_CORE_EXPORT TParts {
   void SetMaxY(double value) { SetBounds({m_bounds.MinX, m_bounds.MinY, m_bounds.MaxX, value}); }
 
  private:
+  friend class TCustomMapObject;
+  friend class TMapPoints;
+  friend class TPart;
+  TParts() = default;
+  ~TParts();
+  /// Tells the object that parts, vertices or bounds have changed.
+  void NoteChange();
+  void FreeParts();
+
   using Many = std::vector<TPart>;
   [[nodiscard]] Many *GetMany() const;
   Many &MakeMany();

@@ -5,6 +5,10 @@
 
 namespace tessera {
 
+std::unique_ptr<TCustomMapObject> TPolyline::Clone() const {
+  return CloneInto(std::make_unique<TPolyline>());
+}
+
 void TPolyline::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

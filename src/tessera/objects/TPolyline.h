@@ -9,6 +9,7 @@ namespace tessera {
 class TESSERA_CORE_EXPORT TPolyline : public TCustomMapObject {
  public:
   void Draw() override;
+  [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
   [[nodiscard]] TBoxContainment GetBoxContainment() const override { return TBoxContainment::ByBounds; }

@@ -44,6 +44,10 @@ void TRectangle::SetCorner(int corner, double TMapPoint::*coordinate, double val
   UpdateBounds();
 }
 
+std::unique_ptr<TCustomMapObject> TRectangle::Clone() const {
+  return CloneInto(std::make_unique<TRectangle>());
+}
+
 void TRectangle::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

@@ -18,6 +18,7 @@ class TESSERA_CORE_EXPORT TRectangle : public TCustomMapObject {
   /// Draws with the object's own pen and brush whatever the canvas holds, so that a highlight, too, shows it as it is.
   /// With UseBGColor the background colour is laid under it with the canvas's pen mode.
   void Draw() override;
+  [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   /// Whether all corners of the bounds of `object` lie in the rectangle.
   bool Contains(const TCustomMapObject &object) const override;

@@ -23,6 +23,10 @@ void TraceComplexity(TRgnComplexity complexity) {
 
 }  // namespace
 
+std::unique_ptr<TCustomMapObject> TRegion::Clone() const {
+  return CloneInto(std::make_unique<TRegion>());
+}
+
 void TRegion::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

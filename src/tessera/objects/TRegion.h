@@ -18,6 +18,7 @@ class TESSERA_CORE_EXPORT TRegion : public TCustomMapObject {
   /// In the FastDraw mode only parts of one point are accepted. @throws ERangeError there for any other part, before
   /// anything is drawn, which is intended.
   void Draw() override;
+  [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
   [[nodiscard]] TBoxContainment GetBoxContainment() const override { return TBoxContainment::ByBounds; }

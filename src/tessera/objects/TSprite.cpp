@@ -112,6 +112,15 @@ void TSprite::GlyphChanged(TObject * /*sender*/) {
   Show();
 }
 
+std::unique_ptr<TCustomMapObject> TSprite::Clone() const {
+  auto copy = std::make_unique<TSprite>();
+  copy->m_glyph = m_glyph;
+  copy->m_imageList = m_imageList;
+  copy->m_imageIndex = m_imageIndex;
+  copy->m_visible = m_visible;
+  return CloneInto(std::move(copy));
+}
+
 void TSprite::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

@@ -22,6 +22,7 @@ class TESSERA_CORE_EXPORT TSprite : public TCustomMapObject {
 
   /// Shows a visible sprite whose position is in view.
   void Draw() override;
+  [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   /// Whether the point lies, on the screen, within half the picture's size of the position along both axes. False
   /// without a map.
   bool ContainsPoint(double x, double y) const override;

@@ -15,6 +15,12 @@ void TSymbol::SetShape(int shape) {
   m_shape = std::max(shape, NoShape);
 }
 
+std::unique_ptr<TCustomMapObject> TSymbol::Clone() const {
+  auto copy = std::make_unique<TSymbol>();
+  copy->m_shape = m_shape;
+  return CloneInto(std::move(copy));
+}
+
 void TSymbol::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

@@ -15,6 +15,7 @@ class TESSERA_CORE_EXPORT TSymbol : public TCustomMapObject {
   TSymbol();
 
   void Draw() override;
+  [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   /// A frame around the character.
   void DrawSelection() override;
   /// Whether the point lies, on the screen, within half the font's size and two pixels of the symbol along both axes. A

@@ -129,7 +129,7 @@ void TText::FitFont(const Corners &corners) {
     sizePt = detail::TextFit(canvas, m_text, {box.width, box.height}).FindSize(m_minShowTextSizePt - 1);
   }
   if (sizePt != GetFont().GetSize()) {
-    TSymbol::SetStyle(detail::StylePool::Instance().Resized(GetStyle(), sizePt));
+    ReplaceStyle(detail::StylePool::Instance().Resized(GetStyle(), sizePt));
   }
   m_fittedBox = box;
 }
@@ -144,6 +144,18 @@ void TText::AutoSizeText() {
   const TMapPoint opposite = map->GetViewport().MovedByPixels(anchor, extent.width(), -extent.height());
   m_width = std::abs(opposite.X - anchor.X);
   m_height = std::abs(anchor.Y - opposite.Y);
+}
+
+std::unique_ptr<TCustomMapObject> TText::Clone() const {
+  auto copy = std::make_unique<TText>();
+  copy->SetShape(GetShape());
+  copy->m_text = m_text;
+  copy->m_angleDeg = m_angleDeg;
+  copy->m_width = m_width;
+  copy->m_height = m_height;
+  copy->m_minShowTextSizePt = m_minShowTextSizePt;
+  copy->m_freezeFontSize = m_freezeFontSize;
+  return CloneInto(std::move(copy));
 }
 
 void TText::Draw() {

@@ -26,6 +26,7 @@ class TESSERA_CORE_EXPORT TText : public TSymbol {
   /// Brings size and box in line and draws the text, unless the font is smaller than MinShowTextSize: then it is not
   /// entered into the displayed objects either.
   void Draw() override;
+  [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   /// Fills the turned box.
   void DrawSelection() override;
   /// Whether the point lies, on the screen, in GetTextRect, borders included. False without a map.

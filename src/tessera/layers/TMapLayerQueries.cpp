@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+// What a layer answers to a rectangle, how it is drawn, and how it is read and written.
+#include <tessera/base/Exceptions.h>
+#include <tessera/base/MessageSink.h>
+#include <tessera/layers/TMapLayer.h>
+#include <tessera/layers/detail/ObjectStore.h>
+#include <tessera/objects/TMapObjectsList.h>
+#include <tessera/providers/CustomFormatProvider.h>
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace tessera {
+namespace {
+
+using Relation = detail::ObjectStore::Relation;
+
+}  // namespace
+
+void TMapLayer::SetUseIndex2D(bool use) {
+  if (m_useIndex2D == use) return;
+  m_useIndex2D = use;
+  m_isStaleIndexTold = false;
+  m_index2D->SetLayer(use ? this : nullptr);
+}
+
+std::unique_ptr<TIndexCell> TMapLayer::SetIndex2D(std::unique_ptr<TIndexCell> index) {
+  Q_ASSERT(index);
+  m_isStaleIndexTold = false;
+  return std::exchange(m_index2D, std::move(index));
+}
+
+bool TMapLayer::MeetsRect(std::size_t id, const TBounds &rect) const {
+  const Relation relation = rect.IsInverted() ? Relation::Unknown : m_objects->RelationOf(id, rect);
+  if (relation != Relation::Unknown) return relation == Relation::Inside;
+  const TCustomMapObject &object = *m_objects->Items()[id];
+  return object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
+         object.WithinRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
+         object.ContainsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
+}
+
+bool TMapLayer::IsCandidateInRect(std::uint32_t id, const TBounds &rect) const {
+  const Relation relation = rect.IsInverted() ? Relation::Unknown : m_objects->RelationOf(id, rect);
+  if (relation != Relation::Unknown) return relation == Relation::Inside;
+  const TCustomMapObject &object = *m_objects->Items()[id];
+  return object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
+         object.WithinRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
+}
+
+void TMapLayer::KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, int *staleCount) const {
+  // From the last to the first; those that stay gather at the end.
+  const std::span<std::uint32_t> all = ids.Ids();
+  const std::size_t count = m_objects->GetCount();
+  std::size_t firstKept = all.size();
+  for (std::size_t i = all.size(); i-- > 0;) {
+    if (all[i] >= count && staleCount) {
+      ++*staleCount;
+      continue;
+    }
+    CheckedIndex(all[i], count, "Object");
+    if (IsCandidateInRect(all[i], rect)) all[--firstKept] = all[i];
+  }
+  std::copy(all.begin() + std::ptrdiff_t(firstKept), all.end(), all.begin());
+  ids.Truncate(int(all.size() - firstKept));
+}
+
+bool TMapLayer::FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, int *staleCount) const {
+  ids.Clear();
+  const TBounds bounds = CellBounds2Bounds(rect);
+  if (m_useIndex2D) {
+    if (!m_index2D->GetAllIdsInRect(rect, ids)) return false;
+    m_objects->UpdateExtents();
+    KeepThoseInRect(bounds, ids, staleCount);
+    return true;
+  }
+  m_objects->UpdateExtents();
+  for (std::size_t id = 0; id < m_objects->GetCount(); ++id) {
+    if (MeetsRect(id, bounds)) ids.Add(std::uint32_t(id));
+  }
+  return ids.GetCount() != 0;
+}
+
+bool TMapLayer::GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) const {
+  return FindIdsInRect(rect, ids, nullptr);
+}
+
+void TMapLayer::Paint() {
+  const TMapHost *map = GetMapHost();
+  if (map == nullptr || !map->IsReadyToPaint() || !m_isVisible || !ValidZoom()) return;
+  TCardinalArray ids;
+  int staleCount = 0;
+  if (!FindIdsInRect(Bounds2CellBounds(map->GetViewport().GetViewBounds()), ids, &staleCount)) return;
+  for (const std::uint32_t id : ids.Ids()) m_objects->Items()[id]->Paint();
+  if (staleCount > 0 && !std::exchange(m_isStaleIndexTold, true)) {
+    ShowMessage(QStringLiteral("The spatial index of layer \"%1\" is out of date, so it may not show all objects.")
+                    .arg(m_name));
+  }
+}
+
+void TMapLayer::PaintSelection() {
+  const TMapHost *map = GetMapHost();
+  if (map == nullptr || !map->GetViewFlags().FastSelection || !m_isVisible || !ValidZoom()) return;
+  for (TCustomMapObject *object : map->GetSelection()->Items()) {
+    if (object->GetObjectLayer() == this) object->DrawSelection();
+  }
+}
+
+bool TMapLayer::LoadFromFile(const QString &fileName, const QString &layerName) {
+  if (FormatProviders == nullptr) return false;
+  TCustomFormatProvider *provider = FormatProviders->FindSuitableProvider(fileName);
+  const THandle<TMapLayer> self(this);
+  if (provider == nullptr || !provider->Load(this, fileName) || !self) return false;
+  SetFileName(fileName);
+  SetName(layerName.isEmpty() ? QFileInfo(fileName).completeBaseName() : layerName);
+  return true;
+}
+
+bool TMapLayer::SaveToFile(const QString &fileName) {
+  if (FormatProviders == nullptr) return false;
+  const QString name = fileName.isEmpty() ? m_fileName : fileName;
+  if (name.isEmpty()) return false;
+  TCustomFormatProvider *provider = FormatProviders->FindSuitableProvider(name);
+  if (provider == nullptr) return false;
+  if (GetMapHost() && GetMapHost()->GetisMapRotated()) GetMapHost()->UnRotate();
+  return provider->Save(this, name);
+}
+
+}  // namespace tessera

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/base/THandle.h>
+#include <tessera/objects/TCustomMapObject.h>
+
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace tessera::detail {
+
+/// The objects of a layer in their order, and beside them their extents close together, so that an area query need not
+/// visit every object.
+///
+/// An edit costs what it touches: an object that is taken out leaves a gap, and all gaps close in one pass when the
+/// list is next looked at; one that changes its geometry has its own extent worked out anew at the next query; and an
+/// object is found from where it was found last.
+class TESSERA_CORE_EXPORT ObjectStore {
+ public:
+  using Owned = std::unique_ptr<TCustomMapObject>;
+
+  /// Of the objects of `layer`, which must be in it before they are put in here.
+  explicit ObjectStore(const TObjectLayer &layer) : m_layer(layer) {}
+  ObjectStore(const ObjectStore &) = delete;
+  ObjectStore &operator=(const ObjectStore &) = delete;
+
+  [[nodiscard]] std::size_t GetCount() const { return m_objects.size() - m_gaps; }
+  [[nodiscard]] std::span<const Owned> Items() const;
+  [[nodiscard]] TCustomMapObject *Last() const { return m_objects.back().get(); }
+  void Reserve(std::size_t count) { m_objects.reserve(m_objects.size() + count); }
+  /// Where the object stands; GetCount when it does not.
+  [[nodiscard]] std::size_t IndexOf(const TCustomMapObject &object) const;
+
+  void Append(Owned object);
+  /// @pre index <= GetCount
+  void Insert(std::size_t index, Owned object);
+  /// Puts an object into the place of another, which is handed back.
+  Owned Replace(std::size_t index, Owned object);
+  /// Takes an object out; none when it is not here. The last one costs nothing, any other a gap.
+  Owned Take(const TCustomMapObject &object);
+  void Move(std::size_t from, std::size_t to);
+  /// Puts objects at the places they are to have in the whole list, in one pass. @pre the places ascend, and none lies
+  /// beyond the end
+  void Merge(std::vector<std::pair<std::size_t, Owned>> objects);
+
+  // Extents.
+
+  enum class Relation { Apart, Inside, Unknown };
+
+  /// An object whose extent is known has changed its geometry.
+  void NoteGeometry(TCustomMapObject &object);
+  /// Brings the extents up to date with the objects.
+  void UpdateExtents();
+  /// How the object at `index` lies to a rectangle with its corners in order. Near the border, and for objects that do
+  /// not tell their extent, it is not known. @pre the extents are up to date
+  [[nodiscard]] Relation RelationOf(std::size_t index, const TBounds &rect) const {
+    const Box &box = m_boxes[index];
+    if (!(box.minX <= rect.MaxX && rect.MinX <= box.maxX && box.minY <= rect.MaxY && rect.MinY <= box.maxY)) {
+      return Relation::Apart;
+    }
+    const bool isInside =
+        rect.MinX <= box.minX && box.maxX <= rect.MaxX && rect.MinY <= box.minY && box.maxY <= rect.MaxY;
+    return isInside ? Relation::Inside : Relation::Unknown;
+  }
+
+ private:
+  /// An extent rounded outwards.
+  struct Box {
+    float minX, minY, maxX, maxY;
+  };
+  static constexpr std::size_t NoSlot = SIZE_MAX;
+  static Box BoxOf(TCustomMapObject &object);
+  [[nodiscard]] std::size_t SlotOf(const TCustomMapObject &object) const;
+  static void NoteSlot(const TCustomMapObject &object, std::size_t slot);
+  void CloseGaps() const;
+  void DropGapsAtTheEnd();
+
+  const TObjectLayer &m_layer;
+  // Slots, of which some may be gaps.
+  mutable std::vector<Owned> m_objects;
+  mutable std::vector<Box> m_boxes;  // of the first so many slots
+  mutable std::size_t m_gaps = 0;
+  std::vector<THandle<TCustomMapObject>> m_changed;  // those whose box is out of date, and perhaps others
+};
+
+}  // namespace tessera::detail
