@@ -36,25 +36,19 @@ TEST(CanvasFigureTest, LeavesOutTheRightColumnAndBottomRowOfARectangle) {
 }
 
 TEST(CanvasFigureTest, CentresThePenOnTheBorder) {
-  struct FrameCase {
-    TPenStyle style;
-    int width;
-    int ratio;
-    std::string row;  ///< The middle row of a rectangle in columns 4 … 11.
-  };
-  const FrameCase cases[] = {{TPenStyle::psClear, 1, 1, "....oooooooo...."},
-                             {TPenStyle::psSolid, 1, 1, "....#oooooo#...."},
-                             {TPenStyle::psSolid, 3, 1, "...###oooo###..."},
-                             {TPenStyle::psInsideFrame, 3, 1, "....###oo###...."},
-                             {TPenStyle::psInsideFrame, 9, 1, "....########...."},
-                             {TPenStyle::psSolid, 1, 2, "........##oooooooooooo##........"}};
-  for (const FrameCase &test : cases) {
-    Board board(40, 30, test.ratio);
+  using enum TPenStyle;
+  // Style, width, ratio, and the middle row of a rectangle in columns 4 to 11.
+  const std::tuple<TPenStyle, int, int, std::string> cases[] = {
+      {psClear, 1, 1, "....oooooooo...."},       {psSolid, 1, 1, "....#oooooo#...."},
+      {psSolid, 3, 1, "...###oooo###..."},       {psInsideFrame, 3, 1, "....###oo###...."},
+      {psInsideFrame, 9, 1, "....########...."}, {psSolid, 1, 2, "........##oooooooooooo##........"}};
+  for (const auto &[style, width, ratio, row] : cases) {
+    Board board(40, 30, ratio);
     board.FillWith(clRed);
-    board.canvas.Pen().SetStyle(test.style);
-    board.canvas.Pen().SetWidth(test.width);
+    board.canvas.Pen().SetStyle(style);
+    board.canvas.Pen().SetWidth(width);
     board.canvas.Rectangle(4, 4, 12, 20);
-    EXPECT_EQ(RowText(board, 12 * test.ratio, int(test.row.size())), test.row);
+    EXPECT_EQ(RowText(board, 12 * ratio, int(row.size())), row);
   }
 }
 
@@ -135,20 +129,6 @@ TEST(CanvasFigureTest, DrawsAWideLineAlikeOnAllSides) {
   }
 }
 
-TEST(CanvasFigureTest, DrawsAThinLineTwoPixelsWideAtRatioTwo) {
-  Board board(40, 30, 2);
-  board.canvas.Polyline(std::array{TPoint(1, 1), TPoint(3, 1)});
-  ExpectRows(board, {".......", ".......", "..#####", "..#####", "......."});
-}
-
-TEST(CanvasBrushTest, LeavesWhatLiesBetweenTheLinesOfAHatch) {
-  Board board;
-  board.FillWith(clRed);
-  board.canvas.Brush().SetStyle(TBrushStyle::bsVertical);
-  board.canvas.FillRect(QRect(2, 0, 20, 1));
-  EXPECT_EQ(RowText(board, 0, 24), "....o.......o.......o...");
-}
-
 TEST(CanvasBrushTest, StartsHatchesAtThePicturesCornerAndScalesThem) {
   Board board(40, 30, 2);
   board.FillWith(clRed);
@@ -158,30 +138,25 @@ TEST(CanvasBrushTest, StartsHatchesAtThePicturesCornerAndScalesThem) {
   EXPECT_EQ(RowText(board, 5, 22), "....oo..............oo");
 }
 
-TEST(CanvasBrushTest, LeavesThePictureUnderTransparentPixelsOfABitmap) {
-  QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
-  for (int y = 0; y < 8; ++y) {
-    for (int x = 0; x < 8; ++x) image.setPixel(x, y, x % 2 == 1 && y % 2 == 1 ? 0 : qRgb(255, 0, 0));
-  }
-  Board board;
-  board.canvas.Brush().SetBitmap(TBitmap(image));
-  board.canvas.FillRect(QRect(1, 0, 9, 2));
-  ExpectRows(board, {".ooooooooo..", "..o.o.o.o..."});
-}
-
-TEST(CanvasBrushTest, LeavesOutTheTransparentColourOfABitmapAndSeesItChange) {
+TEST(CanvasBrushTest, LeavesOutWhatIsTransparentInABitmapAndSeesItChange) {
+  QImage image(2, 1, QImage::Format_ARGB32_Premultiplied);
+  image.setPixel(0, 0, ToRgb(clRed));
+  image.setPixel(1, 0, 0);
   TBitmap pattern;
   pattern.SetSize(2, 1);
   pattern.GetImage().setPixel(0, 0, ToRgb(clRed));
   pattern.GetImage().setPixel(1, 0, ToRgb(clBlack));
   Board board;
-  board.canvas.Brush().SetBitmap(pattern);
-  board.canvas.FillRect(QRect(0, 0, 5, 1));
+  const auto fillRow = [&board](int y, const TBitmap &bitmap) {
+    board.canvas.Brush().SetBitmap(bitmap);
+    board.canvas.FillRect(QRect(1, y, 5, 1));
+  };
+  fillRow(0, pattern);
   pattern.SetTransparent(true);
   pattern.SetTransparentColor(clBlack);
-  board.canvas.Brush().SetBitmap(pattern);
-  board.canvas.FillRect(QRect(0, 1, 5, 1));
-  ExpectRows(board, {"o#o#o.", "o.o.o."});
+  fillRow(1, pattern);
+  fillRow(2, TBitmap(image));
+  ExpectRows(board, {".#o#o#.", "..o.o..", "..o.o.."});
 }
 
 TEST(CanvasBitmapTest, GoesOnDrawingWhenTheBitmapChangesUnderIt) {

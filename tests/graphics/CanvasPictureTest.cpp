@@ -78,22 +78,16 @@ TEST(CanvasPictureTest, MapsPixelsAlikeHoweverMuchIsVisible) {
   }
 }
 
-TEST(CanvasPictureTest, CopiesFromAnotherCanvasWhatThatHas) {
-  Board source;
-  test::FillWithNoise(source.bitmap);
-  Board board;
-  board.canvas.CopyRect(QRect(0, 0, 10, 10), source.canvas, QRect(-4, 25, 10, 10));
-  EXPECT_EQ(board.bitmap.GetImage().copy(4, 0, 6, 5), source.bitmap.GetImage().copy(0, 25, 6, 5));
-  EXPECT_EQ(board.At(3, 0), clWhite);
-  EXPECT_EQ(board.At(4, 5), clWhite);
-}
-
-TEST(CanvasPictureTest, CopiesWithinOnePictureWithoutSmearing) {
+TEST(CanvasPictureTest, CopiesWhatThereIsWithinOnePictureWithoutSmearing) {
   Board board;
   test::FillWithNoise(board.bitmap);
   const QImage before = board.bitmap.GetImage().copy();
   board.canvas.CopyRect(QRect(1, 1, 30, 20), board.canvas, QRect(0, 0, 30, 20));
   EXPECT_EQ(board.bitmap.GetImage().copy(1, 1, 30, 20), before.copy(0, 0, 30, 20));
+  Board other;
+  other.canvas.CopyRect(QRect(0, 0, 10, 10), board.canvas, QRect(-4, 25, 10, 10));
+  EXPECT_EQ(other.bitmap.GetImage().copy(4, 0, 6, 5), before.copy(0, 25, 6, 5));
+  EXPECT_EQ(other.Count(clWhite), 40 * 30 - 6 * 5);
 }
 
 }  // namespace

@@ -99,14 +99,13 @@ TEST(CanvasTextTest, DrawsALineBelowSeveralLetters) {
   TextBoard board;
   board.canvas.Font().SetStyle(TFontStyle::fsUnderline);
   board.canvas.TextOut(0, 10, QStringLiteral("nn nn"));
-  const int width = board.canvas.TextWidth(QStringLiteral("nn nn"));
-  int mostInARow = 0;
+  bool isLineFound = false;
   for (int y = 10; y < 40; ++y) {
-    int count = 0;
-    for (int x = 0; x < width; ++x) count += board.At(x, y) == clBlack;
-    mostInARow = std::max(mostInARow, count);
+    int x = 0;
+    while (board.At(x, y) == clBlack) ++x;
+    isLineFound |= x >= board.canvas.TextWidth(QStringLiteral("nn nn")) - 1;
   }
-  EXPECT_GE(mostInARow, width - 1);
+  EXPECT_TRUE(isLineFound);
 }
 
 TEST(CanvasTextTest, FollowsEveryChangeOfTheFont) {
@@ -138,24 +137,20 @@ TEST(CanvasTextTest, FillsTheBoxFirstUnlessTheBrushIsClear) {
 }
 
 TEST(CanvasTextTest, TurnsCounterClockwiseAboutTheUpperLeftCorner) {
-  struct TurnCase {
-    int escapement;
-    bool isLeft;  ///< Of the corner that it turns about.
-    bool isAbove;
-  };
   const QString text = QStringLiteral("HHH");
-  for (const TurnCase &test :
-       {TurnCase{0, false, false}, {900, false, true}, {1800, true, true}, {-900, true, false}}) {
-    SCOPED_TRACE(test.escapement);
+  const std::tuple<int, bool, bool> cases[] = {
+      {0, false, false}, {900, false, true}, {1800, true, true}, {-900, true, false}};
+  for (const auto &[escapement, isLeft, isAbove] : cases) {
+    SCOPED_TRACE(escapement);
     TextBoard board;
     board.FillWith(clRed);
     const QSize size = board.canvas.TextExtent(text);
-    board.canvas.SetFontEscapement(test.escapement);
+    board.canvas.SetFontEscapement(escapement);
     board.canvas.TextOut(60, 45, text);
     const QRect ink = InkRect(board);
-    EXPECT_EQ(ink.size(), test.escapement % 1800 == 0 ? size : size.transposed());
-    EXPECT_EQ(ink.left() < 60, test.isLeft);
-    EXPECT_EQ(ink.top() < 45, test.isAbove);
+    EXPECT_EQ(ink.size(), escapement % 1800 == 0 ? size : size.transposed());
+    EXPECT_EQ(ink.left() < 60, isLeft);
+    EXPECT_EQ(ink.top() < 45, isAbove);
   }
 }
 

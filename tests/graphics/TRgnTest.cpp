@@ -104,26 +104,25 @@ TEST(TRgnTest, TellsWhatTheRegionIs) {
   }
 }
 
-TEST(TRgnTest, CutsTheLargestPolygonExactly) {
-  // The slanting side runs through (y, y) whatever the distance of its ends.
-  const Points below{{Lowest + 1, Lowest + 1}, {Highest, Highest}, {Lowest + 1, Highest}};
-  const TRgn region = RegionOf(below, TFillMode::Alternate, QRect(-2, -2, 5, 4));
-  EXPECT_EQ(RunsOf(region), (Runs{{-1, -2, -1}, {0, -2, 0}, {1, -2, 1}}));
-}
-
 TEST(TRgnTest, CutsSidesOfTheFullCoordinateRangeExactly) {
-  // x = -2^31 + k * (2^32 - 1) / (2^32 - 1) and the steepest and flattest sides there are.
-  const Points steep{{0, Lowest}, {1, Highest}, {-5, Highest}, {-5, Lowest}};
-  EXPECT_EQ(RunsOf(RegionOf(steep, TFillMode::Alternate, QRect(-9, 7, 20, 1))), (Runs{{7, -5, 1}}));
-  const Points flat{{Lowest, 0}, {Highest, 2}, {Highest, 5}, {Lowest, 5}};
-  EXPECT_EQ(RunsOf(RegionOf(flat, TFillMode::Alternate, QRect(-9, 0, 20, 3))), (Runs{{1, -9, 0}, {2, -9, 11}}));
-}
-
-TEST(TRgnTest, KeepsToAClipAtTheEndOfTheCoordinates) {
-  const Points all{{Lowest, Lowest}, {Highest, Lowest}, {Highest, Highest}, {Lowest, Highest}};
-  const QRect corner(QPoint(Highest - 2, Highest - 2), QPoint(Highest - 1, Highest - 1));
-  EXPECT_EQ(RunsOf(RegionOf(all, TFillMode::Winding, corner)),
-            (Runs{{Highest - 2, Highest - 2, Highest}, {Highest - 1, Highest - 2, Highest}}));
+  struct Row {
+    Points points;
+    QRect clip;
+    Runs runs;
+  };
+  constexpr int Last = Highest - 1;
+  const Row rows[] = {
+      // The slanting side runs through (y, y) whatever the distance of its ends.
+      {{{Lowest + 1, Lowest + 1}, {Highest, Highest}, {Lowest + 1, Highest}},
+       QRect(-2, -2, 5, 4),
+       {{-1, -2, -1}, {0, -2, 0}, {1, -2, 1}}},
+      // The steepest and flattest sides there are.
+      {{{0, Lowest}, {1, Highest}, {-5, Highest}, {-5, Lowest}}, QRect(-9, 7, 20, 1), {{7, -5, 1}}},
+      {{{Lowest, 0}, {Highest, 2}, {Highest, 5}, {Lowest, 5}}, QRect(-9, 0, 20, 3), {{1, -9, 0}, {2, -9, 11}}},
+      {{{Lowest, Lowest}, {Highest, Lowest}, {Highest, Highest}, {Lowest, Highest}},
+       QRect(Last, Last, 1, 1),
+       {{Last, Last, Highest}}}};
+  for (const auto &[points, clip, runs] : rows) EXPECT_EQ(RunsOf(RegionOf(points, TFillMode::Alternate, clip)), runs);
 }
 
 TEST(TRgnTest, XorsLikeQRegion) {
