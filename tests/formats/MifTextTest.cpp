@@ -38,5 +38,14 @@ TEST(MifTextTest, PutsOneQuestionMarkForEachUnknownCharacter) {
   EXPECT_EQ(bytes, "?b");
 }
 
+TEST(MifTextTest, TellsAsciiWhereverTheOtherByteStands) {
+  for (std::size_t at = 0; at < 20; ++at) {
+    std::string text(20, 'x');
+    EXPECT_TRUE(detail::IsAscii(text));
+    text[at] = '\x80';
+    EXPECT_FALSE(detail::IsAscii(text)) << at;
+  }
+}
+
 }  // namespace
 }  // namespace tessera

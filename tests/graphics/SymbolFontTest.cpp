@@ -3,7 +3,6 @@
 
 #include <QFile>
 #include <QFontDatabase>
-#include <QFontInfo>
 #include <QFontMetrics>
 #include <QImage>
 #include <QPainter>
