@@ -60,7 +60,6 @@ inline std::vector<Operation> ModalOperations() {
   using Points = std::vector<TPoint>;
   const Points crossing{{5, 5}, {35, 25}, {35, 5}, {5, 25}, {5, 5}, {35, 25}, {60, 10}};
   return {
-      {"FillRect", [](TCanvas &canvas) { canvas.FillRect(QRect(-3, 4, 20, 10)); }},
       {"Rectangle", [](TCanvas &canvas) { canvas.Rectangle(30, 25, 6, 4); }},
       {"Ellipse", [](TCanvas &canvas) { canvas.Ellipse(4, 3, 33, 24); }},
       {"FlatEllipse", [](TCanvas &canvas) { canvas.Ellipse(-20, 10, 34, 13); }},

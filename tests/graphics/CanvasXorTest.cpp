@@ -35,7 +35,7 @@ class CanvasXorTest : public testing::TestWithParam<Operation> {
   /// Whether the operation shows with these tools.
   [[nodiscard]] bool Shows(TPenStyle pen, bool hasBrush) const {
     const std::string &name = GetParam().name;
-    if (name == "FillRect" || name == "PaintRgn") return hasBrush;
+    if (name == "PaintRgn") return hasBrush;
     if (name == "Polyline" || name == "LineTo") return pen != TPenStyle::psClear;
     return pen != TPenStyle::psClear || hasBrush || name.find("Text") != std::string::npos;
   }
@@ -96,12 +96,15 @@ TEST(CanvasXorModeTest, XorsWithTheColourOrItsInverse) {
   Board board;
   board.bitmap.GetImage().fill(qRgb(0x12, 0x34, 0x56));
   board.FillWith(RGB(0xFF, 0x0F, 0x01));
+  board.canvas.Pen().SetColor(RGB(0xFF, 0x0F, 0x01));
   board.canvas.Pen().SetMode(TPenMode::pmXor);
-  board.canvas.FillRect(QRect(0, 0, 1, 1));
+  board.canvas.LineTo(1, 0);
   EXPECT_EQ(board.At(0, 0), RGB(0x12 ^ 0xFF, 0x34 ^ 0x0F, 0x56 ^ 0x01));
   board.canvas.Pen().SetMode(TPenMode::pmNotXor);
-  board.canvas.FillRect(QRect(1, 0, 1, 1));
+  board.canvas.LineTo(2, 0);
   EXPECT_EQ(board.At(1, 0), RGB(0x12 ^ 0x00, 0x34 ^ 0xF0, 0x56 ^ 0xFE));
+  board.canvas.FillRect(QRect(0, 0, 2, 1));
+  EXPECT_EQ(board.At(0, 0), RGB(0xFF, 0x0F, 0x01)) << "a rectangle is filled whatever the mode";
 }
 
 }  // namespace

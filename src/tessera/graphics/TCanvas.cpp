@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <utility>
 
 namespace tessera {
 
@@ -56,6 +57,7 @@ void TCanvas::Private::Blit(const DeviceRect &dest, const TBitmap &bitmap) const
   if (bitmap.HasTransparentColor()) transparent = ToRgb(bitmap.GetTransparentColor());
   // A bitmap drawn on itself is copied here, because the surface must stay the only user of its pixels.
   const QImage image = &bitmap == m_bitmap ? bitmap.GetImage().copy() : bitmap.GetImage();
+  Note(dest);
   detail::BlitScaled(GetSurface(), dest, {image, {0, 0, image.width(), image.height()}, transparent});
 }
 
@@ -80,7 +82,10 @@ void TCanvas::SetFontEscapement(int tenthsOfDegree) {
 }
 
 void TCanvas::FillRect(const QRect &rect) {
-  if (d->Attach()) d->MakeFill().PaintRect(d->GetSurface(), d->ToDevice(rect));
+  if (!d->Attach()) return;
+  const DeviceRect bounds = d->ToDevice(rect);
+  d->Note(bounds);
+  d->MakeFill(TPenMode::pmCopy).PaintRect(d->GetSurface(), bounds);
 }
 
 void TCanvas::Rectangle(int x1, int y1, int x2, int y2) {
@@ -89,6 +94,7 @@ void TCanvas::Rectangle(int x1, int y1, int x2, int y2) {
   const DevicePen pen = d->MakePen();
   const Fill fill = d->MakeFill();
   if (rect.IsEmpty()) return;
+  d->Note(rect.Inflated(pen.widthPx));
   if (pen.IsClear()) {
     fill.PaintRect(d->GetSurface(), rect);
   } else if (!pen.IsDashed()) {
@@ -107,24 +113,26 @@ void TCanvas::Rectangle(int x1, int y1, int x2, int y2) {
 void TCanvas::Ellipse(int x1, int y1, int x2, int y2) {
   if (!d->Attach()) return;
   const DeviceRect rect = d->ToDeviceSorted(x1, y1, x2, y2);
-  if (!rect.IsEmpty()) detail::DrawEllipse(d->GetSurface(), rect, d->MakePen(), d->MakeFill());
+  if (rect.IsEmpty()) return;
+  const DevicePen pen = d->MakePen();
+  d->Note(rect.Inflated(pen.widthPx));
+  detail::DrawEllipse(d->GetSurface(), rect, pen, d->MakeFill());
 }
 
 void TCanvas::Polygon(std::span<const TPoint> points) {
   if (points.size() < 2 || !d->Attach()) return;
   const std::span<const TPoint> corners = d->ToDevice(points);
   const DevicePen pen = d->MakePen();
-  const Fill fill = d->MakeFill();
   const DeviceRect picture = d->GetSurface().Bounds();
   d->m_region.SetPolygon(corners, TFillMode::Alternate, QRect(0, 0, int(picture.right), int(picture.bottom)));
   if (pen.IsClear()) {
-    fill.PaintRuns(d->GetSurface(), d->m_region.Runs());
+    d->FillRegion(d->m_region);
     return;
   }
   d->m_outline.assign(corners.begin(), corners.end());
   d->m_outline.push_back(corners.front());
   const DeviceRect bounds = BoundsOf(corners).Inflated(std::int64_t(pen.widthPx) + 2);
-  d->Compose(bounds, pen, fill, [&](PaintStage &stage, const DevicePen &tool, const Fill &inside) {
+  d->Compose(bounds, pen, d->MakeFill(), [&](PaintStage &stage, const DevicePen &tool, const Fill &inside) {
     double phasePx = 0;
     inside.PaintRuns(stage.GetSurface(), d->m_region.Runs());
     detail::StrokePolyline(stage, d->m_outline, tool, phasePx);
@@ -151,6 +159,7 @@ void TCanvas::LineTo(int x, int y) {
   if (pen.IsClear()) return;
   const std::span<const TPoint> line = d->ToDevice(client);
   if (pen.IsThin()) {
+    if (d->IsWatched()) d->Note(BoundsOf(line));
     detail::DrawThinLine(d->GetSurface(), line[0], line[1], detail::LineEnd::Omitted, pen.ink);
   } else {
     d->Stroke(line, pen, d->m_dashPhasePx);
@@ -158,7 +167,7 @@ void TCanvas::LineTo(int x, int y) {
 }
 
 void TCanvas::PaintRgn(const TRgn &region) {
-  if (!region.IsEmpty() && d->Attach()) d->MakeFill().PaintRuns(d->GetSurface(), region.Runs());
+  if (!region.IsEmpty() && d->Attach()) d->FillRegion(region);
 }
 
 void TCanvas::CreatePolygonRgn(std::span<const TPoint> points, TFillMode mode, TRgn &region) const {
@@ -183,7 +192,9 @@ void TCanvas::CopyRect(const QRect &dest, const TCanvas &canvas, const QRect &so
   if (!d->Attach() || !other.Attach()) return;
   const QImage &picture = other.m_bitmap->GetImage();
   const QImage image = other.m_bitmap == d->m_bitmap ? picture.copy() : picture;
-  detail::BlitScaled(d->GetSurface(), d->ToDevice(dest), {image, other.ToDevice(source), std::nullopt});
+  const DeviceRect bounds = d->ToDevice(dest);
+  d->Note(bounds);
+  detail::BlitScaled(d->GetSurface(), bounds, {image, other.ToDevice(source), std::nullopt});
 }
 
 TBitmap TCanvas::CopyOf(const QRect &rect) const {
@@ -199,6 +210,10 @@ TBitmap TCanvas::CopyOf(const QRect &rect) const {
   }
   copy.GetImage().setDevicePixelRatio(d->Ratio());
   return copy;
+}
+
+void TCanvas::SetOnChange(std::function<void(const QRect &changed)> onChange) {
+  d->m_onChange = std::move(onChange);
 }
 
 QRect TCanvas::GetClipRect() const {

@@ -9,6 +9,7 @@
 
 #include <QSize>
 
+#include <functional>
 #include <memory>
 #include <span>
 
@@ -18,10 +19,10 @@ namespace tessera {
 ///
 /// All coordinates are client pixels; a bitmap with a device pixel ratio is drawn on at its full resolution, and a pen
 /// is then as many device pixels wide as the ratio says. Rectangles are half open: their right column and bottom row
-/// are not drawn. Nothing is antialiased but text. The pen's mode governs every operation except Draw, StretchDraw and
-/// CopyRect, which always replace. In the XOR modes each pixel of a figure is changed once, however often the figure
-/// runs over it, so that drawing it again restores the picture.
-/// Coordinates may have any 32-bit value; what lies outside the bitmap costs nothing but the clipping.
+/// are not drawn. Nothing is antialiased but text. The pen's mode governs every operation except FillRect, Draw,
+/// StretchDraw and CopyRect, which always replace. In the XOR modes each pixel of a figure is changed once, however
+/// often the figure runs over it, so that drawing it again restores the picture. Coordinates may have any 32-bit value;
+/// what lies outside the bitmap costs nothing but the clipping.
 class TESSERA_CORE_EXPORT TCanvas {
  public:
   /// Draws on `bitmap`, which must live as long as the canvas and may change its size at any time between operations.
@@ -70,6 +71,10 @@ class TESSERA_CORE_EXPORT TCanvas {
   [[nodiscard]] QSize TextExtent(const QString &text);
   [[nodiscard]] int TextWidth(const QString &text) { return TextExtent(text).width(); }
   [[nodiscard]] int TextHeight(const QString &text) { return TextExtent(text).height(); }
+
+  /// Who is told of the client rectangle that an operation may change, just before it draws. Operations that only
+  /// measure or that lie outside the bitmap tell nothing. Nobody at first, which costs nothing.
+  void SetOnChange(std::function<void(const QRect &changed)> onChange);
 
   /// The drawable area in client pixels.
   [[nodiscard]] QRect GetClipRect() const;

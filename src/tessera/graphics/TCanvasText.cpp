@@ -65,14 +65,16 @@ void TCanvas::TextOut(int x, int y, const QString &text) {
   const Fill fill = d->MakeFill();
   const TPenMode mode = d->m_pen.GetMode();
   const TPoint corner = d->ToDevice(TPoint(x, y));
+  // Letters may hang over their box, but not by more than their height.
+  const auto boundsOf = [&](const TextBox &box) { return box.Bounds(face.DeviceFont().pixelSize() + 2.0); };
   if (mode == TPenMode::pmCopy && d->m_escapement % FullTurn == 0 && face.TakesRun(text)) {
+    if (d->IsWatched()) d->Note(boundsOf({corner, QSizeF(face.Extent(text)) * d->Ratio(), 0}));
     if (!fill.IsNone()) fill.PaintRect(d->GetSurface(), d->ToDevice(TPoint(x, y), face.Extent(text)));
     face.DrawRun(d->GetSurface(), corner.x(), corner.y(), text);
     return;
   }
   const TextBox box{corner, QSizeF(face.Extent(text)) * d->Ratio(), d->m_escapement % FullTurn / 10.0};
-  // Letters may hang over their box, but not by more than their height.
-  const DeviceRect bounds = box.Bounds(face.DeviceFont().pixelSize() + 2.0);
+  const DeviceRect bounds = boundsOf(box);
   if (bounds.Intersected(d->GetSurface().Bounds()).IsEmpty()) return;
   DevicePen pen;
   pen.ink = detail::MakeInk(d->m_font.GetColor(), mode);

@@ -69,15 +69,40 @@ detail::DevicePen TCanvas::Private::MakePen() const {
   return pen;
 }
 
+void TCanvas::Private::Report(const DeviceRect &bounds) const {
+  const DeviceRect visible = bounds.Intersected(GetSurface().Bounds());
+  if (visible.IsEmpty()) return;
+  const auto client = [this](std::int64_t devicePx) { return double(devicePx) / m_ratio; };
+  const QPoint first(int(std::floor(client(visible.left))), int(std::floor(client(visible.top))));
+  const QPoint end(int(std::ceil(client(visible.right))), int(std::ceil(client(visible.bottom))));
+  m_onChange(QRect(first, end - QPoint(1, 1)));
+}
+
 void TCanvas::Private::Stroke(std::span<const TPoint> points, const DevicePen &pen, double &phasePx) {
+  const bool needsBounds = pen.ink.toggles || IsWatched();
+  const DeviceRect bounds = needsBounds ? BoundsOf(points).Inflated(std::int64_t(pen.widthPx) + 2) : DeviceRect();
   if (pen.IsThin() && points.size() == 2) {
+    Note(bounds);
     detail::StrokePolyline(m_stage, points, pen, phasePx);
     return;
   }
-  const DeviceRect bounds = pen.ink.toggles ? BoundsOf(points).Inflated(std::int64_t(pen.widthPx) + 2) : DeviceRect();
   Compose(bounds, pen, Fill(), [&](PaintStage &stage, const DevicePen &tool, const Fill &) {
     detail::StrokePolyline(stage, points, tool, phasePx);
   });
+}
+
+void TCanvas::Private::FillRegion(const TRgn &region) {
+  const std::span<const TRgn::Run> runs = region.Runs();
+  if (runs.empty()) return;
+  if (IsWatched()) {
+    DeviceRect bounds{runs.front().left, runs.front().y, runs.front().right, runs.back().y + std::int64_t(1)};
+    for (const TRgn::Run &run : runs) {
+      bounds.left = std::min<std::int64_t>(bounds.left, run.left);
+      bounds.right = std::max<std::int64_t>(bounds.right, run.right);
+    }
+    Report(bounds);
+  }
+  MakeFill().PaintRuns(GetSurface(), runs);
 }
 
 bool TCanvas::Private::BeginScratch(const DeviceRect &bounds) {

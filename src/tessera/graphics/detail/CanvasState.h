@@ -35,10 +35,19 @@ class TCanvas::Private {
   [[nodiscard]] DeviceRect ToDeviceSorted(int x1, int y1, int x2, int y2) const;
 
   [[nodiscard]] DevicePen MakePen() const;
-  [[nodiscard]] Fill MakeFill() { return m_tiles.MakeFill(m_brush, m_pen.GetMode(), m_ratio); }
+  [[nodiscard]] Fill MakeFill() { return MakeFill(m_pen.GetMode()); }
+  [[nodiscard]] Fill MakeFill(TPenMode mode) { return m_tiles.MakeFill(m_brush, mode, m_ratio); }
+
+  /// Whether somebody wants to know what changes; only then do the bounds of a figure have to be found out.
+  [[nodiscard]] bool IsWatched() const { return m_onChange != nullptr; }
+  /// Tells of the device pixels that are about to change.
+  void Note(const DeviceRect &bounds) const {
+    if (IsWatched()) Report(bounds);
+  }
 
   /// Lines along device points, each pixel changed once. `phasePx` as in StrokePolyline.
   void Stroke(std::span<const TPoint> points, const DevicePen &pen, double &phasePx);
+  void FillRegion(const TRgn &region);
 
   /// The picture scaled to `dest`, without its transparent pixels.
   void Blit(const DeviceRect &dest, const TBitmap &bitmap) const;
@@ -48,6 +57,7 @@ class TCanvas::Private {
   /// once.
   template <typename Draw>
   void Compose(const DeviceRect &bounds, const DevicePen &pen, const Fill &fill, Draw draw) {
+    Note(bounds);
     if (!pen.ink.toggles) {
       draw(m_stage, pen, fill);
     } else if (BeginScratch(bounds)) {
@@ -66,6 +76,7 @@ class TCanvas::Private {
   TPoint m_position;
   double m_dashPhasePx = 0;  ///< Of the lines since the last MoveTo.
   detail::GlyphCache m_glyphs;
+  std::function<void(const QRect &changed)> m_onChange;
   TRgn m_region;                  ///< Of the polygon being drawn.
   std::vector<TPoint> m_outline;  ///< Of the polygon being drawn, closed.
 
@@ -74,6 +85,7 @@ class TCanvas::Private {
   static constexpr Ink FillMark{0xFF00FF00U, false};
 
   [[nodiscard]] int Scaled(int client) const;
+  void Report(const DeviceRect &bounds) const;
   bool BeginScratch(const DeviceRect &bounds);
   void MergeScratch(const Fill &pen, const Fill &fill);
 
