@@ -4,6 +4,7 @@
 #include <tessera/base/TColor.h>
 #include <tessera/graphics/TBitmap.h>
 
+#include <QBrush>
 #include <QSharedPointer>
 
 namespace tessera {
@@ -22,8 +23,13 @@ enum class TBrushStyle : std::uint8_t {
 
 /// What areas are filled with: a colour, a hatch, or a bitmap repeated from the picture's top left corner.
 /// A small value; the bitmap is shared.
-class TBrush {
+class TESSERA_CORE_EXPORT TBrush {
  public:
+  /// The brush as Qt has it; a bitmap becomes its texture, with see-through pixels for a transparent colour.
+  [[nodiscard]] QBrush ToQBrush() const;
+  /// The brush nearest to Qt's: without transparency and transformation. Gradients and dotted patterns become solid.
+  [[nodiscard]] static TBrush FromQBrush(const QBrush &brush);
+
   [[nodiscard]] TColor GetColor() const { return m_color; }
   /// Sets the colour and drops the bitmap.
   void SetColor(TColor color) {

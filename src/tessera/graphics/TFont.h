@@ -3,6 +3,7 @@
 
 #include <tessera/base/TColor.h>
 
+#include <QFont>
 #include <QString>
 
 namespace tessera {
@@ -23,6 +24,12 @@ class TESSERA_CORE_EXPORT TFont {
  public:
   TFont() = default;
   TFont(QString name, int sizePt, TColor color = clBlack) : m_name(std::move(name)), m_sizePt(sizePt), m_color(color) {}
+
+  /// The font as Qt has it, which knows no colour. Qt takes a size in points for that of the screen, whose inch may
+  /// have another number of pixels.
+  [[nodiscard]] QFont ToQFont() const;
+  /// The font nearest to Qt's, in a colour; sizes are rounded, and weights from that between normal and bold are bold.
+  [[nodiscard]] static TFont FromQFont(const QFont &font, TColor color = clBlack);
 
   [[nodiscard]] const QString &GetName() const { return m_name; }
   void SetName(const QString &name) { m_name = name; }

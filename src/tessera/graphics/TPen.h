@@ -3,6 +3,8 @@
 
 #include <tessera/base/TColor.h>
 
+#include <QPen>
+
 namespace tessera {
 
 enum class TPenStyle : std::uint8_t { psSolid, psDash, psDot, psDashDot, psDashDotDot, psClear, psInsideFrame };
@@ -12,8 +14,15 @@ enum class TPenStyle : std::uint8_t { psSolid, psDash, psDot, psDashDot, psDashD
 enum class TPenMode : std::uint8_t { pmCopy, pmXor, pmNotXor };
 
 /// What outlines are drawn with. A small value.
-class TPen {
+class TESSERA_CORE_EXPORT TPen {
  public:
+  /// The pen as Qt has it: without the mode, which belongs to the painter there, and with psInsideFrame as a solid
+  /// line.
+  [[nodiscard]] QPen ToQPen() const;
+  /// The pen nearest to Qt's: without transparency, caps and joins, the width rounded, in mode pmCopy. Custom dashes
+  /// become psDash.
+  [[nodiscard]] static TPen FromQPen(const QPen &pen);
+
   [[nodiscard]] TColor GetColor() const { return m_color; }
   void SetColor(TColor color) { m_color = color; }
   /// In client pixels; 0 draws like 1.

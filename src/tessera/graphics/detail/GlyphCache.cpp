@@ -19,12 +19,8 @@ constexpr std::size_t MostBytes = std::size_t(32) << 20U;
 constexpr qsizetype MostExtents = 4096;
 
 QFont ToQFont(const TFont &font, double scale) {
-  QFont result(font.GetName());
+  QFont result = font.ToQFont();
   result.setPixelSize(std::max(1, int(std::lround(font.GetPixelSize() * scale))));
-  result.setBold(font.GetStyle().testFlag(TFontStyle::fsBold));
-  result.setItalic(font.GetStyle().testFlag(TFontStyle::fsItalic));
-  result.setUnderline(font.GetStyle().testFlag(TFontStyle::fsUnderline));
-  result.setStrikeOut(font.GetStyle().testFlag(TFontStyle::fsStrikeOut));
   // Without kerning and ligatures a text is as wide as its characters, which makes measuring and drawing it cheap;
   // scripts that cannot do without shaping are shaped all the same.
   result.setKerning(false);

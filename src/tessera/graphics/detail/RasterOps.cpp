@@ -147,6 +147,18 @@ Fill TileSource::MakeFill(const TBrush &brush, TPenMode mode, double devicePixel
   }
 }
 
+QImage WithSeeThroughPixels(const TBitmap &bitmap) {
+  QImage image = bitmap.GetImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  if (!bitmap.HasTransparentColor()) return image;
+  const QRgb transparent = ToRgb(bitmap.GetTransparentColor());
+  for (int y = 0; y < image.height(); ++y) {
+    auto *row = reinterpret_cast<QRgb *>(image.scanLine(y));
+    std::replace_if(
+        row, row + image.width(), [=](QRgb pixel) { return IsTransparentPixel(pixel, transparent); }, 0U);
+  }
+  return image;
+}
+
 const Tile &TileSource::BitmapTile(const TBitmap &bitmap, double devicePixelRatio) {
   const QImage &image = bitmap.GetImage();
   m_bitmapTile.ratio = image.devicePixelRatio() / devicePixelRatio;
@@ -155,19 +167,13 @@ const Tile &TileSource::BitmapTile(const TBitmap &bitmap, double devicePixelRati
                          bitmap.GetTransparentColor() == m_bitmap.GetTransparentColor();
   if (isCurrent) return m_bitmapTile;
   m_bitmap = bitmap;
-  const QImage source = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  const QImage source = WithSeeThroughPixels(bitmap);
   m_bitmapTile.width = source.width();
   m_bitmapTile.height = source.height();
   m_bitmapTile.pixels.clear();
   for (int y = 0; y < source.height(); ++y) {
     const auto *row = reinterpret_cast<const QRgb *>(source.constScanLine(y));
     m_bitmapTile.pixels.insert(m_bitmapTile.pixels.end(), row, row + source.width());
-  }
-  if (bitmap.HasTransparentColor()) {
-    const QRgb transparent = ToRgb(bitmap.GetTransparentColor());
-    for (QRgb &pixel : m_bitmapTile.pixels) {
-      if (IsTransparentPixel(pixel, transparent)) pixel = 0;
-    }
   }
   return m_bitmapTile;
 }

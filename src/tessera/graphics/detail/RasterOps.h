@@ -106,4 +106,7 @@ class TileSource {
   return ((pixel ^ transparent) & 0xFFFFFFU) == 0;
 }
 
+/// The picture, premultiplied, with alpha 0 where the bitmap has its transparent colour.
+[[nodiscard]] QImage WithSeeThroughPixels(const TBitmap &bitmap);
+
 }  // namespace tessera::detail
