@@ -5,6 +5,7 @@
 /// spatial index, attribute fields, links and substrates, and every kind of object.
 
 #include <tessera/data/TDataFields.h>
+#include <tessera/layers/LayerBounds.h>
 #include <tessera/layers/TIndexCell.h>
 #include <tessera/layers/TMapDataLink.h>
 #include <tessera/layers/TMapLayers.h>

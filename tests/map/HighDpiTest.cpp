@@ -60,6 +60,10 @@ TEST_F(HighDpiTest, MovesASpriteWithoutATrace) {
   for (int x = -10; x < 210; x += 3) sprite->Move(x, 110 - x / 2.0);
   sprite->Move(61, 21);
   const QImage moved = Shown();
+  const std::vector<QRect> repaints = Repaints([&] { sprite->Move(62, 21); });
+  ASSERT_EQ(repaints.size(), 1U);
+  EXPECT_TRUE(QRect(55, 73, 13, 12).contains(repaints[0]));
+  sprite->Move(61, 21);
   EXPECT_NE(moved, start);
   map.DoUpdate(true);
   EXPECT_EQ(Shown(), moved);

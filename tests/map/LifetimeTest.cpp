@@ -2,7 +2,6 @@
 // Handlers may do anything, and everything may be destroyed in any order.
 #include "MapFixture.h"
 
-#include <tessera/base/MessageSink.h>
 
 #include <QSignalSpy>
 
@@ -101,8 +100,6 @@ TEST_F(LifetimeTest, TellsOfTheEndOfObjectsThatAreStillWhole) {
 }
 
 TEST_F(LifetimeTest, SurvivesWhateverHandlersOfAnEndThrow) {
-  QStringList messages;
-  const TMessageSink before = SetMessageSink([&](const QString &text) { messages << text; });
   QObject::connect(&map, &TTessera::OnDeleteObject, &map, [] { throw std::runtime_error("object"); });
   On(&TTessera::OnBeforeDelLayer, [](TTessera *, TMapLayer *, bool confirm) {
     if (!confirm) throw 42;
@@ -113,7 +110,6 @@ TEST_F(LifetimeTest, SurvivesWhateverHandlersOfAnEndThrow) {
   EXPECT_EQ(layer->GetObjectCount(), 0);
   EXPECT_THROW(map.GetLayers()->Delete(0), int);
   EXPECT_EQ(map.GetLayers()->GetCount(), 0);
-  SetMessageSink(before);
 }
 
 TEST_F(LifetimeTest, ComesToAnEndThoughHandlersSelectAndAddAgain) {
@@ -290,8 +286,6 @@ class HostileMap : public MapFixture {
 };
 
 TEST_F(HostileMap, StaysSoundWhateverHandlersDo) {
-  QStringList messages;
-  const TMessageSink before = SetMessageSink([&](const QString &text) { messages << text; });
   Connect();
   for (unsigned seed = 0; seed < 60; ++seed) {
     random.seed(seed);
@@ -311,7 +305,6 @@ TEST_F(HostileMap, StaysSoundWhateverHandlersDo) {
       if (HasFatalFailure()) break;
     }
   }
-  SetMessageSink(before);
 }
 
 }  // namespace

@@ -1,21 +1,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tessera/base/MessageSink.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/objects/TPolyline.h>
 #include <tessera/objects/TRegion.h>
 
 #include <QApplication>
+#include <QPaintEvent>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <initializer_list>
+#include <vector>
 
 namespace tessera::test {
 
-/// A map of 200 x 100 pixels whose pixel (x, y) shows the map point (x, 100 - y).
+/// A map of 200 x 100 pixels whose pixel (x, y) shows the map point (x, 100 - y). Messages are collected.
 class MapFixture : public testing::Test {
  protected:
-  MapFixture() {
+  MapFixture() : m_sinkBefore(SetMessageSink([this](const QString &text) { messages << text; })) {
     map.resize(200, 100);
     map.SetMinX(0);
     map.SetMinY(0);
@@ -23,6 +27,8 @@ class MapFixture : public testing::Test {
     map.SetMaxY(100);
     LookAt(100, 50);
   }
+
+  ~MapFixture() override { SetMessageSink(m_sinkBefore); }
 
   void LookAt(double x, double y, double zoom = 1) {
     map.SetCenterX(x);
@@ -62,7 +68,30 @@ class MapFixture : public testing::Test {
 
   static QRgb Pixel(TColor color) { return ToRgb(color); }
 
+  /// The rectangles that the control, on the screen, shows anew because of `action`.
+  std::vector<QRect> Repaints(const std::function<void()> &action) {
+    struct PaintLog : QObject {
+      std::vector<QRect> rects;
+      bool eventFilter(QObject * /*watched*/, QEvent *event) override {
+        if (event->type() == QEvent::Paint) rects.push_back(static_cast<QPaintEvent *>(event)->rect());
+        return false;
+      }
+    } log;
+    map.show();
+    QApplication::processEvents();
+    map.installEventFilter(&log);
+    action();
+    // Twice, because a paint event may ask for another one.
+    QApplication::processEvents();
+    QApplication::processEvents();
+    return log.rects;
+  }
+
+  QStringList messages;
   TTessera map;
+
+ private:
+  TMessageSink m_sinkBefore;
 };
 
 }  // namespace tessera::test

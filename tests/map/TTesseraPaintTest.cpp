@@ -2,7 +2,6 @@
 #include "MapFixture.h"
 
 #include <tessera/base/Exceptions.h>
-#include <tessera/base/MessageSink.h>
 #include <tessera/graphics/TCanvas.h>
 
 #include <QSignalSpy>
@@ -12,17 +11,7 @@
 namespace tessera::test {
 namespace {
 
-/// Messages are collected instead of shown.
-class TTesseraPaintTest : public MapFixture {
- protected:
-  TTesseraPaintTest() : m_sinkBefore(SetMessageSink([this](const QString &text) { messages << text; })) {}
-  ~TTesseraPaintTest() override { SetMessageSink(m_sinkBefore); }
-
-  QStringList messages;
-
- private:
-  TMessageSink m_sinkBefore;
-};
+using TTesseraPaintTest = MapFixture;
 
 TEST_F(TTesseraPaintTest, ShowsItsColourAndTellsNothingWithoutLayers) {
   QSignalSpy painted(&map, &TTessera::OnPaint);
@@ -59,16 +48,6 @@ TEST_F(TTesseraPaintTest, RebuildsThePictureOnlyWhenItIsStale) {
   map.resize(210, 110);
   Shown();
   EXPECT_EQ(painted.count(), 2);
-}
-
-TEST_F(TTesseraPaintTest, DrawsNothingWithinABatchOfUpdates) {
-  AddSquare(AddLayer(), 20, 20, 40, clRed);
-  const QImage before = Shown();
-  map.BeginUpdate();
-  map.SetCenterX(130);
-  EXPECT_EQ(Shown(), before);
-  map.EndUpdate(true);
-  EXPECT_NE(Shown(), before);
 }
 
 TEST_F(TTesseraPaintTest, KeepsWhatIsDrawnOnTheScreenUntilTheLibraryRepaints) {
@@ -115,17 +94,6 @@ TEST_F(TTesseraPaintTest, MakesTheSlowSelectionPartOfThePicture) {
   }
   EXPECT_EQ(blue, 48);
   EXPECT_EQ(through, 16) << "a quarter of the pattern lets the background show";
-}
-
-TEST_F(TTesseraPaintTest, TurnsAnErrorOfAHandlerIntoAMessage) {
-  AddLayer();
-  const auto connection = QObject::connect(&map, &TTessera::OnPaint, &map, [] { throw std::runtime_error("no ink"); });
-  Shown();
-  EXPECT_EQ(messages, QStringList{QStringLiteral("no ink")});
-  EXPECT_FALSE(map.GetIsBusy());
-  QObject::disconnect(connection);
-  Repainted();
-  EXPECT_EQ(messages.size(), 1);
 }
 
 TEST_F(TTesseraPaintTest, SurvivesAViewWithoutExtent) {

@@ -48,13 +48,10 @@ TEST_F(TTesseraViewTest, StepsByTwoWithTheWheelWithinItsBounds) {
   EXPECT_EQ(zoomed.count(), 2) << "a zoom held at its bound is no change";
   map.SetZoom(1);
   Wheel(-1);
-  Wheel(0);
+  Wheel(-1);
   EXPECT_EQ(map.GetZoom(), 0.25);
   map.SetMinZoom(0.2);
   Wheel(-1);
-  EXPECT_EQ(map.GetZoom(), 0.2);
-  map.SetWheelMouse(false);
-  Wheel(1);
   EXPECT_EQ(map.GetZoom(), 0.2);
 }
 
@@ -93,32 +90,14 @@ TEST_F(TTesseraViewTest, HoldsUpdatesBackWithoutNesting) {
   EXPECT_TRUE(map.GetModified()) << "the argument is ignored";
 }
 
-TEST_F(TTesseraViewTest, BringsTheSelectionIntoView) {
-  TMapLayer *layer = AddLayer();
-  AddSquare(layer, 10, 10, 20, clRed)->Select();
-  map.GetSelection()->Add(AddSquare(layer, 40, 20, 10, clRed), false);
-  map.GetSelection()->Zoom();
-  const TBounds view = map.GetViewBounds();
-  EXPECT_TRUE(view.ContainsBounds({10, 10, 50, 30}));
-  EXPECT_EQ(map.GetCenterX(), 30);
-  EXPECT_EQ(map.GetCenterY(), 20);
-  EXPECT_EQ(map.GetZoom(), 5);
-
-  map.GetSelection()->Clear();
-  auto *point = layer->NewObject<TPolyline>();
-  point->GetParts().Add().GetPoints().Add(70, 80);
-  point->Select();
-  map.GetSelection()->Zoom();
-  EXPECT_EQ(map.GetCenterX(), 70);
-  EXPECT_EQ(map.GetZoom(), 5) << "a point has no extent to zoom to";
-}
-
 TEST_F(TTesseraViewTest, TurnsTheDataClockwiseAndBack) {
   constexpr double Tolerance = 1e-12;  // a few roundings of coordinates of this size
   TRegion *square = AddSquare(AddLayer(), 10, 10, 20, clRed);
   const auto corner = [&] { return square->GetParts().GetFirst().GetPoints().GetPoint(1); };
   map.RotateMap(10, 10, 90);
   EXPECT_TRUE(map.GetisMapRotated());
+  EXPECT_EQ(map.GetRotationAngle(), 90);
+  EXPECT_EQ(map.GetRotationCenter(), (TMapPoint{10, 10}));
   const TMapPoint rotated = corner();
   EXPECT_NEAR(rotated.X, 10, Tolerance);
   EXPECT_NEAR(rotated.Y, -10, Tolerance);
@@ -136,6 +115,7 @@ TEST_F(TTesseraViewTest, TurnsTheDataClockwiseAndBack) {
   EXPECT_NEAR(corner().X, 30, Tolerance);
   EXPECT_NEAR(corner().Y, 10, Tolerance);
   EXPECT_FALSE(map.GetisMapRotated());
+  EXPECT_EQ(map.GetRotationCenter(), (TMapPoint{0, 0}));
 }
 
 TEST_F(TTesseraViewTest, TakesARotationByNothingForNoneOnTheAxes) {

@@ -35,7 +35,7 @@ StatusPanel::StatusPanel(const TTessera &map, QWidget *parent)
   row->addWidget(m_zoom);
   ShowZoom(map);
   connect(&map, &TTessera::OnZoom, this, [this](const TTessera *sender) { ShowZoom(*sender); });
-  connect(&map, &TTessera::OnMouseMove, this, [this](const TTessera *sender, Qt::KeyboardModifiers, int x, int y) {
+  connect(&map, &TTessera::OnMouseMove, this, [this](const TTessera *sender, TShiftState, int x, int y) {
     m_cursor = QPoint(x, y);
     ShowCoordinates(*sender);
   });

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/FileFilters.h>
-#include <apps/common/FitView.h>
 #include <apps/common/MapFile.h>
 #include <apps/common/PictureFile.h>
 #include <apps/editor/MessageBar.h>
@@ -151,7 +150,7 @@ bool TEditorWindow::ReportWriting(const QString &fileName, const QString &error)
 }
 
 void TEditorWindow::FitAll() {
-  FitView(*m_map);
+  m_map->ShowAll();
 }
 
 void TEditorWindow::AskForFilesToOpen() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <apps/common/FitView.h>
 #include <apps/tessera/LayerInfo.h>
 #include <tessera/base/detail/Numbers.h>
+#include <tessera/layers/LayerBounds.h>
 
 #include <QJsonArray>
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <apps/common/FitView.h>
 #include <apps/common/PictureFile.h>
 #include <apps/tessera/CommandLine.h>
 #include <apps/tessera/LayerInfo.h>
@@ -33,7 +32,7 @@ bool LoadAll(TTessera &map, const QStringList &files) {
 }
 
 void SetView(TTessera &map, const TRenderOptions &options) {
-  FitView(map);
+  map.ShowAll();
   if (options.center) {
     map.SetCenterX(options.center->X);
     map.SetCenterY(options.center->Y);

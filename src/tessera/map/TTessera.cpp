@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/GuardedCall.h>
+#include <tessera/base/MessageSink.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/map/detail/TesseraPrivate.h>
 
 #include <QApplication>
 #include <QMessageBox>
 
-#include <algorithm>
 #include <utility>
 
 namespace tessera {
@@ -43,7 +43,7 @@ bool HasWindows() {
 
 }  // namespace
 
-TTessera::TTessera(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>()) {
+TTessera::TTessera(QWidget *parent) : TTesseraEvents(parent), d(std::make_unique<Private>(*this)) {
   if (HasWindows()) SetDefaultMessageSink(ShowMessageBox);
   d->layers = std::make_unique<TMapLayers>();
   d->substrates = std::make_unique<TSubstrates>(this);
@@ -58,6 +58,8 @@ TTessera::TTessera(QWidget *parent) : QWidget(parent), d(std::make_unique<Privat
   d->displayed->SetMap(this);
   d->dataLinks->SetMap(this);
   setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+  setAttribute(Qt::WA_InputMethodEnabled);
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
@@ -145,34 +147,9 @@ void TTessera::MapToScreen(double mx, double my, int &x, int &y, bool clip) cons
   y = pixel.y();
 }
 
-void TTessera::ShowBounds(const TBounds &bounds) {
-  const TViewport &viewport = GetViewport();
-  const double boundsWidth = bounds.MaxX - bounds.MinX;
-  const double boundsHeight = bounds.MaxY - bounds.MinY;
-  const double extentWidth = viewport.MaxX - viewport.MinX;
-  double zoom = viewport.Zoom;
-  if (viewport.ClientWidth > 0 && (boundsWidth > 0 || boundsHeight > 0)) {
-    const double extentHeight = extentWidth * viewport.ClientHeight / viewport.ClientWidth;
-    constexpr double Unbounded = BoundsSentinel;
-    zoom = std::min(boundsWidth > 0 ? extentWidth / boundsWidth : Unbounded,
-                    boundsHeight > 0 ? extentHeight / boundsHeight : Unbounded);
-  }
-  BeginUpdate();
-  SetCenterX((bounds.MaxX - bounds.MinX) / 2 + bounds.MinX);
-  SetCenterY((bounds.MaxY - bounds.MinY) / 2 + bounds.MinY);
-  SetZoom(zoom);
-  EndUpdate(true);
-}
-
 void TTessera::DoUpdate(bool /*value*/) {
   d->modified = true;
   if (!d->inUpdate) Invalidate();
-}
-
-void TTessera::Invalidate() {
-  if (d->isPaintPending) return;
-  d->isPaintPending = true;
-  update();
 }
 
 void TTessera::BeginUpdate() {
@@ -180,15 +157,12 @@ void TTessera::BeginUpdate() {
 }
 
 void TTessera::EndUpdate(bool update) {
-  d->inUpdate = false;
+  SetInUpdate(false);
   if (update) DoUpdate(true);
 }
 
 bool TTessera::GetInUpdate() const {
   return d->inUpdate;
-}
-void TTessera::SetInUpdate(bool inUpdate) {
-  d->inUpdate = inUpdate;
 }
 bool TTessera::GetModified() const {
   return d->modified;
@@ -198,9 +172,6 @@ void TTessera::SetModified(bool modified) {
 }
 bool TTessera::GetIsBusy() const {
   return d->isBusy;
-}
-void TTessera::SetIsBusy(bool isBusy) {
-  d->isBusy = isBusy;
 }
 bool TTessera::GetIsLoading() const {
   return d->isLoading;

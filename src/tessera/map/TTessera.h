@@ -5,9 +5,8 @@
 #include <tessera/layers/TMapLayers.h>
 #include <tessera/layers/TSelection.h>
 #include <tessera/map/TSubstrates.h>
+#include <tessera/map/TTesseraEvents.h>
 #include <tessera/map/TTesseraOptions.h>
-
-#include <QWidget>
 
 #include <memory>
 
@@ -20,10 +19,10 @@ namespace tessera {
 /// rebuilt at the next paint, off screen, and copied to the screen, where the selection is drawn over it. See TViewport
 /// for the conversion between map units and client pixels.
 ///
-/// Events are signals of the same names; in/out parameters are references, so connect their handlers directly.
-/// Everything runs in the thread of the user interface.
-class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
+/// What it tells, it tells through the signals of TTesseraEvents. Everything runs in the thread of the user interface.
+class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   Q_OBJECT
+  Q_PROPERTY(tessera::TTesseraOptions *Options READ GetOptions)
   Q_PROPERTY(QColor Color READ GetQColor WRITE SetQColor)
   Q_PROPERTY(double Zoom READ GetZoom WRITE SetZoom NOTIFY OnZoom)
   Q_PROPERTY(bool WheelMouse READ GetWheelMouse WRITE SetWheelMouse)
@@ -77,7 +76,14 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   /// @throws ERangeError with `clip` when the pixel does not fit 32 bits.
   void MapToScreen(double mx, double my, int &x, int &y, bool clip) const;
   const TViewport &GetViewport() const override;
+  /// Looks at the middle of bounds in map units and zooms so that all of them is in view, with a small margin. Bounds
+  /// without extent keep the zoom; inverted ones, and a control without an area, change nothing.
   void ShowBounds(const TBounds &bounds) override;
+  /// ShowBounds with the bounds of a layer's objects; nothing for a layer without any.
+  void ShowLayer(const TMapLayer &layer);
+  /// Shows the objects of all layers at zoom 1, by making their bounds with a small margin the reference extent (a
+  /// single point: one map unit about it). A map without objects, and a control without an area, stay as they are.
+  void ShowAll();
 
   // Rotation turns the data, not the view: the vertices of all objects change.
 
@@ -94,6 +100,9 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   void NormalToRotated(double x, double y, double &rx, double &ry) const;
   void RotatedToNormal(double x, double y, double &nx, double &ny) const;
   [[nodiscard]] bool GetisMapRotated() const override;
+  /// In degrees; 0 when the map is not rotated.
+  [[nodiscard]] double GetRotationAngle() const;
+  [[nodiscard]] TMapPoint GetRotationCenter() const;
 
   // The update protocol.
 
@@ -109,7 +118,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   void SetModified(bool modified) override;
   /// Asks for a repaint of what there is, without making the picture stale.
   void Invalidate();
-  /// Set while the off-screen picture is being rebuilt.
+  /// Set while the off-screen picture is being rebuilt; repaints asked for meanwhile come afterwards.
   [[nodiscard]] bool GetIsBusy() const override;
   void SetIsBusy(bool isBusy);
   /// Set while a format provider fills a layer.
@@ -136,8 +145,8 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   [[nodiscard]] QColor GetQColor() const { return ToQColor(GetColor()); }
   void SetQColor(const QColor &color) { SetColor(FromQColor(color)); }
   const TViewFlags &GetViewFlags() const override;
-  /// The canvas of the screen picture, or of the off-screen picture while that is being rebuilt. What is drawn on the
-  /// screen picture shows at once and stays until the next repaint that the library asks for.
+  /// The canvas of the screen picture, or of the off-screen picture while the map is busy. What is drawn on the screen
+  /// picture shows at once and stays until the next repaint that the library asks for.
   TCanvas &GetCanvas() override;
   /// The canvas of the off-screen picture.
   [[nodiscard]] TCanvas &GetMapCanvas();
@@ -145,7 +154,8 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   void AssignToBitmap(TBitmap &bitmap) const;
   /// Rebuilds the off-screen picture now.
   void PaintMapToBitmap();
-  /// Copies the off-screen picture to the screen picture and draws the fast selection over it.
+  /// Copies the off-screen picture to the screen picture, draws the fast selection over it, and lets whoever has
+  /// something else standing on it draw that again (OnScreenRepainted).
   void PaintBitmapToMapCanvas();
 
   // What the map owns. A setter takes over what it is given, which is on this map from now on, and hands back what was
@@ -178,32 +188,8 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   [[nodiscard]] QSize sizeHint() const override;
 
  Q_SIGNALS:
-  void OnAddLayer(tessera::TTessera *sender, tessera::TMapLayer *layer);
-  /// `confirmDelete` tells whether allowDelete is listened to: it is false when the layer is being destroyed already.
-  void OnBeforeDelLayer(tessera::TTessera *sender, tessera::TMapLayer *layer, bool confirmDelete, bool &allowDelete);
-  void OnAfterDelLayer(tessera::TTessera *sender);
-  void OnAddObject(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject);
-  /// Before an object is taken out or deleted by editing (see TMapLayer), which `canRemove` may refuse.
-  void OnBeforeRemoveObject(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject, bool &canRemove);
-  void OnAfterRemoveObject(tessera::TTessera *sender);
-  /// Before an object is destroyed, while it is still whole.
-  void OnDeleteObject(tessera::TCustomMapObject *sender);
-  void OnAddSelection(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject);
-  void OnDelSelection(tessera::TTessera *sender, tessera::TCustomMapObject *mapObject);
-  void OnStartProgress(tessera::TTessera *sender, int min, int max, const QString &caption);
-  void OnShowProgress(tessera::TTessera *sender, int position);
-  void OnStopProgress(tessera::TTessera *sender);
-  void OnUpdate(tessera::TTessera *sender);
+  // Stands here and not among the other events because it tells of changes of a property.
   void OnZoom(tessera::TTessera *sender);
-  /// The off-screen picture has been rebuilt; it may be drawn on through the canvas.
-  void OnPaint(tessera::TTessera *sender);
-  void OnMouseDown(tessera::TTessera *sender, Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
-  void OnMouseMove(tessera::TTessera *sender, Qt::KeyboardModifiers shift, int x, int y);
-  void OnMouseUp(tessera::TTessera *sender, Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
-  void OnDblClick(tessera::TTessera *sender);
-  void OnKeyDown(tessera::TTessera *sender, int &key, Qt::KeyboardModifiers shift);
-  void OnKeyUp(tessera::TTessera *sender, int &key, Qt::KeyboardModifiers shift);
-  void OnKeyPress(tessera::TTessera *sender, QChar &key);
 
  protected:
   /// Brings the screen picture up to date; runs for the repaints that the library asks for.
@@ -219,6 +205,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   void mouseDoubleClickEvent(QMouseEvent *event) override;
   void keyPressEvent(QKeyEvent *event) override;
   void keyReleaseEvent(QKeyEvent *event) override;
+  void inputMethodEvent(QInputMethodEvent *event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
@@ -239,8 +226,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public QWidget, public TMapHost {
   const TObjectStylePtr &GetDefaultStyle(TObjectFont font) const override;
 
   void SetView(double TViewport::*member, double value);
-  void ZoomByWheel(const QPoint &position, int delta);
-  void FitScreenPicture();
+  void PaintLayers();
 
   struct Private;
   std::unique_ptr<Private> d;

@@ -3,7 +3,8 @@
 
 namespace tessera {
 
-TTesseraOptions::TTesseraOptions() : m_textStyle(new TObjectStyle), m_symbolStyle(new TObjectStyle) {
+TTesseraOptions::TTesseraOptions(QObject *parent)
+    : QObject(parent), m_textStyle(new TObjectStyle), m_symbolStyle(new TObjectStyle) {
   constexpr int FontSizePt = 12;
   m_textStyle->font = TFont(QStringLiteral("Courier New"), FontSizePt);
   m_symbolStyle->font = TFont(QStringLiteral("MapInfo Cartographic"), FontSizePt, clNavy);
@@ -27,6 +28,14 @@ void TTesseraOptions::SetDefaultBGColor(TColor color) {
 void TTesseraOptions::SetUseBGColor(bool use) {
   m_textStyle->useBGColor = use;
   m_symbolStyle->useBGColor = use;
+}
+
+void TTesseraOptions::SetDefaultTextQFont(const QFont &font) {
+  SetDefaultTextFont(TFont::FromQFont(font, GetDefaultTextFont().GetColor()));
+}
+
+void TTesseraOptions::SetDefaultSymbolQFont(const QFont &font) {
+  SetDefaultSymbolFont(TFont::FromQFont(font, GetDefaultSymbolFont().GetColor()));
 }
 
 }  // namespace tessera

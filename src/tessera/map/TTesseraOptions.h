@@ -4,12 +4,26 @@
 #include <tessera/base/Export.h>
 #include <tessera/objects/TObjectStyle.h>
 
+#include <QObject>
+
 namespace tessera {
 
 /// What new objects of a map start with. Setting anything redraws nothing.
-class TESSERA_WIDGETS_EXPORT TTesseraOptions {
+///
+/// The properties are those of form files, in Qt's types; their fonts have no colour, so setting one keeps the colour
+/// that the font had.
+class TESSERA_WIDGETS_EXPORT TTesseraOptions : public QObject {
+  Q_OBJECT
+  Q_PROPERTY(QFont DefaultTextFont READ GetDefaultTextQFont WRITE SetDefaultTextQFont)
+  Q_PROPERTY(QFont DefaultSymbolFont READ GetDefaultSymbolQFont WRITE SetDefaultSymbolQFont)
+  Q_PROPERTY(int DefaultSymbolShape READ GetDefaultSymbolShape WRITE SetDefaultSymbolShape)
+  Q_PROPERTY(QPen DefaultPen READ GetDefaultQPen WRITE SetDefaultQPen)
+  Q_PROPERTY(QBrush DefaultBrush READ GetDefaultQBrush WRITE SetDefaultQBrush)
+  Q_PROPERTY(QColor DefaultBGColor READ GetDefaultBGQColor WRITE SetDefaultBGQColor)
+  Q_PROPERTY(bool UseBGColor READ GetUseBGColor WRITE SetUseBGColor)
+
  public:
-  TTesseraOptions();
+  explicit TTesseraOptions(QObject *parent = nullptr);
 
   [[nodiscard]] const TFont &GetDefaultTextFont() const { return m_textStyle->font; }
   void SetDefaultTextFont(const TFont &font) { m_textStyle->font = font; }
@@ -25,6 +39,18 @@ class TESSERA_WIDGETS_EXPORT TTesseraOptions {
   void SetDefaultBGColor(TColor color);
   [[nodiscard]] bool GetUseBGColor() const { return m_textStyle->useBGColor; }
   void SetUseBGColor(bool use);
+
+  // The same in Qt's types.
+  [[nodiscard]] QFont GetDefaultTextQFont() const { return GetDefaultTextFont().ToQFont(); }
+  void SetDefaultTextQFont(const QFont &font);
+  [[nodiscard]] QFont GetDefaultSymbolQFont() const { return GetDefaultSymbolFont().ToQFont(); }
+  void SetDefaultSymbolQFont(const QFont &font);
+  [[nodiscard]] QPen GetDefaultQPen() const { return GetDefaultPen().ToQPen(); }
+  void SetDefaultQPen(const QPen &pen) { SetDefaultPen(TPen::FromQPen(pen)); }
+  [[nodiscard]] QBrush GetDefaultQBrush() const { return GetDefaultBrush().ToQBrush(); }
+  void SetDefaultQBrush(const QBrush &brush) { SetDefaultBrush(TBrush::FromQBrush(brush)); }
+  [[nodiscard]] QColor GetDefaultBGQColor() const { return ToQColor(GetDefaultBGColor()); }
+  void SetDefaultBGQColor(const QColor &color) { SetDefaultBGColor(FromQColor(color)); }
 
   /// All of it as the style of a new object, shared by all that start with it.
   [[nodiscard]] const TObjectStylePtr &GetStyle(TObjectFont font) const {

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The two pictures: the off-screen picture of the map, and the screen picture that shows it.
+// The painting of the map: when which of the two pictures is made anew.
 #include <tessera/base/DebugTrace.h>
+#include <tessera/base/GuardedCall.h>
 #include <tessera/map/detail/TesseraPrivate.h>
+#include <tessera/objects/TMapScopes.h>
 
 #include <QPaintEvent>
-#include <QPainter>
 #include <QTime>
 
 namespace tessera {
@@ -13,13 +14,13 @@ namespace {
 /// Directs drawing to the off-screen picture as long as it lives.
 class BusyScope {
  public:
-  explicit BusyScope(bool &isBusy) : m_isBusy(isBusy) { m_isBusy = true; }
-  ~BusyScope() { m_isBusy = false; }
+  explicit BusyScope(TTessera &map) : m_map(map) { m_map.SetIsBusy(true); }
+  ~BusyScope() { m_map.SetIsBusy(false); }
   BusyScope(const BusyScope &) = delete;
   BusyScope &operator=(const BusyScope &) = delete;
 
  private:
-  bool &m_isBusy;
+  TTessera &m_map;
 };
 
 void ResetTools(TCanvas &canvas, TColor color) {
@@ -28,38 +29,36 @@ void ResetTools(TCanvas &canvas, TColor color) {
   canvas.Brush().SetColor(color);
 }
 
-bool Fits(const TBitmap &bitmap, const QSize &size, qreal ratio) {
-  return !bitmap.IsEmpty() && bitmap.GetWidth() == size.width() && bitmap.GetHeight() == size.height() &&
-         bitmap.GetImage().devicePixelRatio() == ratio;
-}
-
 }  // namespace
 
 TCanvas &TTessera::GetCanvas() {
-  if (d->isBusy) return d->bitmapCanvas;
-  update();
-  return d->screenCanvas;
+  return d->isBusy ? d->pictures.MapCanvas() : d->pictures.ScreenCanvas();
 }
 
 TCanvas &TTessera::GetMapCanvas() {
-  return d->bitmapCanvas;
+  return d->pictures.MapCanvas();
 }
 
-void TTessera::FitScreenPicture() {
-  if (!Fits(d->screen, size(), devicePixelRatioF())) d->screen.SetSize(width(), height(), devicePixelRatioF());
+void TTessera::Invalidate() {
+  d->pictures.RequestRepaint();
+}
+
+void TTessera::SetIsBusy(bool isBusy) {
+  d->isBusy = isBusy;
+  if (!isBusy) d->pictures.RepeatRequest();
+}
+
+void TTessera::SetInUpdate(bool inUpdate) {
+  d->inUpdate = inUpdate;
+  if (!inUpdate) d->pictures.RepeatRequest();
 }
 
 void TTessera::Paint() {
-  const QRect client(0, 0, width(), height());
-  FitScreenPicture();
-  if (d->isFirstPaint) {
-    d->isFirstPaint = false;
-    ResetTools(d->screenCanvas, d->color);
-    d->screenCanvas.FillRect(client);
-  }
-  if (d->inUpdate || client.isEmpty()) return;
-  if (d->modified || !Fits(d->bitmap, size(), devicePixelRatioF())) {
-    PaintMapToBitmap();
+  d->pictures.FitScreen(d->color);
+  if (d->inUpdate || size().isEmpty()) return;
+  d->pictures.SetRepaintDone();
+  if (d->modified || !d->pictures.IsMapFitting()) {
+    GuardedCall([this] { PaintMapToBitmap(); });
     d->modified = false;
   }
   PaintBitmapToMapCanvas();
@@ -67,67 +66,62 @@ void TTessera::Paint() {
 
 void TTessera::PaintMapToBitmap() {
   const QTime start = QTime::currentTime();
-  const BusyScope busy(d->isBusy);
-  d->displayed->Clear();
-  if (!Fits(d->bitmap, size(), devicePixelRatioF())) d->bitmap.SetSize(width(), height(), devicePixelRatioF());
-  TCanvas &canvas = GetCanvas();
-  ResetTools(canvas, d->color);
-  canvas.FillRect(QRect(0, 0, width(), height()));
-  const int layerCount = d->layers->GetCount();
-  if (layerCount == 0) return;
-
-  StartProgress(0, layerCount - 1, QString());
-  d->substrates->Paint();
-  for (int i = 0; i < layerCount; ++i) {
-    d->layers->GetLayer(i)->Paint();
-    ShowProgress(i);
+  QTime end;
+  {
+    const BusyScope busy(*this);
+    d->displayed->Clear();
+    d->pictures.FitMap(d->color);
+    ResetTools(GetCanvas(), d->color);
+    GetCanvas().FillRect(rect());
+    if (d->layers->GetCount() == 0) return;
+    PaintLayers();
+    end = QTime::currentTime();
+    Q_EMIT OnPaint(this);
   }
-  ResetTools(canvas, d->color);
-  StopProgress();
-  Q_EMIT OnUpdate(this);
-  const QTime elapsed = QTime(0, 0).addMSecs(start.msecsTo(QTime::currentTime()));
-  Q_EMIT OnPaint(this);
+  const QTime elapsed = QTime(0, 0).addMSecs(start.msecsTo(end));
   DebugTrace(QStringLiteral("DrawTime = %s"), {elapsed.toString(QStringLiteral("ss:zzz"))});
 }
 
+void TTessera::PaintLayers() {
+  {
+    TProgressScope progress(*this, 0, d->layers->GetCount() - 1, QString());
+    d->substrates->Paint();
+    // A handler may have taken layers away.
+    for (int i = 0; i < d->layers->GetCount(); ++i) {
+      d->layers->GetLayer(i)->Paint();
+      progress.Show(i);
+    }
+    ResetTools(GetCanvas(), d->color);
+  }
+  Q_EMIT OnUpdate(this);
+}
+
 void TTessera::PaintBitmapToMapCanvas() {
-  TCanvas &canvas = GetCanvas();
-  canvas.Draw(0, 0, d->bitmap);
-  if (!d->flags.FastSelection) return;
-  for (TCustomMapObject *object : d->selection->Items()) object->DrawSelection();
+  d->pictures.DrawMap(GetCanvas());
+  if (d->flags.FastSelection) {
+    for (TCustomMapObject *object : d->selection->Items()) object->DrawSelection();
+  }
+  Q_EMIT OnScreenRepainted(this);
 }
 
 void TTessera::AssignToBitmap(TBitmap &bitmap) const {
-  TBitmap copy;
-  copy.SetSize(width(), height(), d->bitmap.GetImage().devicePixelRatio());
-  TCanvas canvas(&copy);
-  const QRect whole(0, 0, width(), height());
-  canvas.CopyRect(whole, d->bitmapCanvas, whole);
-  bitmap = copy;
+  bitmap = d->pictures.CopyOfMap();
 }
 
 void TTessera::paintEvent(QPaintEvent *event) {
-  GuardedEvent([this] {
-    const bool isStale = !Fits(d->screen, size(), devicePixelRatioF());
-    if ((d->isPaintPending || isStale) && !d->isBusy) {
-      d->isPaintPending = false;
-      Paint();
-    }
+  d->pictures.Show(event->rect(), [this] {
+    const bool isStale = d->modified || !d->pictures.IsScreenFitting();
+    if (!isStale && !d->pictures.IsRepaintRequested()) return;
+    // What cannot be served now, while the map is busy or in a batch of updates, is served afterwards.
+    d->pictures.SetRepaintDue();
+    if (!d->isBusy) GuardedCall([this] { Paint(); });
   });
-  QPainter painter(this);
-  const QRect exposed = event->rect();
-  const qreal ratio = d->screen.GetImage().devicePixelRatio();
-  painter.drawImage(
-      exposed, d->screen.GetImage(),
-      QRectF(exposed.x() * ratio, exposed.y() * ratio, exposed.width() * ratio, exposed.height() * ratio));
 }
 
 void TTessera::resizeEvent(QResizeEvent *event) {
   QWidget::resizeEvent(event);
   // Qt also sends this without a change, before it renders a hidden control.
-  if (Fits(d->bitmap, size(), devicePixelRatioF())) return;
-  d->modified = true;
-  d->isPaintPending = true;
+  if (!d->pictures.IsMapFitting()) d->modified = true;
 }
 
 }  // namespace tessera

@@ -52,6 +52,12 @@ double TTessera::UnRotateY(double x, double y) const {
 bool TTessera::GetisMapRotated() const {
   return d->rotation.GetAngle() != 0;
 }
+double TTessera::GetRotationAngle() const {
+  return d->rotation.GetAngle();
+}
+TMapPoint TTessera::GetRotationCenter() const {
+  return d->rotation.GetCenter();
+}
 
 void TTessera::NormalToRotated(double x, double y, double &rx, double &ry) const {
   const TMapPoint point = GetisMapRotated() ? d->rotation.Rotate(x, y) : TMapPoint{x, y};

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tessera/base/Exceptions.h>
-#include <tessera/base/MessageSink.h>
-#include <tessera/graphics/TCanvas.h>
-#include <tessera/map/detail/MapRotation.h>
 #include <tessera/map/TTessera.h>
+#include <tessera/map/detail/InputRouter.h>
+#include <tessera/map/detail/MapRotation.h>
+#include <tessera/map/detail/ScreenPictures.h>
 #include <tessera/objects/detail/ScreenOutliner.h>
 
 #include <optional>
@@ -13,6 +12,8 @@
 namespace tessera {
 
 struct TTessera::Private {
+  explicit Private(TTessera &map) : pictures(map), input(map) {}
+
   mutable TViewport viewport;  // follows the client size whenever it is asked for
   TViewFlags flags;
   double minZoom = 0;
@@ -28,13 +29,9 @@ struct TTessera::Private {
   bool modified = false;
   bool isLoading = false;
   bool isBeingDestroyed = false;
-  bool isFirstPaint = true;
-  bool isPaintPending = true;  // Paint is due, not just a copy of the screen picture
 
-  TBitmap bitmap;  // the off-screen picture
-  TBitmap screen;  // what the control shows
-  TCanvas bitmapCanvas{&bitmap};
-  TCanvas screenCanvas{&screen};
+  detail::ScreenPictures pictures;
+  detail::InputRouter input;
   QSharedPointer<TBitmap> selectionPattern;
   std::optional<detail::ScreenOutliner> outliner;
 
@@ -45,15 +42,5 @@ struct TTessera::Private {
   std::unique_ptr<TMapDataLinks> dataLinks;
   std::unique_ptr<TTesseraOptions> options;
 };
-
-/// Runs an event handler's body. Qt cannot carry an exception, so one that comes out of it ends as a message.
-template <typename Body>
-void GuardedEvent(Body body) {
-  try {
-    body();
-  } catch (const std::exception &error) {
-    ShowMessage(MessageOf(error));
-  }
-}
 
 }  // namespace tessera
