@@ -2,7 +2,6 @@
 // Handlers may do anything, and everything may be destroyed in any order.
 #include "MapFixture.h"
 
-
 #include <QSignalSpy>
 
 #include <memory>
@@ -23,6 +22,8 @@ class Link : public TMapDataLink {
 
 class LifetimeTest : public MapFixture {
  protected:
+  // Handlers use the test, which goes before the map does.
+  ~LifetimeTest() override { map.disconnect(); }
   template <typename Handler>
   void On(void (TTessera::*signal)(TTessera *, TMapLayer *, bool, bool &), Handler handler) {
     QObject::connect(&map, signal, &map, handler);
@@ -172,6 +173,10 @@ TEST_F(LifetimeTest, AnswersNoneWhenAHandlerHasDestroyedWhatWasAdded) {
 /// A map whose handlers do something hostile now and then, and in whose midst hostile things are done.
 class HostileMap : public MapFixture {
  protected:
+  ~HostileMap() override {
+    map.disconnect();
+    link.SetMap(nullptr);
+  }
   void Connect() {
     link.SetMap(&map);
     link.handle = [this](TMapDataLinkEvent, TObject *) { Strike(); };
