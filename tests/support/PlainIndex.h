@@ -9,15 +9,16 @@
 
 namespace tessera::test {
 
-/// The spatial index as it is described, step by step, with an object made for every question. It does not end where
-/// more than five objects stay together.
+/// The spatial index as it is described, step by step, with an object made for every question.
 struct PlainCell {
   TCellBounds bounds{};
   int level = 0;
   std::vector<std::uint32_t> ids;
   std::vector<std::unique_ptr<PlainCell>> children;
 
-  static std::unique_ptr<PlainCell> Build(const TMapLayer &layer) {
+  /// The tree, or none when its cells would be more than `maxCells`: division never ends where more than five objects
+  /// stay together.
+  static std::unique_ptr<PlainCell> Build(const TMapLayer &layer, int maxCells) {
     auto root = std::make_unique<PlainCell>();
     TBounds all = TBounds::Empty();
     for (int id = 0; id < layer.GetObjectCount(); ++id) {
@@ -29,30 +30,7 @@ struct PlainCell {
       root->ids.push_back(std::uint32_t(id));
     }
     root->bounds = Bounds2CellBounds(all);
-    root->Divide(layer);
-    return root;
-  }
-
-  void Divide(const TMapLayer &layer) {
-    if (ids.size() <= 5) return;
-    const double midX = (bounds.MaxX - bounds.MinX) / 2 + bounds.MinX;
-    const double midY = (bounds.MaxY - bounds.MinY) / 2 + bounds.MinY;
-    const TCellBounds quadrants[] = {{bounds.MinX, midX, bounds.MinY, midY},
-                                     {bounds.MinX, midX, midY, bounds.MaxY},
-                                     {midX, bounds.MaxX, midY, bounds.MaxY},
-                                     {midX, bounds.MaxX, bounds.MinY, midY}};
-    for (const TCellBounds &quadrant : quadrants) {
-      auto child = std::make_unique<PlainCell>();
-      child->bounds = quadrant;
-      child->level = level + 1;
-      for (const std::uint32_t id : ids) {
-        if (Meets(quadrant, *layer.GetObjects(int(id)))) child->ids.push_back(id);
-      }
-      if (child->ids.empty()) continue;
-      child->Divide(layer);
-      children.push_back(std::move(child));
-    }
-    ids.clear();
+    return root->Divide(layer, maxCells) ? std::move(root) : nullptr;
   }
 
   bool GetIdsInRect(const TCellBounds &rect, std::vector<std::uint32_t> &found) const {
@@ -76,6 +54,28 @@ struct PlainCell {
   }
 
  private:
+  bool Divide(const TMapLayer &layer, int &cellsLeft) {
+    if (ids.size() <= 5) return true;
+    const double midX = (bounds.MaxX - bounds.MinX) / 2 + bounds.MinX;
+    const double midY = (bounds.MaxY - bounds.MinY) / 2 + bounds.MinY;
+    const TCellBounds quadrants[] = {{bounds.MinX, midX, bounds.MinY, midY},
+                                     {bounds.MinX, midX, midY, bounds.MaxY},
+                                     {midX, bounds.MaxX, midY, bounds.MaxY},
+                                     {midX, bounds.MaxX, bounds.MinY, midY}};
+    for (const TCellBounds &quadrant : quadrants) {
+      auto child = std::make_unique<PlainCell>();
+      child->bounds = quadrant;
+      child->level = level + 1;
+      for (const std::uint32_t id : ids) {
+        if (Meets(quadrant, *layer.GetObjects(int(id)))) child->ids.push_back(id);
+      }
+      if (child->ids.empty()) continue;
+      if (--cellsLeft < 0 || !child->Divide(layer, cellsLeft)) return false;
+      children.push_back(std::move(child));
+    }
+    ids.clear();
+    return true;
+  }
   static std::unique_ptr<TCustomMapObject> MakeBox(const TCellBounds &box) {
     auto object = std::make_unique<TCustomMapObject>();
     TMapPoints &corners = object->GetParts().Add().GetPoints();

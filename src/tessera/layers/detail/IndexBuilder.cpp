@@ -16,7 +16,6 @@ constexpr std::uint32_t ShortOutline = 64;
 constexpr std::size_t SamplesOfSmallCell = 8;
 constexpr std::size_t SamplesOfBigCell = 2;
 constexpr std::size_t SmallCell = 64;
-constexpr int MaxFruitlessLevels = 8;
 /// A cell costs some 150 bytes. Ordinary layers have a cell or two for each object, or one for each ten vertices.
 constexpr std::size_t CellsOfAnyTree = std::size_t(1) << 18;
 constexpr std::size_t CellsPerObject = 4;
@@ -30,6 +29,22 @@ std::array<TCellBounds, 4> QuadrantsOf(const TCellBounds &cell) {
            {cell.MinX, midX, midY, cell.MaxY},
            {midX, cell.MaxX, midY, cell.MaxY},
            {midX, cell.MaxX, cell.MinY, midY}}};
+}
+
+/// Whether all quadrants lie within the cell. Where the size of a cell overflows, they do not.
+bool IsNesting(const TCellBounds &cell) {
+  return std::isfinite(cell.MaxX - cell.MinX) && std::isfinite(cell.MaxY - cell.MinY);
+}
+
+/// Equality by which not-a-number, the middle of what is infinite, equals itself.
+bool IsSame(const TCellBounds &a, const TCellBounds &b) {
+  const auto isSame = [](double x, double y) { return x == y || (std::isnan(x) && std::isnan(y)); };
+  return isSame(a.MinX, b.MinX) && isSame(a.MaxX, b.MaxX) && isSame(a.MinY, b.MinY) && isSame(a.MaxY, b.MaxY);
+}
+
+/// What the boxes of all cells about a point have in common: the point, unless it lies beyond running bounds.
+TBounds CoreAbout(const TMapPoint &point) {
+  return IndexBox::BoundsOf({point.X, point.X, point.Y, point.Y});
 }
 
 bool Overlap(const TBounds &a, const TBounds &b) {
@@ -65,6 +80,7 @@ IndexBuilder::IndexBuilder(TIndexCell &top) : m_top(top) {
     m_entries.push_back(WholeEntry(std::uint32_t(m_ids.size()), m_objects.back()));
     m_ids.push_back(id);
     vertices += m_entries.back().vertexCount;
+    m_hasFigures |= m_objects.back().containment == TBoxContainment::Refined;
   }
   m_cellsLeft = CellsOfAnyTree + CellsPerObject * m_ids.size() + vertices / VerticesPerCell;
   m_idsLeft = IdsPerCell * m_cellsLeft;
@@ -96,39 +112,40 @@ IndexBuilder::Entry IndexBuilder::WholeEntry(std::uint32_t at, const Object &obj
 
 bool IndexBuilder::Run() {
   const Range all{0, m_entries.size()};
-  if (EndsHere(m_top, all, 0)) return false;
-  DivideCell(m_top, all, 0);
+  if (EndsHere(m_top, all)) return false;
+  DivideCell(m_top, all);
   return true;
 }
 
-void IndexBuilder::DivideCell(TIndexCell &cell, Range range, int fruitlessLevels) {
-  for (const TCellBounds &quadrant : QuadrantsOf(cell.m_bounds)) AddChild(cell, range, quadrant, fruitlessLevels);
+void IndexBuilder::DivideCell(TIndexCell &cell, Range range) {
+  for (const TCellBounds &quadrant : QuadrantsOf(cell.m_bounds)) AddChild(cell, range, quadrant);
   cell.m_isBuildNeeded = false;
 }
 
-void IndexBuilder::AddChild(TIndexCell &cell, Range range, const TCellBounds &quadrant, int fruitlessLevels) {
-  const std::size_t outlines = m_cutOutlines.size();
-  const IndexBox box(quadrant);
-  const std::size_t first = m_entries.size();
-  // Huge coordinates overflow in the middle, and a quadrant may reach beyond its cell.
-  Collect(range, box, IndexBox::BoundsOf(cell.m_bounds).ContainsBounds(box.GetBounds()));
-  const Range found{first, m_entries.size() - first};
-  if (found.count > 0) {
+void IndexBuilder::AddChild(TIndexCell &cell, Range range, const TCellBounds &quadrant) {
+  WithEntriesIn(quadrant, cell.m_bounds, range, [&](Range found) {
+    if (found.count == 0) return;
     auto child = std::make_unique<TIndexCell>(&cell);
     child->m_bounds = quadrant;
     // The cells that are begun on the way down still get their children when nothing is left.
     m_cellsLeft -= std::min<std::size_t>(m_cellsLeft, 1);
-    const bool isFruitless = found.count == range.count;
-    const int levels = isFruitless ? fruitlessLevels + 1 : 0;
     // At the end of their precision, coordinates have no middle between them.
-    const bool isSame = isFruitless && quadrant == cell.m_bounds;
-    if (found.count > MinCount && !isSame && !EndsHere(*child, found, levels)) {
-      DivideCell(*child, found, levels);
+    const bool isRepeated = found.count == range.count && IsSame(quadrant, cell.m_bounds);
+    if (found.count > MinCount && !isRepeated && !EndsHere(*child, found)) {
+      DivideCell(*child, found);
     } else {
       StoreIds(*child, found);
     }
     cell.m_cells.push_back(std::move(child));
-  }
+  });
+}
+
+template <typename Use>
+void IndexBuilder::WithEntriesIn(const TCellBounds &quadrant, const TCellBounds &cell, Range range, Use use) {
+  const std::size_t outlines = m_cutOutlines.size();
+  const std::size_t first = m_entries.size();
+  Collect(range, IndexBox(quadrant), IsNesting(cell));
+  use(Range{first, m_entries.size() - first});
   m_entries.erase(m_entries.begin() + std::ptrdiff_t(first), m_entries.end());
   m_cutOutlines.resize(outlines);
 }
@@ -199,42 +216,69 @@ bool IndexBuilder::CutOutline(Entry &entry, const TBounds &bounds) {
   return true;
 }
 
-bool IndexBuilder::EndsHere(const TIndexCell &cell, Range range, int fruitlessLevels) const {
+bool IndexBuilder::EndsHere(const TIndexCell &cell, Range range) {
   constexpr std::size_t Quadrants = 4;
   if (m_cellsLeft < Quadrants || m_idsLeft < Quadrants * range.count) return true;
-  const std::size_t together = DeepestPoint(cell, range);
-  if (together > MinCount && range.count <= 2 * together) return true;
-  if (fruitlessLevels < MaxFruitlessLevels) return false;
-  const auto first = m_entries.begin() + std::ptrdiff_t(range.first);
-  const auto byFigure = std::count_if(first, first + std::ptrdiff_t(range.count), [this](const Entry &entry) {
-    return m_objects[entry.object].containment == TBoxContainment::Refined && std::isnan(entry.sample.X);
-  });
-  return range.count - std::size_t(byFigure) <= MinCount;
+  const std::size_t enough = std::max(MinCount + 1, (range.count + 1) / 2);
+  const Crowd crowd = FindCrowd(cell, range);
+  return crowd.count >= enough && StayTogether(cell.m_bounds, range, crowd.point, enough);
 }
 
-std::size_t IndexBuilder::DeepestPoint(const TIndexCell &cell, Range range) const {
+IndexBuilder::Crowd IndexBuilder::FindCrowd(const TIndexCell &cell, Range range) const {
   const TCellBounds &box = cell.m_bounds;
-  std::size_t covering = 0;
-  for (std::size_t i = range.first; i < range.first + range.count; ++i) {
-    const Object &object = m_objects[m_entries[i].object];
-    // A figure that holds the corners is taken for one that holds all between them.
-    covering += std::size_t(object.containment == TBoxContainment::Refined && std::isnan(m_entries[i].sample.X) &&
-                            !m_entries[i].covers && HasCornersIn(*object.self, box));
-  }
-  std::size_t deepest = DepthAt({(box.MaxX - box.MinX) / 2 + box.MinX, (box.MaxY - box.MinY) / 2 + box.MinY}, range);
+  const TMapPoint middle = {(box.MaxX - box.MinX) / 2 + box.MinX, (box.MaxY - box.MinY) / 2 + box.MinY};
+  Crowd crowd{middle, DepthAt(middle, range)};
+  const auto tryPoint = [&](const TMapPoint &point) {
+    const std::size_t count = DepthAt(point, range);
+    if (count > crowd.count) crowd = {point, count};
+  };
   const std::size_t samples = std::min(range.count, range.count <= SmallCell ? SamplesOfSmallCell : SamplesOfBigCell);
   for (std::size_t i = 0; i < samples; ++i) {
     const TMapPoint &sample = m_entries[range.first + i * range.count / samples].sample;
-    if (cell.ContainsPoint(sample.X, sample.Y)) deepest = std::max(deepest, DepthAt(sample, range));
+    if (cell.ContainsPoint(sample.X, sample.Y)) tryPoint(sample);
   }
-  return covering + deepest;
+  // Rims of figures may run through the cell with a corner on their inner side.
+  if (!m_hasFigures) return crowd;
+  for (const double x : {box.MinX, box.MaxX}) {
+    for (const double y : {box.MinY, box.MaxY}) tryPoint({x, y});
+  }
+  return crowd;
 }
 
 std::size_t IndexBuilder::DepthAt(const TMapPoint &point, Range range) const {
+  const TBounds core = CoreAbout(point);
   const auto first = m_entries.begin() + std::ptrdiff_t(range.first);
   return std::size_t(std::count_if(first, first + std::ptrdiff_t(range.count), [&](const Entry &entry) {
-    return entry.covers || (entry.sample.X == point.X && entry.sample.Y == point.Y) ||
-           HoldsInside(m_objects[entry.object].bounds, point);
+    const Object &object = m_objects[entry.object];
+    return entry.covers || core.ContainsPoint(entry.sample.X, entry.sample.Y) || HoldsInside(object.bounds, point) ||
+           (object.containment == TBoxContainment::Refined && object.self->ContainsPoint(point.X, point.Y));
+  }));
+}
+
+bool IndexBuilder::StayTogether(const TCellBounds &cell, Range range, const TMapPoint &point, std::size_t enough) {
+  if (range.count < enough) return false;
+  if (CountLasting(cell, range, point) >= enough) return true;
+  const auto quadrants = QuadrantsOf(cell);
+  const auto quadrant = std::find_if(quadrants.begin(), quadrants.end(), [&point](const TCellBounds &each) {
+    return CellBounds2Bounds(each).ContainsPoint(point.X, point.Y);
+  });
+  if (quadrant == quadrants.end()) return false;
+  bool stay = false;
+  WithEntriesIn(*quadrant, cell, range, [&](Range found) {
+    const bool isRepeated = found.count == range.count && IsSame(*quadrant, cell);
+    stay = isRepeated || StayTogether(*quadrant, found, point, enough);
+  });
+  return stay;
+}
+
+std::size_t IndexBuilder::CountLasting(const TCellBounds &cell, Range range, const TMapPoint &point) const {
+  if (!IsNesting(cell)) return 0;
+  const TBounds core = CoreAbout(point);
+  const auto first = m_entries.begin() + std::ptrdiff_t(range.first);
+  return std::size_t(std::count_if(first, first + std::ptrdiff_t(range.count), [&](const Entry &entry) {
+    const Object &object = m_objects[entry.object];
+    return entry.covers || core.ContainsPoint(entry.sample.X, entry.sample.Y) ||
+           (object.containment == TBoxContainment::Refined && HasCornersIn(*object.self, cell));
   }));
 }
 

@@ -19,11 +19,12 @@ namespace tessera::detail {
 ///
 /// Left to itself, division would never end where more than five objects stay together however small the cells become:
 /// where they share a vertex, or lie over each other. A cell with such a point is divided only while most of its
-/// objects are not of those at that point; where no cell has such a point, the tree is the full one. Two more bounds
-/// hold for data that no map has. Objects whose figures are not told by bounds or vertices, such as circles, may stay
-/// together along their rims: eight levels in a row that keep them all end the division. And vertices on one vertical
-/// or horizontal line double with every level, so the cells and ids of one tree are limited by the count of its
-/// objects.
+/// objects are not of those at that point. That they stay is never guessed: the cells about the point are followed down
+/// until it is certain, so a cell whose division ends by itself is divided to that end. The one thing taken for granted
+/// is that a figure which holds the corners of a cell, where neither bounds nor vertices tell, holds all between them.
+///
+/// The other bound is for trees that would end but hardly fit into memory: vertices on one vertical or horizontal line
+/// double with every level, so the cells and ids of one tree are limited by the count of its objects.
 class IndexBuilder {
  public:
   explicit IndexBuilder(TIndexCell &top);
@@ -55,10 +56,19 @@ class IndexBuilder {
     std::size_t count;
   };
 
+  /// A place where objects are likely to stay together, and how many.
+  struct Crowd {
+    TMapPoint point;
+    std::size_t count;
+  };
+
   static Object Describe(const TCustomMapObject &object);
   static Entry WholeEntry(std::uint32_t at, const Object &object);
-  void DivideCell(TIndexCell &cell, Range range, int fruitlessLevels);
-  void AddChild(TIndexCell &cell, Range range, const TCellBounds &quadrant, int fruitlessLevels);
+  void DivideCell(TIndexCell &cell, Range range);
+  void AddChild(TIndexCell &cell, Range range, const TCellBounds &quadrant);
+  /// Hands `use` the entries of a cell's range that meet a quadrant of it, for the time of the call.
+  template <typename Use>
+  void WithEntriesIn(const TCellBounds &quadrant, const TCellBounds &cell, Range range, Use use);
   void Collect(Range range, const IndexBox &box, bool isNested);
   [[nodiscard]] bool EnterBox(Entry &entry, const IndexBox &box);
   [[nodiscard]] bool FindVertex(Entry &entry, const TBounds &bounds);
@@ -67,15 +77,19 @@ class IndexBuilder {
   /// Hands `use` the vertices of an entry, run by run.
   template <typename Use>
   void ForEachRun(const Entry &entry, Use use) const;
-  [[nodiscard]] bool EndsHere(const TIndexCell &cell, Range range, int fruitlessLevels) const;
-  /// How many objects stay together at some point of the cell, however small the cells about it become: the most that
-  /// are found for a few points.
-  [[nodiscard]] std::size_t DeepestPoint(const TIndexCell &cell, Range range) const;
+  [[nodiscard]] bool EndsHere(const TIndexCell &cell, Range range);
+  /// The most crowded of a few points of the cell.
+  [[nodiscard]] Crowd FindCrowd(const TIndexCell &cell, Range range) const;
   [[nodiscard]] std::size_t DepthAt(const TMapPoint &point, Range range) const;
+  /// Whether at least `enough` entries are in all cells about a point, however small.
+  [[nodiscard]] bool StayTogether(const TCellBounds &cell, Range range, const TMapPoint &point, std::size_t enough);
+  /// How many entries are certain to.
+  [[nodiscard]] std::size_t CountLasting(const TCellBounds &cell, Range range, const TMapPoint &point) const;
   void StoreIds(TIndexCell &cell, Range range);
 
   TIndexCell &m_top;
   std::vector<Object> m_objects;
+  bool m_hasFigures = false;         // that neither bounds nor vertices tell
   std::vector<std::uint32_t> m_ids;  // of m_objects
   std::vector<Entry> m_entries;
   std::vector<std::vector<TMapPoint>> m_cutOutlines;
