@@ -12,11 +12,10 @@ namespace {
 constexpr double PixelsPerPoint = 1.48;
 constexpr double SmallestEstimatePt = 2;
 constexpr double LargestEstimatePt = 200;
-/// Where fonts stop growing, so that a walk ends in any box.
+/// Where fonts stop growing.
 constexpr int LargestPt = 12288;
-/// Beyond these ratios of text to box a jump is worth while.
-constexpr double JumpDownAbove = 1.2;
-constexpr double JumpUpBelow = 0.8;
+/// So many steps in proportion end the search of nearly any text.
+constexpr int ProportionalSteps = 4;
 /// How much of the height may stay free before a larger size is tried.
 constexpr double FreeHeight = 1.05;
 
@@ -25,6 +24,7 @@ constexpr double FreeHeight = 1.05;
 void TextFit::Measure(int sizePt) {
   m_canvas.Font().SetSize(sizePt);
   const QSize extent = m_canvas.TextExtent(m_text);
+  m_sizePt = sizePt;
   m_width = extent.width();
   m_height = extent.height();
 }
@@ -33,40 +33,37 @@ int TextFit::FindSize(int floorPt) {
   const int start =
       int(std::clamp(std::nearbyint(m_box.height / PixelsPerPoint), SmallestEstimatePt, LargestEstimatePt));
   Measure(start);
-  if (Exceeds()) return WalkDown(start, floorPt);
+  if (Exceeds()) return start > floorPt ? FindBelow(start, floorPt) : start;
   const bool isSmaller = m_width < m_box.width && m_height < m_box.height;
-  return isSmaller && m_box.height / (m_height + 0.000001) > FreeHeight ? WalkUp(start) : start;
+  return isSmaller && m_box.height / (m_height + 0.000001) > FreeHeight ? FindAbove(start) : start;
 }
 
-int TextFit::WalkDown(int startPt, int floorPt) {
-  const double ratio = std::max(m_width / m_box.width, m_height / m_box.height);
-  int size = startPt;
-  if (ratio > JumpDownAbove && startPt > floorPt) {
-    size = std::clamp(int(startPt / ratio) + 1, floorPt, startPt);
-    Measure(size);
-    // The largest size that fits is wanted; a jump too far is taken back to the first size that does not.
-    while (!Exceeds() && size < startPt) Measure(++size);
-  }
-  while (Exceeds() && size > floorPt) Measure(--size);
-  return size;
+int TextFit::FindBelow(int startPt, int floorPt) {
+  return FindFirst(floorPt + 1, startPt, [this] { return Exceeds(); }) - 1;
 }
 
-int TextFit::WalkUp(int startPt) {
-  const auto stops = [this] { return Exceeds() || m_height == m_box.height; };
-  const double ratio = std::min(m_width / m_box.width, m_height / m_box.height);
-  int size = startPt;
-  if (ratio < JumpUpBelow) {
-    // An invisible text has no width to reckon with.
-    const double jump = ratio > 0 ? startPt / ratio - 2 : double(startPt);
-    size = int(std::clamp(jump, double(startPt), double(LargestPt)));
-    Measure(size);
-    while (size > startPt && stops()) Measure(--size);
+int TextFit::FindAbove(int startPt) {
+  const int first = FindFirst(startPt + 1, LargestPt + 1, [this] { return Exceeds() || m_height == m_box.height; });
+  if (first > LargestPt) return LargestPt;
+  Measure(first);
+  return Exceeds() ? first - 1 : first;
+}
+
+template <typename Stops>
+int TextFit::FindFirst(int lowPt, int highPt, Stops stops) {
+  for (int step = 0; lowPt < highPt; ++step) {
+    const double ratio = std::max(m_width / m_box.width, m_height / m_box.height);
+    // A text may take no room at all.
+    const bool isInProportion = step < ProportionalSteps && ratio > 0;
+    const double guess = isInProportion ? m_sizePt / ratio : (lowPt + highPt) / 2;
+    Measure(int(std::clamp(guess, double(lowPt), double(highPt - 1))));
+    if (stops()) {
+      highPt = m_sizePt;
+    } else {
+      lowPt = m_sizePt + 1;
+    }
   }
-  while (size < LargestPt) {
-    Measure(++size);
-    if (stops()) return Exceeds() ? size - 1 : size;
-  }
-  return size;
+  return highPt;
 }
 
 }  // namespace tessera::detail

@@ -21,10 +21,10 @@ struct PixelBox {
 
 /// The font size, in points, that makes a text fill a box.
 ///
-/// Found by walking from an estimate point by point: down to the first size at which the text fits, or to `floorPt`;
-/// up, when the text leaves more than a twentieth of the height free, to the first size that reaches the height exactly
-/// or the last before one that is too large. Far walks are cut short by a jump in proportion, without changing where
-/// they end as long as larger letters are not narrower.
+/// It is where a walk from an estimate, point by point, ends: down at the first size at which the text fits, or at
+/// `floorPt`; up, when the text leaves more than a twentieth of the height free, at the first size that reaches the
+/// height exactly or the last before one that is too large. It is found in a few steps in proportion, or else by
+/// halves, which ends in the same place as long as larger letters are neither narrower nor lower.
 class TextFit {
  public:
   /// Measures with the canvas's font, whose size is left at whatever was measured last. @pre `box` is not empty.
@@ -35,12 +35,16 @@ class TextFit {
  private:
   void Measure(int sizePt);
   [[nodiscard]] bool Exceeds() const { return m_width > m_box.width || m_height > m_box.height; }
-  [[nodiscard]] int WalkDown(int startPt, int floorPt);
-  [[nodiscard]] int WalkUp(int startPt);
+  [[nodiscard]] int FindBelow(int startPt, int floorPt);
+  [[nodiscard]] int FindAbove(int startPt);
+  /// The first size from `lowPt` on of which `stops` is true; `highPt` when none below it is.
+  template <typename Stops>
+  [[nodiscard]] int FindFirst(int lowPt, int highPt, Stops stops);
 
   TCanvas &m_canvas;
   const QString &m_text;
   PixelBox m_box;
+  int m_sizePt = 0;     ///< That was measured last.
   double m_width = 0;   ///< Of the text as measured last.
   double m_height = 0;  ///< Of the text as measured last.
 };
