@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
+#include <tessera/base/detail/FarPixels.h>
 #include <tessera/geometry/TViewport.h>
 
 #include <algorithm>
@@ -13,10 +14,12 @@ namespace {
 constexpr long double MinPixel = std::numeric_limits<std::int32_t>::min();
 constexpr long double MaxPixel = std::numeric_limits<std::int32_t>::max();
 
-int PixelOf(long double position) {
+std::int64_t PixelOf(long double position) {
+  // Doubles still hold every integer up to here.
+  constexpr std::int64_t Furthest = std::int64_t(1) << 52;
   const long double rounded = std::rint(position);
-  if (!(rounded > MinPixel)) return std::numeric_limits<std::int32_t>::min();
-  return rounded < MaxPixel ? int(rounded) : std::numeric_limits<std::int32_t>::max();
+  if (!(rounded > -static_cast<long double>(Furthest))) return -Furthest;
+  return rounded < static_cast<long double>(Furthest) ? std::int64_t(rounded) : Furthest;
 }
 
 int CheckedPixelOf(long double position) {
@@ -78,6 +81,11 @@ TMapPoint TViewport::ScreenToMap(int x, int y) const {
 }
 
 QPoint TViewport::MapToScreen(double mx, double my) const {
+  const FarPixel pixel = MapToFarScreen(mx, my);
+  return {detail::Saturated(pixel.x), detail::Saturated(pixel.y)};
+}
+
+TViewport::FarPixel TViewport::MapToFarScreen(double mx, double my) const {
   const Scale scale = GetScale();
   return {PixelOf(ClientWidth / 2.0L + (static_cast<long double>(mx) - CenterX) * scale.Kx),
           PixelOf(ClientHeight / 2.0L - (static_cast<long double>(my) - CenterY) * scale.Ky)};
@@ -120,12 +128,8 @@ void TViewport::MapToScreen(std::span<const TMapPoint> points, QPoint *out) cons
 }
 
 TMapPoint TViewport::MovedByPixels(const TMapPoint &point, std::int64_t right, std::int64_t down) const {
-  const auto moved = [](int pixel, std::int64_t by) {
-    using Limits = std::numeric_limits<int>;
-    return int(std::clamp<std::int64_t>(pixel + by, Limits::min(), Limits::max()));
-  };
-  const QPoint pixel = MapToScreen(point.X, point.Y);
-  return ScreenToMap(moved(pixel.x(), right), moved(pixel.y(), down));
+  const QPoint moved = detail::MovedBy(MapToScreen(point.X, point.Y), right, down);
+  return ScreenToMap(moved.x(), moved.y());
 }
 
 TBounds TViewport::GetViewBounds() const {

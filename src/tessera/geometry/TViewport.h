@@ -41,7 +41,14 @@ struct TESSERA_CORE_EXPORT TViewport {
   /// The pixel of a map point; coordinates beyond 32 bits (and not-a-number) are pinned to the nearest integer there
   /// is.
   [[nodiscard]] QPoint MapToScreen(double mx, double my) const;
-  /// As above, but a point outside the view is pinned one pixel outside the client rectangle on the side where it lies.
+  /// As above, pinned only beyond what any computation with pixels needs.
+  struct FarPixel {
+    std::int64_t x;
+    std::int64_t y;
+  };
+  [[nodiscard]] FarPixel MapToFarScreen(double mx, double my) const;
+  /// As MapToScreen, but a point outside the view is pinned one pixel outside the client rectangle on the side where it
+  /// lies.
   /// @throws ERangeError when the result does not fit 32 bits.
   [[nodiscard]] QPoint MapToScreenClipped(double mx, double my) const;
   /// The map point that lies `right` and `down` pixels from the pixel of a map point. Pixels are pinned as in

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/detail/FarPixels.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/graphics/detail/CanvasState.h>
 #include <tessera/graphics/detail/EllipseRaster.h>
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <utility>
 
 namespace tessera {
@@ -16,13 +16,9 @@ using detail::DevicePen;
 using detail::DeviceRect;
 using detail::Fill;
 using detail::PaintStage;
+using detail::Saturated;
 
 namespace {
-
-int Saturated(std::int64_t value) {
-  using Limits = std::numeric_limits<int>;
-  return int(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
-}
 
 /// A frame of the pen's width, its inside filled; each pixel is touched once.
 void DrawFrame(const detail::Surface &surface, const DeviceRect &rect, const DevicePen &pen, const Fill &fill) {
@@ -59,6 +55,13 @@ void TCanvas::Private::Blit(const DeviceRect &dest, const TBitmap &bitmap) const
   const QImage image = &bitmap == m_bitmap ? bitmap.GetImage().copy() : bitmap.GetImage();
   Note(dest);
   detail::BlitScaled(GetSurface(), dest, {image, {0, 0, image.width(), image.height()}, transparent});
+}
+
+void TCanvas::Private::DrawEllipse(const DeviceRect &rect) {
+  if (rect.IsEmpty()) return;
+  const DevicePen pen = MakePen();
+  Note(rect.Inflated(pen.widthPx));
+  detail::DrawEllipse(GetSurface(), rect, pen, MakeFill());
 }
 
 TCanvas::TCanvas(TBitmap *bitmap) : d(std::make_unique<Private>(bitmap)) {}
@@ -112,11 +115,13 @@ void TCanvas::Rectangle(int x1, int y1, int x2, int y2) {
 
 void TCanvas::Ellipse(int x1, int y1, int x2, int y2) {
   if (!d->Attach()) return;
-  const DeviceRect rect = d->ToDeviceSorted(x1, y1, x2, y2);
-  if (rect.IsEmpty()) return;
-  const DevicePen pen = d->MakePen();
-  d->Note(rect.Inflated(pen.widthPx));
-  detail::DrawEllipse(d->GetSurface(), rect, pen, d->MakeFill());
+  d->DrawEllipse(d->ToDeviceSorted(x1, y1, x2, y2));
+}
+
+void TCanvas::Circle(std::int64_t x, std::int64_t y, std::int64_t radius) {
+  if (!d->Attach()) return;
+  const std::int64_t reach = std::abs(radius);
+  d->DrawEllipse(d->ToDevice(DeviceRect{x - reach, y - reach, x + reach, y + reach}));
 }
 
 void TCanvas::Polygon(std::span<const TPoint> points) {

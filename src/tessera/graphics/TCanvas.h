@@ -42,6 +42,8 @@ class TESSERA_CORE_EXPORT TCanvas {
   /// Border with the pen, inside with the brush.
   void Rectangle(int x1, int y1, int x2, int y2);
   void Ellipse(int x1, int y1, int x2, int y2);
+  /// The ellipse of the square about a point, which may lie far beyond 32 bits.
+  void Circle(std::int64_t x, std::int64_t y, std::int64_t radius);
   /// Fills by the alternate rule and closes the outline. Fewer than two points draw nothing.
   void Polygon(std::span<const TPoint> points);
   /// An open line with the pen. Fewer than two points draw nothing.

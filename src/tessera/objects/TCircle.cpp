@@ -2,21 +2,11 @@
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/objects/TCircle.h>
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 
 namespace tessera {
-namespace {
-
-int Pixel(std::int64_t position) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  return int(std::clamp<std::int64_t>(position, Limits::min(), Limits::max()));
-}
-
-}  // namespace
-
 TCircle::TCircle() {
   SetAnchorX(0);
 }
@@ -53,11 +43,10 @@ void TCircle::Draw() {
   TMapHost *map = GetMapHost();
   if (map == nullptr || GetParts().GetCount() == 0) return;
   const TMapPoint centre = GetAnchor();
-  const TPoint at = map->GetViewport().MapToScreen(centre.X, centre.Y);
-  const std::int64_t x = at.x();
-  const std::int64_t y = at.y();
-  const std::int64_t radiusPx = map->GetViewport().MapToScreen(centre.X + m_radius, centre.Y).x() - x;
-  map->GetCanvas().Ellipse(Pixel(x - radiusPx), Pixel(y - radiusPx), Pixel(x + radiusPx), Pixel(y + radiusPx));
+  // The rim may run through the view though the centre does not fit 32 bits.
+  const TViewport::FarPixel at = map->GetViewport().MapToFarScreen(centre.X, centre.Y);
+  const TViewport::FarPixel rim = map->GetViewport().MapToFarScreen(centre.X + m_radius, centre.Y);
+  map->GetCanvas().Circle(at.x, at.y, rim.x - at.x);
 }
 
 bool TCircle::ContainsPoint(double x, double y) const {

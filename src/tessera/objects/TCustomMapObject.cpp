@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/GuardedCall.h>
 #include <tessera/base/THandle.h>
+#include <tessera/base/detail/FarPixels.h>
 #include <tessera/geometry/PolySplitter.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/objects/TCustomMapObject.h>
@@ -216,7 +217,7 @@ void TCustomMapObject::Paint() {
     canvas.Brush().SetBitmap(map->GetSelectionPattern());
     canvas.Pen().SetMode(TPenMode::pmCopy);
     canvas.Pen().SetColor(clNavy);
-    canvas.Pen().SetWidth(canvas.Pen().GetWidth() + SelectedPenExtraPx);
+    canvas.Pen().SetWidth(detail::Saturated(std::int64_t(canvas.Pen().GetWidth()) + SelectedPenExtraPx));
   }
   Draw();
   if (m_isInLayer && m_place.layer->GetAutoLabel()) DrawLabel(canvas);
@@ -239,7 +240,8 @@ void TCustomMapObject::DrawLabel(TCanvas &canvas) {
   canvas.Font() = layer.GetAutoLabelFont();
   const QString text = std::as_const(m_fields).GetFields(field).GetAsString();
   const QSize extent = canvas.TextExtent(text);
-  canvas.TextOut(anchor.x() - extent.width() / 2, anchor.y() - extent.height() / 2, text);
+  const TPoint corner = detail::MovedBy(anchor, -(extent.width() / 2), -(extent.height() / 2));
+  canvas.TextOut(corner.x(), corner.y(), text);
 }
 
 TPoint TCustomMapObject::GetPixels(int part, int point) const {

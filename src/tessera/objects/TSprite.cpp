@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/detail/FarPixels.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/objects/TSprite.h>
 
@@ -15,18 +16,15 @@ TSprite::TSprite() {
 }
 
 TPoint TSprite::GetScreenPosition() const {
-  // Far beyond every picture; keeps boxes within 32 bits.
-  constexpr int FarPx = 1 << 30;
   const TMapPoint position = GetAnchor();
-  const TPoint at = GetMapHost()->GetViewport().MapToScreen(position.X, position.Y);
-  return {std::clamp(at.x(), -FarPx, FarPx), std::clamp(at.y(), -FarPx, FarPx)};
+  return GetMapHost()->GetViewport().MapToScreen(position.X, position.Y);
 }
 
 QRect TSprite::GetBox() const {
-  const TPoint at = GetScreenPosition();
   const int width = m_glyph.GetWidth();
   const int height = m_glyph.GetHeight();
-  return {at.x() - width / 2, at.y() - height / 2, width, height};
+  const TPoint corner = detail::MovedBy(GetScreenPosition(), -(width / 2), -(height / 2));
+  return {corner, detail::MovedBy(corner, width - 1, height - 1)};
 }
 
 void TSprite::SaveBackground() {
@@ -157,7 +155,8 @@ bool TSprite::IntersectsRect(double x1, double y1, double x2, double y2) const {
                                       TPoint(halfWidth, halfHeight), TPoint(-halfWidth, halfHeight)};
   const TBounds rect{x1, y1, x2, y2};
   return std::any_of(corners.begin(), corners.end(), [&](const TPoint &corner) {
-    const TMapPoint point = GetMapHost()->GetViewport().ScreenToMap(at.x() + corner.x(), at.y() + corner.y());
+    const TPoint pixel = detail::MovedBy(at, corner.x(), corner.y());
+    const TMapPoint point = GetMapHost()->GetViewport().ScreenToMap(pixel.x(), pixel.y());
     return rect.ContainsPoint(point.X, point.Y);
   });
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/detail/FarPixels.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/graphics/detail/SymbolFont.h>
 #include <tessera/objects/TSymbol.h>
@@ -32,12 +33,13 @@ void TSymbol::Draw() {
   const int halfWidth = extent.width() / 2;
   const int halfHeight = extent.height() / 2;
   const TPoint at = GetPixels(0, 0);
+  const TPoint corner = detail::MovedBy(at, -halfWidth, -halfHeight);
   if (!map->GetViewFlags().FastSelection && GetSelected()) {
     canvas.Brush().SetBitmap(map->GetSelectionPattern());
-    canvas.FillRect(QRect(at.x() - halfWidth, at.y() - halfHeight, 2 * halfWidth, 2 * halfHeight));
+    canvas.FillRect(QRect(corner, detail::MovedBy(at, halfWidth - 1, halfHeight - 1)));
   }
   canvas.Brush().SetStyle(TBrushStyle::bsClear);
-  canvas.TextOut(at.x() - halfWidth, at.y() - halfHeight, glyph.text);
+  canvas.TextOut(corner.x(), corner.y(), glyph.text);
   canvas.Brush().SetStyle(TBrushStyle::bsSolid);
 }
 
@@ -53,8 +55,9 @@ void TSymbol::DrawSelection() {
   canvas.Pen().SetColor(GetFont().GetColor());
   const QSize extent = canvas.TextExtent(glyph.text);
   const TPoint at = GetPixels(0, 0);
-  canvas.Rectangle(at.x() - extent.width() / 2, at.y() - extent.height() / 2, at.x() + extent.width() / 2,
-                   at.y() + extent.height() / 2);
+  const TPoint upperLeft = detail::MovedBy(at, -(extent.width() / 2), -(extent.height() / 2));
+  const TPoint lowerRight = detail::MovedBy(at, extent.width() / 2, extent.height() / 2);
+  canvas.Rectangle(upperLeft.x(), upperLeft.y(), lowerRight.x(), lowerRight.y());
   canvas.Brush().SetStyle(TBrushStyle::bsSolid);
   canvas.Pen().SetMode(TPenMode::pmCopy);
 }

@@ -40,16 +40,19 @@ std::span<const TPoint> TCanvas::Private::ToDevice(std::span<const TPoint> clien
   return m_scaledPoints;
 }
 
-detail::DeviceRect TCanvas::Private::ToDevice(const QRect &client) const {
+detail::DeviceRect TCanvas::Private::ToDevice(const DeviceRect &client) const {
   const auto scaled = [this](std::int64_t value) { return std::llround(double(value) * m_ratio); };
-  return {scaled(client.left()), scaled(client.top()), scaled(client.right() + std::int64_t(1)),
-          scaled(client.bottom() + std::int64_t(1))};
+  return {scaled(client.left), scaled(client.top), scaled(client.right), scaled(client.bottom)};
+}
+
+detail::DeviceRect TCanvas::Private::ToDevice(const QRect &client) const {
+  return ToDevice(
+      DeviceRect{client.left(), client.top(), client.right() + std::int64_t(1), client.bottom() + std::int64_t(1)});
 }
 
 detail::DeviceRect TCanvas::Private::ToDevice(TPoint client, QSize size) const {
-  const auto scaled = [this](std::int64_t value) { return std::llround(double(value) * m_ratio); };
-  return {scaled(client.x()), scaled(client.y()), scaled(client.x() + std::int64_t(size.width())),
-          scaled(client.y() + std::int64_t(size.height()))};
+  return ToDevice(DeviceRect{client.x(), client.y(), client.x() + std::int64_t(size.width()),
+                             client.y() + std::int64_t(size.height())});
 }
 
 detail::DeviceRect TCanvas::Private::ToDeviceSorted(int x1, int y1, int x2, int y2) const {

@@ -28,6 +28,7 @@ class TCanvas::Private {
   [[nodiscard]] TPoint ToDevice(TPoint client) const { return {ToDevice(client.x()), ToDevice(client.y())}; }
   /// The points themselves, or a copy that is good until the next call.
   [[nodiscard]] std::span<const TPoint> ToDevice(std::span<const TPoint> client);
+  [[nodiscard]] DeviceRect ToDevice(const DeviceRect &client) const;
   [[nodiscard]] DeviceRect ToDevice(const QRect &client) const;
   /// Unlike a QRect this may end beyond the 32-bit coordinates.
   [[nodiscard]] DeviceRect ToDevice(TPoint client, QSize size) const;
@@ -48,6 +49,9 @@ class TCanvas::Private {
   /// Lines along device points, each pixel changed once. `phasePx` as in StrokePolyline.
   void Stroke(std::span<const TPoint> points, const DevicePen &pen, double &phasePx);
   void FillRegion(const TRgn &region);
+
+  /// The ellipse that touches the sides; none in an empty rectangle.
+  void DrawEllipse(const DeviceRect &rect);
 
   /// The picture scaled to `dest`, without its transparent pixels.
   void Blit(const DeviceRect &dest, const TBitmap &bitmap) const;
