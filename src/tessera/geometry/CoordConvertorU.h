@@ -20,11 +20,13 @@ TESSERA_CORE_EXPORT void BL2XY(double b, double l, double &x, double &y, int shi
 
 /// The point of plane coordinates; the zone is read from the millions of `y`.
 ///
-/// Two properties are intended, and what takes points there and back has to reckon with them: the easting counts in
-/// whole metres, a fraction is cut off; and it is scaled by (1 + 0.00673853 cos^2 B) to the power of 1.5 about the
-/// central meridian, so that points come out too far from it by 1 % at the equator (3.4 km at the border of the zone),
-/// 0.25 % at 60 degrees and nothing at the pole. Beside that the result is within 5 cm in latitude and 12 cm in
-/// longitude of the projection, from the equator to 80 degrees and within a zone.
+/// A closed series without iteration: fast, and good for showing where a point lies, but not the inverse of BL2XY. Two
+/// properties are intended, and what takes points there and back has to reckon with them: the easting counts in whole
+/// metres, a fraction is cut off; and it is scaled by (1 + e'^2 cos^2 B) to the power of 1.5 about the central
+/// meridian, e'^2 = 0.00673853 being the second eccentricity squared, so that points come out too far from it by 1 % at
+/// the equator (3.4 km at the border of the zone), 0.25 % at 60 degrees (0.4 km) and nothing at the pole. Beside that
+/// the result is within 5 cm in latitude and 12 cm in longitude of the projection, from the equator to 80 degrees and
+/// within a zone.
 /// Zones are counted eastwards all around: the longitude of a point west of Greenwich is above 180, that of a point
 /// that leaves the first zone to the west below 0.
 TESSERA_CORE_EXPORT void XY2BL(double x, double y, double &b, double &l);
