@@ -30,6 +30,7 @@ class TesseraSide {
   [[nodiscard]] QImage Picture() const;
   /// Destroys the objects that the view does not show.
   void KeepOnlyShown();
+  [[nodiscard]] TTessera &Control() { return m_control; }
   [[nodiscard]] TMapLayer &Layer() { return *m_control.GetLayers()->First(); }
 
  private:

@@ -2,6 +2,8 @@
 #include "BareLoop.h"
 #include "BenchData.h"
 #include "BenchTable.h"
+#include "CircleBench.h"
+#include "EditBench.h"
 #include "GdalReference.h"
 #include "HeapUse.h"
 #include "IndexBench.h"
@@ -181,8 +183,9 @@ void DescribeOptions(QCommandLineParser &parser) {
       {QStringLiteral("quick"), QStringLiteral("Use sets of a twentieth of the size.")},
       {QStringLiteral("runs"), QStringLiteral("Run each side <n> times; pictures thrice as often."),
        QStringLiteral("n"), QStringLiteral("3")},
-      {QStringLiteral("sets"), QStringLiteral("Measure only these of the sets L, R, P and T (labels)."),
-       QStringLiteral("letters"), QStringLiteral("LRPT")},
+      {QStringLiteral("sets"),
+       QStringLiteral("Measure only these of the sets L, R, P, T (labels), E (editing) and C (circles)."),
+       QStringLiteral("letters"), QStringLiteral("LRPTEC")},
       {QStringLiteral("data"), QStringLiteral("Keep the sets in <directory>."), QStringLiteral("directory"),
        QDir::temp().filePath(QStringLiteral("tessera-bench"))},
       {QStringLiteral("draw"), QStringLiteral("Measure drawing only.")},
@@ -194,18 +197,40 @@ void DescribeOptions(QCommandLineParser &parser) {
                                QStringLiteral("[file.mif…]"));
 }
 
+BenchScale ScaleOf(const QCommandLineParser &parser) {
+  return parser.isSet(QStringLiteral("quick")) ? BenchScale::Quick : BenchScale::Full;
+}
+
 /// The files named, or else the sets chosen, made when they are not there yet.
 std::vector<MapFile> FilesToMeasure(const QCommandLineParser &parser) {
   std::vector<MapFile> files;
   for (const QString &path : parser.positionalArguments()) files.push_back({QFileInfo(path).completeBaseName(), path});
   if (!files.empty()) return files;
-  const BenchScale scale = parser.isSet(QStringLiteral("quick")) ? BenchScale::Quick : BenchScale::Full;
   for (const BenchSet set : {BenchSet::Regions, BenchSet::Lines, BenchSet::Points}) {
     const QString name = NameOf(set);
     if (!parser.value(QStringLiteral("sets")).contains(name)) continue;
-    files.push_back({name, EnsureSet(set, scale, parser.value(QStringLiteral("data")))});
+    files.push_back({name, EnsureSet(set, ScaleOf(parser), parser.value(QStringLiteral("data")))});
   }
   return files;
+}
+
+/// The sets that are no files.
+void MeasureOtherSets(const QCommandLineParser &parser, const Settings &settings, BenchTable &table) {
+  const QString sets = parser.value(QStringLiteral("sets"));
+  if (sets.contains(u'T')) {
+    LabelBench labels(PictureSize, table);
+    labels.Run(settings.fastRuns);
+    settings.KeepPicture(labels.OursPicture(), QStringLiteral("T ours"));
+    settings.KeepPicture(labels.ReferencePicture(), QStringLiteral("T reference"));
+  }
+  if (sets.contains(u'C')) MeasureCircles(PictureSize, table, settings.fastRuns);
+  if (settings.drawsOnly || !sets.contains(u'E')) return;
+  const QString directory = parser.value(QStringLiteral("data"));
+  const QString points = EnsureSet(BenchSet::Points, ScaleOf(parser), directory);
+  EditBench editing(PictureSize, table);
+  editing.MeasureNextPicture(EnsureSet(BenchSet::Regions, ScaleOf(parser), directory), settings.fastRuns);
+  editing.MeasureDeleting(points, settings.slowRuns);
+  editing.MeasureHiding(points, settings.slowRuns);
 }
 
 void Run(const QCommandLineParser &parser) {
@@ -214,13 +239,7 @@ void Run(const QCommandLineParser &parser) {
                              parser.isSet(QStringLiteral("index")), parser.value(QStringLiteral("pictures"))};
   BenchTable table;
   for (const MapFile &file : FilesToMeasure(parser)) FileBench(file, settings, table).Run();
-  if (parser.positionalArguments().isEmpty() && !settings.indexOnly &&
-      parser.value(QStringLiteral("sets")).contains(u'T')) {
-    LabelBench labels(PictureSize, table);
-    labels.Run(settings.fastRuns);
-    settings.KeepPicture(labels.OursPicture(), QStringLiteral("T ours"));
-    settings.KeepPicture(labels.ReferencePicture(), QStringLiteral("T reference"));
-  }
+  if (parser.positionalArguments().isEmpty() && !settings.indexOnly) MeasureOtherSets(parser, settings, table);
   QTextStream(stdout) << table.ToMarkdown();
   if (!parser.isSet(QStringLiteral("json"))) return;
   QFile json(parser.value(QStringLiteral("json")));

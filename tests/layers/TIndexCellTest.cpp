@@ -219,7 +219,7 @@ TEST_P(TIndexCellSampleTest, AnswersQueriesInTheOrderOfThePlainProcedure) {
   }
 }
 
-/// Where `count` random objects of a kind may stay together for ever.
+/// A kind of random object, of which many may stay together for ever.
 struct Tangle {
   const char *name;
   void (*add)(TMapLayer &layer, TRandomShapes &random, double reach);
