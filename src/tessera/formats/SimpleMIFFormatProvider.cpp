@@ -2,6 +2,7 @@
 #include <tessera/base/DebugTrace.h>
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/MessageSink.h>
+#include <tessera/base/detail/StagedSet.h>
 #include <tessera/formats/SimpleMIFFormatProvider.h>
 #include <tessera/formats/detail/MifReader.h>
 #include <tessera/formats/detail/MifStyles.h>
@@ -60,11 +61,12 @@ void ReportError(TFormatReport &report, int line, const std::exception &error) {
 
 /// @throws EInOutError when a file cannot be opened.
 void ReadPair(TMapLayer &layer, const QString &fileName, TFormatReport &report) {
-  const detail::MappedFile mif(fileName);
+  const QStringList files = detail::StagedSet::Recover({fileName, DataFileName(fileName)});
+  const detail::MappedFile mif(files[0]);
   std::optional<detail::MappedFile> mid;
   std::optional<std::string_view> values;
-  if (const QString name = DataFileName(fileName); QFileInfo(name).isFile()) {
-    values = mid.emplace(name).Bytes();
+  if (QFileInfo(files[1]).isFile()) {
+    values = mid.emplace(files[1]).Bytes();
   } else {
     DebugTrace(QStringLiteral("missing data file for vector file %S!"), {fileName});
   }
@@ -132,13 +134,10 @@ bool TSimpleMIFFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
     if (dataFileName == fileName) {
       throw EInOutError(QStringLiteral("Cannot create file \"%1\". It would be its own data file.").arg(fileName));
     }
-    detail::StagedFile mif(fileName);
-    detail::StagedFile mid(dataFileName);
+    detail::StagedSet files({fileName, dataFileName});
     if (map != nullptr) map->StartProgress(0, 0, QStringLiteral("Saving..."));
-    detail::MifWriter(*layer, mif, mid, report).Write();
-    mif.Close();
-    mid.Close();
-    detail::StagedFile::SwapIn(mif, mid);
+    detail::MifWriter(*layer, files.File(0), files.File(1), report).Write();
+    files.Commit();
   } catch (const std::exception &error) {
     report.Fail(0, MessageOf(error));
     throw;

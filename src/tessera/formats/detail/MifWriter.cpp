@@ -14,347 +14,346 @@
 #include <algorithm>
 #include <charconv>
 
-    namespace tessera::detail {
-  namespace {
+namespace tessera::detail {
+namespace {
 
-  constexpr char Delimiter = ',';
-  constexpr std::string_view LineEnd = "\r\n";
-  constexpr std::size_t MostVertexBytes = 2 * Fixed6Size + 1 + LineEnd.size();
+constexpr char Delimiter = ',';
+constexpr std::string_view LineEnd = "\r\n";
+constexpr std::size_t MostVertexBytes = 2 * Fixed6Size + 1 + LineEnd.size();
 
-  int FillPattern(TBrushStyle style) {
-    switch (style) {
-      case TBrushStyle::bsClear:
-        return 1;
-      case TBrushStyle::bsHorizontal:
-        return 3;
-      case TBrushStyle::bsVertical:
-        return 4;
-      case TBrushStyle::bsBDiagonal:
-        return 5;
-      case TBrushStyle::bsFDiagonal:
-        return 6;
-      case TBrushStyle::bsCross:
-        return 7;
-      case TBrushStyle::bsDiagCross:
-        return 8;
-      case TBrushStyle::bsSolid:
-        break;
-    }
-    return 2;
+int FillPattern(TBrushStyle style) {
+  switch (style) {
+    case TBrushStyle::bsClear:
+      return 1;
+    case TBrushStyle::bsHorizontal:
+      return 3;
+    case TBrushStyle::bsVertical:
+      return 4;
+    case TBrushStyle::bsBDiagonal:
+      return 5;
+    case TBrushStyle::bsFDiagonal:
+      return 6;
+    case TBrushStyle::bsCross:
+      return 7;
+    case TBrushStyle::bsDiagCross:
+      return 8;
+    case TBrushStyle::bsSolid:
+      break;
   }
+  return 2;
+}
 
-  int LinePattern(TPenStyle style) {
-    switch (style) {
-      case TPenStyle::psClear:
-        return 1;
-      case TPenStyle::psDot:
-        return 9;
-      case TPenStyle::psDash:
-        return 12;
-      case TPenStyle::psDashDot:
-        return 14;
-      case TPenStyle::psDashDotDot:
-        return 20;
-      case TPenStyle::psSolid:
-      case TPenStyle::psInsideFrame:
-        break;
-    }
-    return 2;
+int LinePattern(TPenStyle style) {
+  switch (style) {
+    case TPenStyle::psClear:
+      return 1;
+    case TPenStyle::psDot:
+      return 9;
+    case TPenStyle::psDash:
+      return 12;
+    case TPenStyle::psDashDot:
+      return 14;
+    case TPenStyle::psDashDotDot:
+      return 20;
+    case TPenStyle::psSolid:
+    case TPenStyle::psInsideFrame:
+      break;
   }
+  return 2;
+}
 
-  int FontStyleNumber(TFontStyles style) {
-    return (style.testFlag(TFontStyle::fsBold) ? 1 : 0) + (style.testFlag(TFontStyle::fsItalic) ? 2 : 0) +
-           (style.testFlag(TFontStyle::fsUnderline) ? 4 : 0);
-  }
+int FontStyleNumber(TFontStyles style) {
+  return (style.testFlag(TFontStyle::fsBold) ? 1 : 0) + (style.testFlag(TFontStyle::fsItalic) ? 2 : 0) +
+         (style.testFlag(TFontStyle::fsUnderline) ? 4 : 0);
+}
 
-  /// In single quotes, with those within doubled.
-  void AppendQuoted(std::string_view bytes, std::string &line) {
-    line += '\'';
-    for (const char c : bytes) line.append(c == '\'' ? 2 : 1, c);
-    line += '\'';
-  }
+/// In single quotes, with those within doubled.
+void AppendQuoted(std::string_view bytes, std::string &line) {
+  line += '\'';
+  for (const char c : bytes) line.append(c == '\'' ? 2 : 1, c);
+  line += '\'';
+}
 
-  }  // namespace
+}  // namespace
 
-  /// How objects are written, by kind: the first kind that an object is of counts.
-  struct KindWriters {
-    struct Entry {
-      const char *name;
-      bool (*write)(MifWriter &writer, const TCustomMapObject &object);
-    };
-    template <class Kind, void (MifWriter::*Write)(const Kind &)>
-    static bool WriteAs(MifWriter &writer, const TCustomMapObject &object) {
-      const auto *ofKind = dynamic_cast<const Kind *>(&object);
-      if (ofKind != nullptr) (writer.*Write)(*ofKind);
-      return ofKind != nullptr;
-    }
-    static constexpr Entry InOrder[] = {
-        {"Region", WriteAs<TRegion, &MifWriter::WriteRegion>},
-        {"Pline", WriteAs<TPolyline, &MifWriter::WritePline>},
-        {"Rectangle", WriteAs<TRectangle, &MifWriter::WriteRectangle>},
-        {"Text", WriteAs<TText, &MifWriter::WriteText>},
-        {"Point", WriteAs<TSymbol, &MifWriter::WritePoint>},
-    };
+/// How objects are written, by kind: the first kind that an object is of counts.
+struct KindWriters {
+  struct Entry {
+    const char *name;
+    bool (*write)(MifWriter &writer, const TCustomMapObject &object);
   };
+  template <class Kind, void (MifWriter::*Write)(const Kind &)>
+  static bool WriteAs(MifWriter &writer, const TCustomMapObject &object) {
+    const auto *ofKind = dynamic_cast<const Kind *>(&object);
+    if (ofKind != nullptr) (writer.*Write)(*ofKind);
+    return ofKind != nullptr;
+  }
+  static constexpr Entry InOrder[] = {
+      {"Region", WriteAs<TRegion, &MifWriter::WriteRegion>},
+      {"Pline", WriteAs<TPolyline, &MifWriter::WritePline>},
+      {"Rectangle", WriteAs<TRectangle, &MifWriter::WriteRectangle>},
+      {"Text", WriteAs<TText, &MifWriter::WriteText>},
+      {"Point", WriteAs<TSymbol, &MifWriter::WritePoint>},
+  };
+};
 
-  MifWriter::MifWriter(const TMapLayer &layer, StagedFile &mif, StagedFile &mid, TFormatReport &report)
-      : m_layer(layer),
-        m_mif(mif),
-        m_mid(mid),
-        m_report(report),
-        m_separator(DecimalSeparator()),
-        m_counts(std::size(KindWriters::InOrder) + 1) {}
+MifWriter::MifWriter(const TMapLayer &layer, ByteOutput &mif, ByteOutput &mid, TFormatReport &report)
+    : m_layer(layer),
+      m_mif(mif),
+      m_mid(mid),
+      m_report(report),
+      m_separator(DecimalSeparator()),
+      m_counts(std::size(KindWriters::InOrder) + 1) {}
 
-  void MifWriter::Write() {
-    WriteHeader();
-    for (int i = 0; i < m_layer.GetObjectCount(); ++i) {
-      const TCustomMapObject &object = *m_layer.GetObjects(i);
-      WriteValues(object);
-      WriteGeometry(object);
+void MifWriter::Write() {
+  WriteHeader();
+  for (int i = 0; i < m_layer.GetObjectCount(); ++i) {
+    const TCustomMapObject &object = *m_layer.GetObjects(i);
+    WriteValues(object);
+    WriteGeometry(object);
+  }
+  FinishReport();
+}
+
+void MifWriter::AddNumber(int number) {
+  char digits[16];
+  m_line.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+}
+
+void MifWriter::AddText(QStringView text) {
+  m_unknownCharacters += EncodeWindows1251(text, m_bytes);
+  m_line += m_bytes;
+}
+
+void MifWriter::EndLine() {
+  m_line += LineEnd;
+  m_mif.Append(m_line);
+  m_line.clear();
+}
+
+void MifWriter::WriteHeader() {
+  for (const char *line :
+       {"Version 300", "Charset \"WindowsCyrillic\"", "Delimiter \",\"", "CoordSys Earth Projection 1, 0"}) {
+    m_line = line;
+    EndLine();
+  }
+  m_line = "Columns ";
+  AddNumber(m_layer.GetFields().GetCount());
+  EndLine();
+  for (int i = 0; i < m_layer.GetFields().GetCount(); ++i) WriteColumn(m_layer.GetFields().GetFields(i));
+  m_line = "Data";
+  EndLine();
+}
+
+void MifWriter::WriteColumn(const TDataFieldView &column) {
+  switch (column.GetDataType()) {
+    case TDataType::dtString:
+      AddText(column.GetName());
+      m_line += " Char(";
+      AddNumber(column.GetSize());
+      m_line += ')';
+      break;
+    case TDataType::dtFloat:
+      m_line = "%S Float";
+      break;
+    case TDataType::dtDecimal:
+      AddText(column.GetName());
+      m_line += " Decimal(9, 2)";
+      break;
+    case TDataType::dtInteger:
+      AddText(column.GetName());
+      m_line += " Integer";
+      break;
+    case TDataType::dtSmallInt:
+      AddText(column.GetName());
+      m_line += " SmalInt";
+      break;
+    case TDataType::dtDateTime:
+    case TDataType::dtDate:
+    case TDataType::dtTime:
+      m_line = "Date";
+      break;
+    case TDataType::dtBoolean:
+      return;
+  }
+  EndLine();
+}
+
+void MifWriter::WriteValues(const TCustomMapObject &object) {
+  const TDataFields &columns = m_layer.GetFields();
+  const TDataFields &values = object.GetFields();
+  ValueRecordReader record(values.GetRecord());
+  m_values.clear();
+  for (int i = 0; i < columns.GetCount(); ++i) {
+    const TDataFieldView field = values.GetFields(i);
+    const std::string_view packed = record.NextPacked();
+    std::string_view text;
+    if (!ValueRecordReader::IsText(packed, text) || !IsAscii(text) || !field.IsShownAsStored()) {
+      m_unknownCharacters += EncodeWindows1251(field.TextOf(ValueRecordReader::Unpack(packed)), m_bytes);
+      text = m_bytes;
     }
-    FinishReport();
-  }
-
-  void MifWriter::AddNumber(int number) {
-    char digits[16];
-    m_line.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
-  }
-
-  void MifWriter::AddText(QStringView text) {
-    m_unknownCharacters += EncodeWindows1251(text, m_bytes);
-    m_line += m_bytes;
-  }
-
-  void MifWriter::EndLine() {
-    m_line += LineEnd;
-    m_mif.Append(m_line);
-    m_line.clear();
-  }
-
-  void MifWriter::WriteHeader() {
-    for (const char *line :
-         {"Version 300", "Charset \"WindowsCyrillic\"", "Delimiter \",\"", "CoordSys Earth Projection 1, 0"}) {
-      m_line = line;
-      EndLine();
+    if (text.find_first_of(",\r\n") != std::string_view::npos) ++m_brokenValues;
+    if (i > 0) m_values += Delimiter;
+    if (columns.GetFields(i).GetDataType() == TDataType::dtString) {
+      AppendQuoted(text, m_values);
+    } else {
+      m_values += text;
     }
-    m_line = "Columns ";
-    AddNumber(m_layer.GetFields().GetCount());
+  }
+  m_values += LineEnd;
+  m_mid.Append(m_values);
+}
+
+void MifWriter::WriteGeometry(const TCustomMapObject &object) {
+  std::size_t kind = 0;
+  while (kind < std::size(KindWriters::InOrder) && !KindWriters::InOrder[kind].write(*this, object)) ++kind;
+  ++m_counts[kind];
+}
+
+void MifWriter::WriteRegion(const TRegion &region) {
+  const auto parts = region.GetParts().Items();
+  m_line = "Region ";
+  AddNumber(int(parts.size()));
+  EndLine();
+  for (const TPart &part : parts) {
+    AddNumber(part.GetPoints().GetCount());
     EndLine();
-    for (int i = 0; i < m_layer.GetFields().GetCount(); ++i) WriteColumn(m_layer.GetFields().GetFields(i));
-    m_line = "Data";
-    EndLine();
+    WriteVertices(part.GetPoints().Points());
   }
+  WritePen(*region.GetStyle());
+  WriteBrush(*region.GetStyle());
+}
 
-  void MifWriter::WriteColumn(const TDataFieldView &column) {
-    switch (column.GetDataType()) {
-      case TDataType::dtString:
-        AddText(column.GetName());
-        m_line += " Char(";
-        AddNumber(column.GetSize());
-        m_line += ')';
-        break;
-      case TDataType::dtFloat:
-        m_line = "%S Float";
-        break;
-      case TDataType::dtDecimal:
-        AddText(column.GetName());
-        m_line += " Decimal(9, 2)";
-        break;
-      case TDataType::dtInteger:
-        AddText(column.GetName());
-        m_line += " Integer";
-        break;
-      case TDataType::dtSmallInt:
-        AddText(column.GetName());
-        m_line += " SmalInt";
-        break;
-      case TDataType::dtDateTime:
-      case TDataType::dtDate:
-      case TDataType::dtTime:
-        m_line = "Date";
-        break;
-      case TDataType::dtBoolean:
-        return;
-    }
-    EndLine();
-  }
+void MifWriter::WritePline(const TPolyline &line) {
+  const auto parts = line.GetParts().Items();
+  const auto points = parts.empty() ? std::span<const TMapPoint>() : parts[0].GetPoints().Points();
+  m_line = "Pline ";
+  AddNumber(int(points.size()));
+  EndLine();
+  WriteVertices(points);
+  WritePen(*line.GetStyle());
+  if (parts.size() > 1) m_droppedParts += qint64(parts.size()) - 1;
+}
 
-  void MifWriter::WriteValues(const TCustomMapObject &object) {
-    const TDataFields &columns = m_layer.GetFields();
-    const TDataFields &values = object.GetFields();
-    ValueRecordReader record(values.GetRecord());
-    m_values.clear();
-    for (int i = 0; i < columns.GetCount(); ++i) {
-      const TDataFieldView field = values.GetFields(i);
-      const std::string_view packed = record.NextPacked();
-      std::string_view text;
-      if (!ValueRecordReader::IsText(packed, text) || !IsAscii(text) || !field.IsShownAsStored()) {
-        m_unknownCharacters += EncodeWindows1251(field.TextOf(ValueRecordReader::Unpack(packed)), m_bytes);
-        text = m_bytes;
-      }
-      if (text.find_first_of(",\r\n") != std::string_view::npos) ++m_brokenValues;
-      if (i > 0) m_values += Delimiter;
-      if (columns.GetFields(i).GetDataType() == TDataType::dtString) {
-        AppendQuoted(text, m_values);
-      } else {
-        m_values += text;
-      }
-    }
-    m_values += LineEnd;
-    m_mid.Append(m_values);
-  }
+void MifWriter::WriteRectangle(const TRectangle &rectangle) {
+  const TBounds box = rectangle.GetCorners();
+  const TMapPoint corners[] = {
+      {box.MinX, box.MinY}, {box.MaxX, box.MinY}, {box.MaxX, box.MaxY}, {box.MinX, box.MaxY}, {box.MinX, box.MinY}};
+  m_mif.Append("Region 1\r\n5\r\n");
+  WriteVertices(corners);
+  WritePen(*rectangle.GetStyle());
+  WriteBrush(*rectangle.GetStyle());
+}
 
-  void MifWriter::WriteGeometry(const TCustomMapObject &object) {
-    std::size_t kind = 0;
-    while (kind < std::size(KindWriters::InOrder) && !KindWriters::InOrder[kind].write(*this, object)) ++kind;
-    ++m_counts[kind];
-  }
+TMapPoint MifWriter::FarCornerOf(const TText &text) const {
+  const TMapPoint anchor = text.GetPosition();
+  TMapHost *map = m_layer.GetMapHost();
+  if (map == nullptr) return {anchor.X + text.GetWidth(), anchor.Y - text.GetHeight()};
+  const QSize extent = map->GetCanvas().TextExtent(text.GetText());
+  return map->GetViewport().MovedByPixels(anchor, extent.width(), extent.height());
+}
 
-  void MifWriter::WriteRegion(const TRegion &region) {
-    const auto parts = region.GetParts().Items();
-    m_line = "Region ";
-    AddNumber(int(parts.size()));
-    EndLine();
-    for (const TPart &part : parts) {
-      AddNumber(part.GetPoints().GetCount());
-      EndLine();
-      WriteVertices(part.GetPoints().Points());
-    }
-    WritePen(*region.GetStyle());
-    WriteBrush(*region.GetStyle());
-  }
+void MifWriter::WriteText(const TText &text) {
+  m_line = "Text";
+  EndLine();
+  m_line = '"';
+  AddText(text.GetText());
+  if (m_line.find_first_of("\"\r\n", 1) != std::string::npos) ++m_brokenTexts;
+  m_line += '"';
+  EndLine();
+  char *room = m_mif.Room(4 * Fixed6Size + 3 + LineEnd.size());
+  room = PutPoint(room, text.GetPosition());
+  *room++ = ' ';
+  m_mif.Advance(PutVertex(room, FarCornerOf(text)));
+  const TFont &font = text.GetFont();
+  m_line = "Font (\"";
+  AddText(font.GetName());
+  m_line += "\",";
+  AddNumber(FontStyleNumber(font.GetStyle()));
+  m_line += Delimiter;
+  AddNumber(font.GetSize());
+  m_line += Delimiter;
+  AddNumber(ColorToMif(font.GetColor()));
+  m_line += ')';
+  EndLine();
+}
 
-  void MifWriter::WritePline(const TPolyline &line) {
-    const auto parts = line.GetParts().Items();
-    const auto points = parts.empty() ? std::span<const TMapPoint>() : parts[0].GetPoints().Points();
-    m_line = "Pline ";
-    AddNumber(int(points.size()));
-    EndLine();
-    WriteVertices(points);
-    WritePen(*line.GetStyle());
-    if (parts.size() > 1) m_droppedParts += qint64(parts.size()) - 1;
-  }
+void MifWriter::WritePoint(const TSymbol &symbol) {
+  m_mif.Append("Point ");
+  m_mif.Advance(PutVertex(m_mif.Room(MostVertexBytes), symbol.GetPosition()));
+  const TFont &font = symbol.GetFont();
+  m_line = "Symbol (";
+  AddNumber(symbol.GetShape());
+  m_line += Delimiter;
+  AddNumber(ColorToMif(font.GetColor()));
+  m_line += Delimiter;
+  AddNumber(font.GetSize());
+  m_line += ",\"";
+  AddText(font.GetName());
+  m_line += "\",";
+  AddNumber(FontStyleNumber(font.GetStyle()));
+  m_line += ",0)";
+  EndLine();
+}
 
-  void MifWriter::WriteRectangle(const TRectangle &rectangle) {
-    const TBounds box = rectangle.GetCorners();
-    const TMapPoint corners[] = {
-        {box.MinX, box.MinY}, {box.MaxX, box.MinY}, {box.MaxX, box.MaxY}, {box.MinX, box.MaxY}, {box.MinX, box.MinY}};
-    m_mif.Append("Region 1\r\n5\r\n");
-    WriteVertices(corners);
-    WritePen(*rectangle.GetStyle());
-    WriteBrush(*rectangle.GetStyle());
-  }
+void MifWriter::WritePen(const TObjectStyle &style) {
+  m_line = "Pen (";
+  AddNumber(style.pen.GetWidth());
+  m_line += Delimiter;
+  AddNumber(LinePattern(style.pen.GetStyle()));
+  m_line += Delimiter;
+  AddNumber(ColorToMif(style.pen.GetColor()));
+  m_line += ')';
+  EndLine();
+}
 
-  TMapPoint MifWriter::FarCornerOf(const TText &text) const {
-    const TMapPoint anchor = text.GetPosition();
-    TMapHost *map = m_layer.GetMapHost();
-    if (map == nullptr) return {anchor.X + text.GetWidth(), anchor.Y - text.GetHeight()};
-    const QSize extent = map->GetCanvas().TextExtent(text.GetText());
-    return map->GetViewport().MovedByPixels(anchor, extent.width(), extent.height());
-  }
-
-  void MifWriter::WriteText(const TText &text) {
-    m_line = "Text";
-    EndLine();
-    m_line = '"';
-    AddText(text.GetText());
-    if (m_line.find_first_of("\"\r\n", 1) != std::string::npos) ++m_brokenTexts;
-    m_line += '"';
-    EndLine();
-    char *room = m_mif.Room(4 * Fixed6Size + 3 + LineEnd.size());
-    room = PutPoint(room, text.GetPosition());
-    *room++ = ' ';
-    m_mif.Advance(PutVertex(room, FarCornerOf(text)));
-    const TFont &font = text.GetFont();
-    m_line = "Font (\"";
-    AddText(font.GetName());
-    m_line += "\",";
-    AddNumber(FontStyleNumber(font.GetStyle()));
+void MifWriter::WriteBrush(const TObjectStyle &style) {
+  m_line = "Brush (";
+  AddNumber(FillPattern(style.brush.GetStyle()));
+  m_line += Delimiter;
+  AddNumber(ColorToMif(style.brush.GetColor()));
+  if (style.useBGColor && style.brush.GetStyle() != TBrushStyle::bsClear) {
     m_line += Delimiter;
-    AddNumber(font.GetSize());
-    m_line += Delimiter;
-    AddNumber(ColorToMif(font.GetColor()));
-    m_line += ')';
-    EndLine();
+    AddNumber(ColorToMif(style.bgColor));
   }
+  m_line += ')';
+  EndLine();
+}
 
-  void MifWriter::WritePoint(const TSymbol &symbol) {
-    m_mif.Append("Point ");
-    m_mif.Advance(PutVertex(m_mif.Room(MostVertexBytes), symbol.GetPosition()));
-    const TFont &font = symbol.GetFont();
-    m_line = "Symbol (";
-    AddNumber(symbol.GetShape());
-    m_line += Delimiter;
-    AddNumber(ColorToMif(font.GetColor()));
-    m_line += Delimiter;
-    AddNumber(font.GetSize());
-    m_line += ",\"";
-    AddText(font.GetName());
-    m_line += "\",";
-    AddNumber(FontStyleNumber(font.GetStyle()));
-    m_line += ",0)";
-    EndLine();
-  }
+char *MifWriter::PutPoint(char *out, const TMapPoint &point) {
+  const auto put = [this](char *at, double value) {
+    char *end = WriteFixed6(at, value, m_separator);
+    if (end[-1] > '9') ++m_badCoordinates;  // a word, not a digit
+    return end;
+  };
+  out = put(out, point.X);
+  *out++ = ' ';
+  return put(out, point.Y);
+}
 
-  void MifWriter::WritePen(const TObjectStyle &style) {
-    m_line = "Pen (";
-    AddNumber(style.pen.GetWidth());
-    m_line += Delimiter;
-    AddNumber(LinePattern(style.pen.GetStyle()));
-    m_line += Delimiter;
-    AddNumber(ColorToMif(style.pen.GetColor()));
-    m_line += ')';
-    EndLine();
-  }
+char *MifWriter::PutVertex(char *out, const TMapPoint &vertex) {
+  out = PutPoint(out, vertex);
+  return std::copy(LineEnd.begin(), LineEnd.end(), out);
+}
 
-  void MifWriter::WriteBrush(const TObjectStyle &style) {
-    m_line = "Brush (";
-    AddNumber(FillPattern(style.brush.GetStyle()));
-    m_line += Delimiter;
-    AddNumber(ColorToMif(style.brush.GetColor()));
-    if (style.useBGColor && style.brush.GetStyle() != TBrushStyle::bsClear) {
-      m_line += Delimiter;
-      AddNumber(ColorToMif(style.bgColor));
-    }
-    m_line += ')';
-    EndLine();
-  }
+void MifWriter::WriteVertices(std::span<const TMapPoint> vertices) {
+  for (const TMapPoint &vertex : vertices) m_mif.Advance(PutVertex(m_mif.Room(MostVertexBytes), vertex));
+}
 
-  char *MifWriter::PutPoint(char *out, const TMapPoint &point) {
-    const auto put = [this](char *at, double value) {
-      char *end = WriteFixed6(at, value, m_separator);
-      if (end[-1] > '9') ++m_badCoordinates;  // a word, not a digit
-      return end;
-    };
-    out = put(out, point.X);
-    *out++ = ' ';
-    return put(out, point.Y);
+void MifWriter::FinishReport() {
+  for (std::size_t kind = 0; kind < std::size(KindWriters::InOrder); ++kind) {
+    if (m_counts[kind] > 0) m_report.CountObject(QString::fromLatin1(KindWriters::InOrder[kind].name), m_counts[kind]);
   }
-
-  char *MifWriter::PutVertex(char *out, const TMapPoint &vertex) {
-    out = PutPoint(out, vertex);
-    return std::copy(LineEnd.begin(), LineEnd.end(), out);
-  }
-
-  void MifWriter::WriteVertices(std::span<const TMapPoint> vertices) {
-    for (const TMapPoint &vertex : vertices) m_mif.Advance(PutVertex(m_mif.Room(MostVertexBytes), vertex));
-  }
-
-  void MifWriter::FinishReport() {
-    for (std::size_t kind = 0; kind < std::size(KindWriters::InOrder); ++kind) {
-      if (m_counts[kind] > 0)
-        m_report.CountObject(QString::fromLatin1(KindWriters::InOrder[kind].name), m_counts[kind]);
-    }
-    const auto warn = [this](qint64 count, const QString &words) {
-      if (count > 0) m_report.Warn(words.arg(count));
-    };
-    warn(m_unknownCharacters, QStringLiteral("characters that the character set lacks, written as question marks: %1"));
-    warn(m_brokenValues,
-         QStringLiteral("values with a comma or a line end, which will not be read back as they are: %1"));
-    warn(m_droppedParts, QStringLiteral("parts of polylines beyond the first, not written: %1"));
-    warn(m_brokenTexts, QStringLiteral("texts with a quotation mark or a line end, which programs may misread: %1"));
-    warn(m_badCoordinates, QStringLiteral("coordinates that are no numbers and will not be read back: %1"));
-    warn(m_counts.back(), QStringLiteral("objects of kinds that are written without their shape: %1"));
-  }
+  const auto warn = [this](qint64 count, const QString &words) {
+    if (count > 0) m_report.Warn(words.arg(count));
+  };
+  warn(m_unknownCharacters, QStringLiteral("characters that the character set lacks, written as question marks: %1"));
+  warn(m_brokenValues,
+       QStringLiteral("values with a comma or a line end, which will not be read back as they are: %1"));
+  warn(m_droppedParts, QStringLiteral("parts of polylines beyond the first, not written: %1"));
+  warn(m_brokenTexts, QStringLiteral("texts with a quotation mark or a line end, which programs may misread: %1"));
+  warn(m_badCoordinates, QStringLiteral("coordinates that are no numbers and will not be read back: %1"));
+  warn(m_counts.back(), QStringLiteral("objects of kinds that are written without their shape: %1"));
+}
 
 }  // namespace tessera::detail

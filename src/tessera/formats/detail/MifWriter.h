@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tessera/formats/detail/StagedFile.h>
+#include <tessera/base/detail/ByteOutput.h>
 #include <tessera/objects/TCustomMapObject.h>
 #include <tessera/providers/TFormatReport.h>
 
@@ -28,7 +28,7 @@ namespace detail {
 class MifWriter {
  public:
   /// What is given must outlive the writer.
-  MifWriter(const TMapLayer &layer, StagedFile &mif, StagedFile &mid, TFormatReport &report);
+  MifWriter(const TMapLayer &layer, ByteOutput &mif, ByteOutput &mid, TFormatReport &report);
 
   /// @throws EInOutError, ERangeError when an object has fewer columns than the layer.
   void Write();
@@ -62,8 +62,8 @@ class MifWriter {
   void FinishReport();
 
   const TMapLayer &m_layer;
-  StagedFile &m_mif;
-  StagedFile &m_mid;
+  ByteOutput &m_mif;
+  ByteOutput &m_mid;
   TFormatReport &m_report;
   char m_separator;
   std::string m_line;
