@@ -47,8 +47,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   tessera::TMapLayer layer;
   layer.SetMap(&map);
   tessera::TFormatReport report;
-  tessera::detail::MifReader reader(layer, pair.substr(0, marker),
-                                    hasMid ? std::optional(pair.substr(marker + Marker.size())) : std::nullopt, report);
+  tessera::detail::MemorySource mif(pair.substr(0, marker));
+  tessera::detail::MemorySource mid(hasMid ? pair.substr(marker + Marker.size()) : std::string_view());
+  tessera::detail::MifReader reader(layer, mif, hasMid ? &mid : nullptr, report);
   try {
     reader.Read();
   } catch (const tessera::EConvertError &) {

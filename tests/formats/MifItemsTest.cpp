@@ -2,6 +2,7 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/formats/StringParserU.h>
 #include <tessera/formats/SyntaxParser.h>
+#include <tessera/formats/detail/MidReader.h>
 #include <tessera/formats/detail/MifItems.h>
 
 #include <gtest/gtest.h>

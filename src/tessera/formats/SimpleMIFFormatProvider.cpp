@@ -62,23 +62,22 @@ void ReportError(TFormatReport &report, int line, const std::exception &error) {
 /// @throws EInOutError when a file cannot be opened.
 void ReadPair(TMapLayer &layer, const QString &fileName, TFormatReport &report) {
   const QStringList files = detail::StagedSet::Recover({fileName, DataFileName(fileName)});
-  const detail::MappedFile mif(files[0]);
-  std::optional<detail::MappedFile> mid;
-  std::optional<std::string_view> values;
+  detail::FileSource mif(files[0]);
+  std::optional<detail::FileSource> mid;
   if (QFileInfo(files[1]).isFile()) {
-    values = mid.emplace(files[1]).Bytes();
+    mid.emplace(files[1]);
   } else {
     DebugTrace(QStringLiteral("missing data file for vector file %S!"), {fileName});
   }
-  const auto size = qint64(mif.Bytes().size());
+  const qint64 size = mif.GetSize();
   layer.GetMapHost()->StartProgress(0, detail::MifReader::ProgressPosition(size, size), QStringLiteral("Loading file"));
-  detail::MifReader reader(layer, mif.Bytes(), values, report);
+  detail::MifReader reader(layer, mif, mid ? &*mid : nullptr, report);
   try {
     reader.Read();
   } catch (const std::exception &error) {
     ReportError(report, reader.GetLine(), error);
   }
-  if (!values && layer.GetFields().GetCount() > 0) {
+  if (!mid && layer.GetFields().GetCount() > 0) {
     report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
   }
   reader.FinishReport();

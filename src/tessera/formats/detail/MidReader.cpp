@@ -4,8 +4,42 @@
 
 namespace tessera::detail {
 
-MidReader::MidReader(std::optional<std::string_view> bytes) : m_bytes(bytes.value_or(std::string_view())) {
-  if (bytes) m_lines.emplace(*bytes, '.');
+void MidSplitter::SetDelimiter(std::string_view delimiter) {
+  m_delimiter = delimiter;
+  m_borders.assign(m_delimiter.size() + 1, 0);
+  std::size_t border = 0;
+  for (std::size_t i = 1; i < m_delimiter.size(); ++i) {
+    while (border > 0 && m_delimiter[i] != m_delimiter[border]) border = m_borders[border];
+    if (m_delimiter[i] == m_delimiter[border]) ++border;
+    m_borders[i + 1] = border;
+  }
+}
+
+std::size_t MidSplitter::Find() const {
+  if (m_delimiter.empty()) return std::string_view::npos;
+  if (m_delimiter.size() == 1) return m_rest.find(m_delimiter.front());
+  std::size_t matched = 0;
+  for (std::size_t i = 0; i < m_rest.size(); ++i) {
+    while (matched > 0 && m_rest[i] != m_delimiter[matched]) matched = m_borders[matched];
+    if (m_rest[i] == m_delimiter[matched]) ++matched;
+    if (matched == m_delimiter.size()) return i + 1 - matched;
+  }
+  return std::string_view::npos;
+}
+
+std::string_view MidSplitter::Next() {
+  const std::size_t end = Find();
+  const std::string_view value = m_rest.substr(0, end);
+  if (end == std::string_view::npos) {
+    m_isAtEnd = true;
+  } else {
+    m_rest.remove_prefix(end + m_delimiter.size());
+  }
+  return value;
+}
+
+MidReader::MidReader(ByteSource *source) {
+  if (source != nullptr) m_lines.emplace(*source, '.');
 }
 
 void MidReader::SetColumns(const TDataFields &columns) {
@@ -57,8 +91,15 @@ void MidReader::ReadValues(TDataFields &fields) {
   fields.SetRecord(m_record.Bytes());
 }
 
-bool MidReader::HasMore() const {
-  return m_lines && !TrimBytes(m_bytes.substr(std::size_t(m_lines->GetPosition()))).empty();
+bool MidReader::HasMore() {
+  while (m_lines && !m_lines->AtEnd()) {
+    if (!TrimBytes(m_lines->ReadLine()).empty()) return true;
+  }
+  return false;
+}
+
+void MidReader::ThrowIfFailed() const {
+  if (m_lines) m_lines->GetSource().ThrowIfFailed();
 }
 
 }  // namespace tessera::detail

@@ -14,13 +14,6 @@
 namespace tessera::detail {
 namespace {
 
-/// In the order in which a line is searched for them.
-constexpr std::size_t Delimiter = 0;
-constexpr std::size_t Columns = 1;
-constexpr std::size_t FirstObject = 2;
-constexpr KeywordSet<5> Keywords({"DELIMITER", "COLUMNS", "REGION", "PLINE", "POINT"});
-constexpr std::array<const char *, 3> KindNames = {"Region", "Pline", "Point"};
-
 /// A table has no more than 250 columns; beyond this a count is certainly none.
 constexpr int MaxColumns = 1000;
 /// Parts without points are believed in up to this number, and further ones for so many bytes of the file.
@@ -42,10 +35,11 @@ std::string_view WithoutQuotes(std::string_view bytes) {
   return bytes.size() > 2 ? bytes.substr(1, bytes.size() - 2) : std::string_view();
 }
 
+constexpr std::string_view PlainPointWord = "POINT";
+
 /// Whether the line is the word Point and two numbers with nothing but blanks around: so are nearly all points, and
 /// they need not be cut into items.
 bool ReadPlainPoint(std::string_view line, char separator, TMapPoint &point) {
-  constexpr std::string_view Word = "POINT";
   const char *at = line.data();
   const char *last = at + line.size();
   const auto skipBlanks = [&] {
@@ -54,7 +48,7 @@ bool ReadPlainPoint(std::string_view line, char separator, TMapPoint &point) {
     return at != first;
   };
   skipBlanks();
-  for (const char letter : Word) {
+  for (const char letter : PlainPointWord) {
     if (at == last || UpperAscii(*at) != letter) return false;
     ++at;
   }
@@ -73,14 +67,48 @@ bool IsLetter(char c) {
 
 }  // namespace
 
-MifReader::MifReader(TMapLayer &layer, std::string_view mif, std::optional<std::string_view> mid, TFormatReport &report)
+/// The kinds of objects that are read, in the order in which a line is searched for their keywords.
+struct KindReaders {
+  struct Entry {
+    std::string_view keyword;
+    const char *name;
+    TMapObjectClass create;
+    void (MifReader::*read)(TCustomMapObject &object, std::string_view line, std::string_view rest);
+  };
+  static constexpr std::array InOrder{
+      Entry{"REGION", "Region", CreateMapObject<TRegion>, &MifReader::ReadRegion},
+      Entry{"PLINE", "Pline", CreateMapObject<TPolyline>, &MifReader::ReadPline},
+      Entry{"POINT", "Point", CreateMapObject<TSymbol>, &MifReader::ReadPoint},
+  };
+  static constexpr std::size_t PointIndex = 2;  // of the kind that ReadPlainPoint knows
+};
+
+namespace {
+
+constexpr std::size_t Delimiter = 0;
+constexpr std::size_t Columns = 1;
+constexpr std::size_t FirstKind = 2;
+constexpr std::size_t KindCount = KindReaders::InOrder.size();
+static_assert(KindReaders::InOrder[KindReaders::PointIndex].keyword == PlainPointWord);
+
+/// Those of the header, then those of the kinds.
+constexpr KeywordSet<FirstKind + KindCount> Keywords([] {
+  std::array<std::string_view, FirstKind + KindCount> words{"DELIMITER", "COLUMNS"};
+  for (std::size_t kind = 0; kind < KindCount; ++kind) words[FirstKind + kind] = KindReaders::InOrder[kind].keyword;
+  return words;
+}());
+
+}  // namespace
+
+MifReader::MifReader(TMapLayer &layer, ByteSource &mif, ByteSource *mid, TFormatReport &report)
     : m_layer(layer),
       m_map(*layer.GetMapHost()),
       m_mif(mif, DecimalSeparator()),
       m_mid(mid),
       m_report(report),
-      m_size(qint64(mif.size())),
-      m_emptyPartsLeft(MaxEmptyParts + m_size / EmptyPartBytes) {
+      m_size(mif.GetSize()),
+      m_emptyPartsLeft(MaxEmptyParts + m_size / EmptyPartBytes),
+      m_counts(KindCount) {
   m_mid.SetColumns(layer.GetFields());
 }
 
@@ -95,6 +123,8 @@ void MifReader::Read() {
     line = ReadLine(line);
   }
   Skip(line);
+  m_mif.GetSource().ThrowIfFailed();
+  m_mid.ThrowIfFailed();
 }
 
 void MifReader::ShowProgress() {
@@ -106,7 +136,7 @@ void MifReader::ShowProgress() {
 std::string_view MifReader::ReadLine(std::string_view line) {
   if (m_nextIsPlainPoint) {
     m_nextIsPlainPoint = false;
-    auto &symbol = static_cast<TSymbol &>(NewObject(Point));
+    auto &symbol = static_cast<TSymbol &>(NewObject(KindReaders::PointIndex));
     m_mid.ReadValues(symbol.GetFields());
     symbol.MoveTo(m_plainPoint.X, m_plainPoint.Y);
     return ReadClauses(symbol);
@@ -116,12 +146,16 @@ std::string_view MifReader::ReadLine(std::string_view line) {
   const auto after = [&](std::size_t word) { return TrimBytes(Keywords.After(line, word, places[word])); };
 
   if (has(Delimiter)) m_mid.SetDelimiter(WithoutQuotes(after(Delimiter)));
-  if (has(Columns)) ReadColumns(after(Columns));
+  if (has(Columns)) {
+    // Reading further ends the life of the line.
+    line = m_headerLine = line;
+    ReadColumns(after(Columns));
+  }
   // Of several kinds in one line each gets its object, but only the last is read.
   TCustomMapObject *object = nullptr;
-  Kind kind = KindCount;
-  for (const Kind candidate : {Region, Pline, Point}) {
-    if (!has(FirstObject + candidate)) continue;
+  std::size_t kind = 0;
+  for (std::size_t candidate = 0; candidate < KindCount; ++candidate) {
+    if (!has(FirstKind + candidate)) continue;
     kind = candidate;
     object = &NewObject(kind);
   }
@@ -130,29 +164,13 @@ std::string_view MifReader::ReadLine(std::string_view line) {
     return m_mif.ReadLine();
   }
   m_mid.ReadValues(object->GetFields());
-  switch (kind) {
-    case Region:
-      ReadRegion(object->GetParts(), after(FirstObject + Region));
-      break;
-    case Pline:
-      ReadPline(object->GetParts(), line);
-      break;
-    default:
-      ReadPoint(static_cast<TSymbol &>(*object), line);
-  }
+  (this->*KindReaders::InOrder[kind].read)(*object, line, after(FirstKind + kind));
   return ReadClauses(*object);
 }
 
-TCustomMapObject &MifReader::NewObject(Kind kind) {
+TCustomMapObject &MifReader::NewObject(std::size_t kind) {
   ++m_counts[kind];
-  switch (kind) {
-    case Region:
-      return *m_layer.NewObject<TRegion>();
-    case Pline:
-      return *m_layer.NewObject<TPolyline>();
-    default:
-      return *m_layer.NewObject<TSymbol>();
-  }
+  return *m_layer.NewObject(KindReaders::InOrder[kind].create);
 }
 
 void MifReader::ReadColumns(std::string_view countText) {
@@ -169,16 +187,16 @@ void MifReader::ReadColumns(std::string_view countText) {
   m_mid.SetColumns(fields);
 }
 
-void MifReader::ReadRegion(TParts &parts, std::string_view countText) {
-  const int partCount = BytesToInt(countText);
+void MifReader::ReadRegion(TCustomMapObject &object, std::string_view /*line*/, std::string_view rest) {
+  const int partCount = BytesToInt(rest);
   for (int i = 0; i < partCount; ++i) {
     int count = 0;
     if (!m_mif.ReadCount(count)) return WarnInLine(QStringLiteral("the file ends within a Region"));
-    ReadPart(parts, count);
+    ReadPart(object.GetParts(), count);
   }
 }
 
-void MifReader::ReadPline(TParts &parts, std::string_view line) {
+void MifReader::ReadPline(TCustomMapObject &object, std::string_view line, std::string_view /*rest*/) {
   m_items.Read(line);
   const std::string_view first = m_items.At(1);
   constexpr KeywordSet<1> Multiple({"MULTIPLE"});
@@ -195,7 +213,7 @@ void MifReader::ReadPline(TParts &parts, std::string_view line) {
     if (i == 1 && m_mif.LineHoldsOneItem()) {
       WarnInLine(QStringLiteral("only the first section of a Pline Multiple is read as it is meant"));
     }
-    ReadPart(parts, count);
+    ReadPart(object.GetParts(), count);
   }
 }
 
@@ -218,12 +236,12 @@ void MifReader::ReadPart(TParts &parts, int count) {
   }
 }
 
-void MifReader::ReadPoint(TSymbol &symbol, std::string_view line) {
+void MifReader::ReadPoint(TCustomMapObject &object, std::string_view line, std::string_view /*rest*/) {
   // The decimal separator does not end an item here, even if it is a comma.
   m_items.Read(line, m_mif.GetSeparator());
   const double x = m_items.FloatAt(1, m_mif.GetSeparator());
   const double y = m_items.FloatAt(2, m_mif.GetSeparator());
-  symbol.MoveTo(x, y);
+  static_cast<TSymbol &>(object).MoveTo(x, y);
 }
 
 std::string_view MifReader::ReadClauses(TCustomMapObject &object) {
@@ -259,8 +277,9 @@ void MifReader::Skip(std::string_view line) {
 }
 
 void MifReader::FinishReport() {
-  for (std::size_t kind = 0; kind < KindNames.size(); ++kind) {
-    if (m_counts[kind] > 0) m_report.CountObject(QString::fromLatin1(KindNames[kind]), m_counts[kind]);
+  for (std::size_t kind = 0; kind < KindCount; ++kind) {
+    const QString name = QString::fromLatin1(KindReaders::InOrder[kind].name);
+    if (m_counts[kind] > 0) m_report.CountObject(name, m_counts[kind]);
   }
   for (const auto &[word, count] : m_skipped) {
     m_report.CountSkippedLine(word.empty() ? QStringLiteral("other") : QString::fromStdString(word), count);

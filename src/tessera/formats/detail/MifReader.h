@@ -6,16 +6,14 @@
 #include <tessera/formats/detail/MifStyles.h>
 #include <tessera/providers/TFormatReport.h>
 
-#include <array>
 #include <map>
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace tessera {
 
 class TMapHost;
 class TMapLayer;
-class TSymbol;
 
 namespace detail {
 
@@ -25,11 +23,11 @@ namespace detail {
 /// line of the file is never looked at; an object there is not read, which is intended.
 class TESSERA_CORE_EXPORT MifReader {
  public:
-  /// What is given must outlive the reader. @pre the layer is on a map.
-  MifReader(TMapLayer &layer, std::string_view mif, std::optional<std::string_view> mid, TFormatReport &report);
+  /// What is given must outlive the reader; there may be no data file. @pre the layer is on a map.
+  MifReader(TMapLayer &layer, ByteSource &mif, ByteSource *mid, TFormatReport &report);
 
   /// Reads to the end, or to the first thing that cannot be understood; the objects up to there stay in the layer.
-  /// @throws EConvertError, ERangeError
+  /// @throws EConvertError, ERangeError; EInOutError when a file cannot be read to its end
   void Read();
   /// Enters into the report what was read and passed over. To be called once, after Read, even when it threw.
   void FinishReport();
@@ -40,18 +38,19 @@ class TESSERA_CORE_EXPORT MifReader {
   [[nodiscard]] static int ProgressPosition(qint64 position, qint64 size);
 
  private:
-  enum Kind : std::uint8_t { Region, Pline, Point, KindCount };
+  friend struct KindReaders;
 
   void ShowProgress();
   /// Reads what the line begins, and answers the line after it.
   std::string_view ReadLine(std::string_view line);
   void ReadColumns(std::string_view countText);
-  void ReadRegion(TParts &parts, std::string_view countText);
-  void ReadPline(TParts &parts, std::string_view line);
-  void ReadPoint(TSymbol &symbol, std::string_view line);
+  // The geometry of an object that `line` begins; `rest` is what follows the keyword.
+  void ReadRegion(TCustomMapObject &object, std::string_view line, std::string_view rest);
+  void ReadPline(TCustomMapObject &object, std::string_view line, std::string_view rest);
+  void ReadPoint(TCustomMapObject &object, std::string_view line, std::string_view rest);
   /// Adds a part and reads so many vertices into it, as far as the file reaches.
   void ReadPart(TParts &parts, int count);
-  TCustomMapObject &NewObject(Kind kind);
+  TCustomMapObject &NewObject(std::size_t kind);
   std::string_view ReadClauses(TCustomMapObject &object);
   void Skip(std::string_view line);
   void WarnInLine(const QString &words);
@@ -70,7 +69,8 @@ class TESSERA_CORE_EXPORT MifReader {
   // The line after an object is a plain point, and that is it.
   TMapPoint m_plainPoint{};
   bool m_nextIsPlainPoint = false;
-  std::array<qint64, KindCount> m_counts{};
+  std::vector<qint64> m_counts;  // of objects by kind
+  std::string m_headerLine;
   std::map<std::string, qint64, std::less<>> m_skipped;
 };
 

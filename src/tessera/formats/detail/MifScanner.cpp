@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/base/Exceptions.h>
 #include <tessera/base/detail/Numbers.h>
 #include <tessera/formats/detail/MifItems.h>
 #include <tessera/formats/detail/MifScanner.h>
@@ -9,44 +8,59 @@
 #include <cstring>
 
 namespace tessera::detail {
-namespace {
 
-const char *FindByte(const char *first, const char *last, char byte) {
-  const void *found = first == last ? nullptr : std::memchr(first, byte, std::size_t(last - first));
-  return found ? static_cast<const char *>(found) : last;
-}
-
-}  // namespace
-
-MappedFile::MappedFile(const QString &fileName) : m_file(fileName) {
-  if (!m_file.open(QIODevice::ReadOnly)) {
-    throw EInOutError(QStringLiteral("Cannot open file \"%1\". %2").arg(fileName, m_file.errorString()));
-  }
-  if (const uchar *mapped = m_file.size() > 0 ? m_file.map(0, m_file.size()) : nullptr) {
-    m_bytes = {reinterpret_cast<const char *>(mapped), std::size_t(m_file.size())};
-    return;
-  }
-  m_copy = m_file.readAll();
-  if (m_file.error() != QFileDevice::NoError) {
-    throw EInOutError(QStringLiteral("Cannot read file \"%1\". %2").arg(fileName, m_file.errorString()));
-  }
-  m_bytes = {m_copy.constData(), std::size_t(m_copy.size())};
-}
-
-MifScanner::MifScanner(std::string_view bytes, char separator)
-    : m_first(bytes.data()),
-      m_last(bytes.data() + bytes.size()),
-      m_at(m_first),
+MifScanner::MifScanner(ByteSource &source, char separator, std::size_t window)
+    : m_source(source),
       m_separator(separator),
-      m_lineFeed(FindByte(m_first, m_last, '\n')),
-      m_carriageReturn(FindByte(m_first, m_last, '\r')),
-      m_mark(m_first),
-      m_countedTo(m_first) {}
+      m_window(std::min(window, std::size_t(source.GetSize()) + 1)),
+      m_last(m_window.data()),
+      m_at(m_last),
+      m_lineFeed(m_last),
+      m_carriageReturn(m_last) {}
+
+void MifScanner::Search(const char *&lineEnd, char byte, const char *from) const {
+  const void *found = from == m_last ? nullptr : std::memchr(from, byte, std::size_t(m_last - from));
+  lineEnd = found ? static_cast<const char *>(found) : m_last;
+}
+
+bool MifScanner::ReadMore() {
+  if (m_reachesEnd) return false;
+  const auto kept = std::size_t(m_last - m_at);
+  const qint64 end = PositionOf(m_last);
+  if (kept > m_window.size() / 2) {
+    std::vector<char> larger(2 * m_window.size());
+    std::copy(m_at, m_last, larger.data());
+    m_window.swap(larger);
+  } else if (kept > 0 && m_at != m_window.data()) {
+    std::memmove(m_window.data(), m_at, kept);
+  }
+  m_windowStart = end - qint64(kept);
+  m_at = m_window.data();
+  const std::size_t added = m_source.Read(end, m_window.data() + kept, m_window.size() - kept);
+  m_last = m_at + kept + added;
+  Search(m_lineFeed, '\n', m_at);
+  Search(m_carriageReturn, '\r', m_at);
+  m_reachesEnd = added == 0 || PositionOf(m_last) == m_source.GetSize();
+  return true;
+}
+
+bool MifScanner::AtEnd() {
+  while (m_at == m_last) {
+    if (!ReadMore()) return true;
+  }
+  return false;
+}
 
 const char *MifScanner::FindLineEnd() {
-  if (m_lineFeed < m_at) m_lineFeed = FindByte(m_at, m_last, '\n');
-  if (m_carriageReturn < m_at) m_carriageReturn = FindByte(m_at, m_last, '\r');
-  return std::min(m_lineFeed, m_carriageReturn);
+  for (;;) {
+    if (m_lineFeed < m_at) Search(m_lineFeed, '\n', m_at);
+    if (m_carriageReturn < m_at) Search(m_carriageReturn, '\r', m_at);
+    const char *end = std::min(m_lineFeed, m_carriageReturn);
+    // Behind a pair of a return and a feed there has to be one byte more, so that AtEnd finds it without moving the
+    // window, and with it the line.
+    constexpr std::ptrdiff_t PairAndOne = 3;
+    if (m_last - end >= PairAndOne || !ReadMore()) return end;
+  }
 }
 
 void MifScanner::PassLineEnd(const char *lineEnd) {
@@ -56,10 +70,11 @@ void MifScanner::PassLineEnd(const char *lineEnd) {
 }
 
 std::string_view MifScanner::ReadLine() {
-  m_mark = m_at;
+  m_mark = GetPosition();
   const char *end = FindLineEnd();
+  const std::string_view line(m_at, std::size_t(end - m_at));
   PassLineEnd(end);
-  return {m_mark, std::size_t(end - m_mark)};
+  return line;
 }
 
 const char *MifScanner::SkipBlanks(const char *at) const {
@@ -71,45 +86,67 @@ std::string_view MifScanner::TokenAt(const char *at) const {
   return {at, std::size_t(std::find_if(at, m_last, IsMifBlank) - at)};
 }
 
+std::string_view MifScanner::NextToken() {
+  for (;;) {
+    m_at = SkipBlanks(m_at);
+    const std::string_view token = TokenAt(m_at);
+    if (token.data() + token.size() != m_last || !ReadMore()) return token;
+  }
+}
+
 bool MifScanner::ReadCount(int &count) {
-  m_mark = m_at = SkipBlanks(m_at);
-  if (AtEnd()) return false;
-  const std::string_view token = TokenAt(m_at);
+  const std::string_view token = NextToken();
+  m_mark = GetPosition();
+  if (token.empty()) return false;
   count = BytesToInt(token);
   m_at += token.size();
   PassLineEnd(FindLineEnd());
   return true;
 }
 
-const char *MifScanner::ReadNumber(const char *at, double &value) {
+const char *MifScanner::ReadNumber(const char *at, double &value) const {
   const char *end = ReadFloat(at, m_last, m_separator, value);
-  if (end != nullptr && (end == m_last || IsMifBlank(*end))) return end;
-  m_mark = m_at = at;
-  m_isMalformed = true;
-  return nullptr;
+  return end != nullptr && (end == m_last || IsMifBlank(*end)) ? end : nullptr;
+}
+
+MifScanner::Found MifScanner::FindVertex(TMapPoint &vertex, const char *&end) {
+  const auto stop = [&](const char *at) {
+    if (at == m_last) {
+      end = at;
+      return Found::End;
+    }
+    m_mark = PositionOf(at);
+    const std::string_view token = TokenAt(at);
+    end = token.data() + token.size();
+    return Found::Malformed;
+  };
+  const char *x = SkipBlanks(m_at);
+  const char *xEnd = x == m_last ? nullptr : ReadNumber(x, vertex.X);
+  if (xEnd == nullptr) return stop(x);
+  m_mark = PositionOf(x);
+  const char *y = SkipBlanks(xEnd);
+  end = y == m_last ? nullptr : ReadNumber(y, vertex.Y);
+  return end == nullptr ? stop(y) : Found::Vertex;
 }
 
 std::size_t MifScanner::ReadVertices(TMapPoint *vertices, std::size_t count, TBounds &bounds) {
-  std::size_t done = 0;
-  for (; done < count; ++done) {
+  for (std::size_t done = 0; done < count; ++done) {
     TMapPoint vertex;
-    const char *at = SkipBlanks(m_at);
-    if (at == m_last) break;
-    m_mark = at;
-    at = ReadNumber(at, vertex.X);
-    if (at == nullptr) return done;
-    at = SkipBlanks(at);
-    if (at == m_last) break;
-    at = ReadNumber(at, vertex.Y);
-    if (at == nullptr) return done;
-    m_at = at;
-    const bool endsHere = at == m_last || *at == '\n' || *at == '\r';
-    PassLineEnd(endsHere ? at : FindLineEnd());
+    const char *end = nullptr;
+    Found found = FindVertex(vertex, end);
+    while (end == m_last && ReadMore()) found = FindVertex(vertex, end);
+    if (found != Found::Vertex) {
+      m_isMalformed = found == Found::Malformed;
+      m_at = m_isMalformed ? m_window.data() + (m_mark - m_windowStart) : m_last;
+      return done;
+    }
+    const bool endsHere = m_last - end > 1 && (*end == '\n' || *end == '\r');
+    m_at = end;
+    PassLineEnd(endsHere ? end : FindLineEnd());
     vertices[done] = vertex;
     bounds.Widen(vertex.X, vertex.Y);
   }
-  if (done < count) m_at = m_last;
-  return done;
+  return count;
 }
 
 void MifScanner::ThrowIfMalformed() {
@@ -118,26 +155,36 @@ void MifScanner::ThrowIfMalformed() {
 
 std::size_t MifScanner::MostVertices() const {
   constexpr std::size_t LeastBytes = 4;
-  return std::size_t(m_last - m_at) / LeastBytes + 1;
+  return std::size_t(m_source.GetSize() - GetPosition()) / LeastBytes + 1;
 }
 
-bool MifScanner::LineHoldsOneItem() const {
-  const char *first = SkipBlanks(m_at);
-  if (first == m_last) return false;
-  const std::string_view item = TokenAt(first);
-  const char *at = item.data() + item.size();
-  while (at != m_last && (*at == ' ' || *at == '\t')) ++at;
-  return at == m_last || *at == '\n' || *at == '\r';
+bool MifScanner::LineHoldsOneItem() {
+  for (;;) {
+    const char *first = SkipBlanks(m_at);
+    const std::string_view item = TokenAt(first);
+    const char *at = item.data() + item.size();
+    while (at != m_last && (*at == ' ' || *at == '\t')) ++at;
+    if (at == m_last && ReadMore()) continue;
+    return !item.empty() && (at == m_last || *at == '\n' || *at == '\r');
+  }
 }
 
 int MifScanner::GetLine() {
   if (m_mark < m_countedTo) {
-    m_countedTo = m_first;
+    m_countedTo = 0;
     m_lineEnds = 0;
+    m_lastCounted = '\0';
   }
-  for (; m_countedTo < m_mark; ++m_countedTo) {
-    const bool isPair = *m_countedTo == '\r' && m_countedTo + 1 != m_last && m_countedTo[1] == '\n';
-    if (*m_countedTo == '\n' || (*m_countedTo == '\r' && !isPair)) ++m_lineEnds;
+  std::vector<char> block(DefaultWindow);
+  while (m_countedTo < m_mark) {
+    const std::size_t wanted = std::min(block.size(), std::size_t(m_mark - m_countedTo));
+    const std::size_t size = m_source.Read(m_countedTo, block.data(), wanted);
+    if (size == 0) break;
+    for (const char c : std::string_view(block.data(), size)) {
+      if (c == '\r' || (c == '\n' && m_lastCounted != '\r')) ++m_lineEnds;
+      m_lastCounted = c;
+    }
+    m_countedTo += qint64(size);
   }
   return m_lineEnds + 1;
 }

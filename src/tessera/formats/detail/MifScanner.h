@@ -2,41 +2,30 @@
 #pragma once
 
 #include <tessera/base/TBounds.h>
+#include <tessera/formats/detail/ByteSource.h>
 #include <tessera/objects/TMapPoints.h>
 
-#include <QByteArray>
-#include <QFile>
-
-#include <string_view>
+#include <vector>
 
 namespace tessera::detail {
 
-/// The bytes of a file: mapped into memory where that can be done, read otherwise.
-class TESSERA_CORE_EXPORT MappedFile {
- public:
-  /// @throws EInOutError when it cannot be opened or read.
-  explicit MappedFile(const QString &fileName);
-  [[nodiscard]] std::string_view Bytes() const { return m_bytes; }
-
- private:
-  QFile m_file;
-  QByteArray m_copy;
-  std::string_view m_bytes;
-};
-
-/// Reads lines and numbers from the bytes of a text, in one pass.
+/// Reads lines and numbers from the bytes of a text, in one pass, through a window that slides over it.
 ///
 /// A line ends with a line feed, a carriage return or both in this order. Numbers are read across lines, as from a
-/// stream: blanks, tabs and line ends before a number are passed over, and it reaches up to the next of these.
+/// stream: blanks, tabs and line ends before a number are passed over, and it reaches up to the next of these. The
+/// window holds a line, or a number with its line, whole, and grows for one that is longer. Bytes that the source fails
+/// to give are as if the text ended there.
 class TESSERA_CORE_EXPORT MifScanner {
  public:
-  /// `bytes` must outlive the scanner.
-  MifScanner(std::string_view bytes, char separator);
+  static constexpr std::size_t DefaultWindow = std::size_t(1) << 18U;
 
-  [[nodiscard]] bool AtEnd() const { return m_at == m_last; }
+  /// The source must outlive the scanner.
+  MifScanner(ByteSource &source, char separator, std::size_t window = DefaultWindow);
+
+  [[nodiscard]] bool AtEnd();
   /// Bytes read so far.
-  [[nodiscard]] qint64 GetPosition() const { return m_at - m_first; }
-  /// The next line without its end; empty at the end of the text.
+  [[nodiscard]] qint64 GetPosition() const { return PositionOf(m_at); }
+  /// The next line without its end; empty at the end of the text. It is valid until more is read.
   std::string_view ReadLine();
   /// Reads an integer and passes over the rest of its line. False when nothing but blanks is left.
   /// @throws EConvertError
@@ -49,33 +38,50 @@ class TESSERA_CORE_EXPORT MifScanner {
   /// More vertices than this cannot follow: each takes four bytes at the least.
   [[nodiscard]] std::size_t MostVertices() const;
   /// Whether the next line with anything in it holds one item alone, such as a number.
-  [[nodiscard]] bool LineHoldsOneItem() const;
+  [[nodiscard]] bool LineHoldsOneItem();
 
-  /// The number, from 1, of the line that was read last, or of the number that was.
+  /// The number, from 1, of the line that was read last, or of the number that was. Reads the text up to there again,
+  /// from where it was last asked for.
   [[nodiscard]] int GetLine();
   [[nodiscard]] char GetSeparator() const { return m_separator; }
+  [[nodiscard]] ByteSource &GetSource() const { return m_source; }
 
  private:
+  enum class Found : std::uint8_t { Vertex, Malformed, End };
+
+  /// Lets the window begin at the current position and, unless the text ends there, reach further than before. False
+  /// when it reached the end already; it stays as it is then.
+  bool ReadMore();
+  void Search(const char *&lineEnd, char byte, const char *from) const;
+  [[nodiscard]] qint64 PositionOf(const char *at) const { return m_windowStart + (at - m_window.data()); }
   [[nodiscard]] const char *FindLineEnd();
   /// Moves to the start of the line after the end at `lineEnd`.
   void PassLineEnd(const char *lineEnd);
-  const char *SkipBlanks(const char *at) const;
+  /// Reads what stands at the current position, as far as the window reaches; `end` is where it stopped looking.
+  [[nodiscard]] Found FindVertex(TMapPoint &vertex, const char *&end);
+  [[nodiscard]] const char *SkipBlanks(const char *at) const;
   [[nodiscard]] std::string_view TokenAt(const char *at) const;
+  /// The token after the blanks at the current position, empty at the end of the text.
+  [[nodiscard]] std::string_view NextToken();
   /// Reads the number at `at`, which must be followed by a blank; none when it is malformed.
-  const char *ReadNumber(const char *at, double &value);
+  [[nodiscard]] const char *ReadNumber(const char *at, double &value) const;
 
-  const char *m_first;
-  const char *m_last;
-  const char *m_at;
+  ByteSource &m_source;
   char m_separator;
   bool m_isMalformed = false;
-  // The next line feed and carriage return; valid as long as they are not passed.
+  bool m_reachesEnd = false;
+  std::vector<char> m_window;
+  qint64 m_windowStart = 0;  // in the text
+  const char *m_last;        // where the bytes in the window end
+  const char *m_at;
+  // The next line feed and carriage return in the window; valid as long as they are not passed.
   const char *m_lineFeed;
   const char *m_carriageReturn;
   // Where the line or number last read begins, and how far line ends have been counted.
-  const char *m_mark;
-  const char *m_countedTo;
+  qint64 m_mark = 0;
+  qint64 m_countedTo = 0;
   int m_lineEnds = 0;
+  char m_lastCounted = '\0';
 };
 
 }  // namespace tessera::detail

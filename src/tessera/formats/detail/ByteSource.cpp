@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/formats/detail/ByteSource.h>
+
+#include <algorithm>
+
+namespace tessera::detail {
+
+ByteSource::~ByteSource() = default;
+
+std::size_t MemorySource::Read(qint64 position, char *out, std::size_t size) {
+  return m_bytes.substr(std::min(std::size_t(position), m_bytes.size())).copy(out, size);
+}
+
+FileSource::FileSource(const QString &fileName) : m_file(fileName) {
+  if (!m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    throw EInOutError(QStringLiteral("Cannot open file \"%1\". %2").arg(fileName, m_file.errorString()));
+  }
+  m_size = m_file.size();
+}
+
+std::size_t FileSource::Read(qint64 position, char *out, std::size_t size) {
+  const qint64 wanted = std::min(qint64(size), m_size - position);
+  if (wanted <= 0 || !m_failure.isEmpty()) return 0;
+  const qint64 done = m_file.seek(position) ? m_file.read(out, wanted) : -1;
+  if (done < 0) m_failure = m_file.errorString();
+  if (done == 0) m_failure = QStringLiteral("Another program has cut it short.");
+  return std::size_t(std::max<qint64>(done, 0));
+}
+
+void FileSource::ThrowIfFailed() const {
+  if (m_failure.isEmpty()) return;
+  throw EInOutError(QStringLiteral("Cannot read file \"%1\". %2").arg(m_file.fileName(), m_failure));
+}
+
+}  // namespace tessera::detail
