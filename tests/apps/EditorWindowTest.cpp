@@ -6,6 +6,7 @@
 #include <apps/editor/ProgressPanel.h>
 #include <apps/editor/StatusPanel.h>
 #include <apps/editor/TEditorWindow.h>
+#include <tessera/objects/TCircle.h>
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -32,6 +33,10 @@ class EditorWindowTest : public testing::Test {
   }
   [[nodiscard]] std::string LayerName(int index) const {
     return map.GetLayers()->GetLayer(index)->GetName().toStdString();
+  }
+  [[nodiscard]] static QByteArray BytesOf(const QString &path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
   [[nodiscard]] QString PathOf(const char *name) const { return folder.filePath(QString::fromLatin1(name)); }
 
@@ -139,13 +144,55 @@ TEST_F(EditorWindowTest, ShowsThePointUnderTheCursor) {
 
 TEST_F(EditorWindowTest, SavesALayerThatReadsBack) {
   Open({squares});
+  EXPECT_FALSE(window.SaveLayer(*map.GetLayers()->First(), PathOf("copy.none")));
+  QApplication::processEvents();
+  EXPECT_TRUE(messages.GetText().contains(u"copy.none: no format is known"));
   EXPECT_TRUE(window.SaveLayer(*map.GetLayers()->First(), PathOf("copy.mif")));
   Open({PathOf("copy.mif")});
   ASSERT_EQ(map.GetLayers()->GetCount(), 2);
   EXPECT_EQ(map.GetLayers()->Last()->GetObjectCount(), 3);
-  EXPECT_FALSE(window.SaveLayer(*map.GetLayers()->First(), PathOf("copy.none")));
+}
+
+TEST_F(EditorWindowTest, AsksBeforeALayerReplacesItsSourceThatItDoesNotHoldWhole) {
+  for (const char *ending : {"mif", "mid"}) {
+    ASSERT_TRUE(QFile::copy(MapFileNamed(("defect." + std::string(ending)).c_str()),
+                            PathOf("own") + u'.' + QLatin1String(ending)));
+  }
+  const QString own = PathOf("own.mif");
+  const QByteArray before = BytesOf(own);
+  Open({own});
+  TMapLayer &layer = *map.GetLayers()->First();
+  QStringList asked;
+  bool answer = false;
+  window.SetLossQuestion([&](const QString &, const QStringList &losses) {
+    asked = losses;
+    return answer;
+  });
+  EXPECT_FALSE(window.SaveLayer(layer, own));
+  EXPECT_TRUE(asked.value(0).startsWith(u"all that comes after this error in line 18"));
+  EXPECT_EQ(BytesOf(own), before);
+  EXPECT_EQ(window.ProposeFileFor(layer), PathOf("own-1.mif"));
+
+  asked.clear();
+  EXPECT_TRUE(window.SaveLayer(layer, PathOf("own-1.mif"))) << "another file loses nothing";
+  EXPECT_EQ(asked, QStringList());
+  EXPECT_FALSE(window.SaveLayer(layer, own)) << "it still lacks what it was not read of the first";
+  answer = true;
+  EXPECT_TRUE(window.SaveLayer(layer, own));
+  EXPECT_NE(BytesOf(own), before);
+  asked.clear();
+  EXPECT_TRUE(window.SaveLayer(layer, own));
+  EXPECT_FALSE(asked.join(u' ').contains(u"error")) << "the file holds no more than the layer now";
+}
+
+TEST_F(EditorWindowTest, TellsWhatASavedFileDoesNotHold) {
+  TMapLayer &layer = *map.GetLayers()->Add(QString(), QStringLiteral("round"));
+  layer.NewObject<TCircle>();
+  EXPECT_TRUE(window.SaveLayer(layer, PathOf("round.mif")));
   QApplication::processEvents();
-  EXPECT_TRUE(messages.GetText().contains(u"copy.none: no format is known"));
+  EXPECT_TRUE(messages.GetText().contains(u"without their shape: 1"));
+  window.SetLossQuestion([](const QString &, const QStringList &losses) { return losses.isEmpty(); });
+  EXPECT_FALSE(window.SaveLayer(layer, PathOf("round.mif"))) << "now the layer would replace what it was saved to";
 }
 
 TEST_F(EditorWindowTest, ExportsThePictureAsShown) {

@@ -75,6 +75,9 @@ class TMifTest : public testing::Test {
   [[nodiscard]] std::string Warnings() const {
     return provider.GetReport().warnings.join(QStringLiteral("; ")).toStdString();
   }
+  [[nodiscard]] std::string Losses() const {
+    return provider.GetReport().losses.join(QStringLiteral("; ")).toStdString();
+  }
   /// "line: words" of the first error.
   [[nodiscard]] std::string Error() const {
     const auto &error = provider.GetReport().firstError;

@@ -280,6 +280,54 @@ TEST_F(MifReadTest, KeepsThePointsOfAnObjectThatTheFileEndsIn) {
   EXPECT_NE(Warnings().find("2000000000 points are announced, but the file ends after 2"), std::string::npos);
 }
 
+TEST_F(MifReadTest, TellsOfAFileThatIsCutShortWhileItIsRead) {
+  const QByteArray points = QByteArray("Point 1 2\n").repeated(200'000);
+  for (const char *name : {"a.mif", "a.mid"}) {
+    WriteFile(QStringLiteral("a.mif"), "Columns 1\na Integer\n" + points);
+    WriteFile(QStringLiteral("a.mid"), QByteArray("12345\n").repeated(200'000));
+    const QString path = PathOf(QString::fromLatin1(name));
+    map.onShowProgress = [&path] { ASSERT_TRUE(QFile::resize(path, 5000)); };
+    layer.DeleteObjects();
+    provider.Load(&layer, PathOf(QStringLiteral("a.mif")));
+    EXPECT_NE(Error().find("Cannot read file \"" + path.toStdString() + "\". Another program has cut it short."),
+              std::string::npos)
+        << Error();
+    EXPECT_GT(layer.GetObjectCount(), 1000);
+  }
+}
+
+TEST_F(MifReadTest, EndsWithAReportWhenAHandlerDeletesTheLayer) {
+  auto other = std::make_unique<TMapLayer>();
+  other->SetMap(&map);
+  map.onShowProgress = [&other] { other.reset(); };
+  WriteFile(QStringLiteral("a.mif"), "Columns 1\na Integer\nPoint 1 2\nEnd\n");
+  provider.Load(other.get(), PathOf(QStringLiteral("a.mif")));
+  EXPECT_EQ(Error(), "1: the layer was deleted while it was being loaded");
+}
+
+TEST_F(MifReadTest, ListsWhatALayerLacksOfItsFile) {
+  const std::pair<const char *, const char *> cases[] = {
+      {"Version 300\nCharset \"WindowsCyrillic\"\nDelimiter \",\"\nCoordSys Earth Projection 1, 0\nColumns 1\n"
+       "a Integer\nData\nPline 1\n1 1\nPen (1,2,255)\nRegion 0\nBrush (2,7)\nPoint 1 1\nSymbol (35,0,12)\n",
+       ""},
+      {"Charset \"WindowsLatin1\"\nCoordSys Earth Projection 9\nArc\n0 0 1 1\nArc\n",
+       "lines that are not read: 1 other, 2 Arc, 1 Charset, 1 CoordSys"},
+      {"Columns 4\na Char(9)\nb SmallInt\nc Logical\nd Float\n",
+       "widths of Char and Decimal columns; values of SmallInt and Date columns; types of Logical and Time columns"},
+      {"Pline 1\n1 1\nPen (2,2,0)\nRegion 0\nCenter 1 1\nBrush (2,0,255)\nPoint 1 1\nSymbol (35,0,12,\"A\",0,45)\n",
+       "widths and patterns of pens; patterns and background colours of brushes; styles and angles of symbols; "
+       "centres of regions"},
+      {"Pline Multiple 2\n1\n1 1\n1\n2 2\n", "shapes that are not read as they stand"}};
+  for (const auto &[mif, losses] : cases) {
+    WriteFile(QStringLiteral("a.mif"), QByteArray(mif) + "\n\n");
+    layer.DeleteObjects();
+    layer.GetFields().Clear();
+    provider.Load(&layer, PathOf(QStringLiteral("a.mif")));
+    EXPECT_EQ(Losses(), losses);
+    EXPECT_EQ(provider.GetReport().IsWhole(), losses[0] == '\0');
+  }
+}
+
 TEST_F(MifReadTest, ClassifiesALineByItsLastKeyword) {
   using enum TObjectAttribute;
   const std::pair<const char *, TObjectAttribute> lines[] = {{"Pen (1,2,0)", oaPen},

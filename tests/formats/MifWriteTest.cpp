@@ -60,7 +60,7 @@ TEST_F(MifWriteTest, WritesRegionsWithAllPartsAndPolylinesWithTheFirst) {
             "3.000000 4.000000\r\nPen (1,2,0)\r\nBrush (2,16777215)\r\nPline 1\r\n5.000000 inf\r\n"
             "Pen (1,2,0)\r\nRegion 1\r\n0\r\nPen (1,2,0)\r\nBrush (2,16777215)\r\nPline 0\r\nPen (1,2,0)\r\n");
   EXPECT_EQ(Mid(), "\r\n\r\n\r\n\r\n");
-  EXPECT_EQ(Warnings(),
+  EXPECT_EQ(Losses(),
             "parts of polylines beyond the first, not written: 1; "
             "coordinates that are no numbers and will not be read back: 1");
 }
@@ -140,9 +140,10 @@ TEST_F(MifWriteTest, QuotesTextsAndLeavesOtherValuesAlone) {
   odd.GetFields(2).SetAsString(QStringLiteral("π"));
   Save();
   EXPECT_EQ(Mid(), "'O''Neil \xC6',0.1,-7,True\r\n'',,,\r\n'5',1,5,?,\r\n");
-  EXPECT_EQ(Warnings(),
+  EXPECT_EQ(Losses(),
             "characters that the character set lacks, written as question marks: 1; "
-            "values with a comma or a line end, which will not be read back as they are: 1");
+            "values with a comma or a line end, which will not be read back as they are: 1; "
+            "columns whose names or types will not be read back: 2");
 }
 
 TEST_F(MifWriteTest, WritesDatesAsTheLocaleDoes) {
@@ -186,7 +187,7 @@ TEST_F(MifWriteTest, MeasuresTextsWithTheFontThatTheCanvasHas) {
           .arg(20 - extent.height() / 2.0, 0, 'f', 6)
           .toLatin1()
           .toStdString());
-  EXPECT_EQ(Warnings(), "texts with a quotation mark or a line end, which programs may misread: 1");
+  EXPECT_EQ(Losses(), "texts with a quotation mark or a line end, which programs may misread: 1");
 }
 
 TEST_F(MifWriteTest, ReadsBackAllShapesThatTheFormatHas) {
@@ -200,7 +201,9 @@ TEST_F(MifWriteTest, ReadsBackAllShapesThatTheFormatHas) {
   for (int i = 0; i < layer.GetObjectCount(); ++i) ObjectAt(i).GetFields().GetFields(0).SetAsInteger(i);
   Save();
   EXPECT_EQ(provider.GetReport().Summary().toStdString(),
-            "5 objects (1 Pline, 1 Point, 1 Rectangle, 1 Region, 1 Text); 1 warning");
+            "5 objects (1 Pline, 1 Point, 1 Rectangle, 1 Region, 1 Text)");
+  EXPECT_EQ(Losses(), "rectangles, written as regions: 1; objects of kinds that are written without their shape: 1");
+  EXPECT_EQ(provider.TrySave(layer).losses, provider.GetReport().losses) << "foretold and true";
   layer.DeleteObjects();
   provider.Load(&layer, PathOf(QStringLiteral("b.mif")));
   ASSERT_EQ(layer.GetObjectCount(), 4);

@@ -59,6 +59,7 @@ class TFakeMapHost : public TMapHost {
   std::function<void(TMapLayer &layer, bool &allowDelete)> onBeforeDelLayer;
   /// Asked when an object is about to be taken out or deleted by editing.
   std::function<void(TCustomMapObject &object, bool &canRemove)> onBeforeRemoveObject;
+  std::function<void()> onShowProgress;
   TBounds shownBounds{};
   bool isReady = true;
   bool isBeingDestroyed = false;
@@ -131,7 +132,10 @@ class TFakeMapHost : public TMapHost {
   void StartProgress(int min, int max, const QString &caption) override {
     Note("StartProgress " + std::to_string(min) + ' ' + std::to_string(max) + ' ' + caption.toStdString());
   }
-  void ShowProgress(int position) override { Note("ShowProgress " + std::to_string(position)); }
+  void ShowProgress(int position) override {
+    Note("ShowProgress " + std::to_string(position));
+    if (onShowProgress) onShowProgress();
+  }
   void StopProgress() override { Note("StopProgress"); }
 
   [[nodiscard]] const TObjectStylePtr &GetDefaultStyle(TObjectFont font) const override {

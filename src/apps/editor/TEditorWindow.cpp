@@ -1,20 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/FileFilters.h>
-#include <apps/common/MapFile.h>
 #include <apps/common/PictureFile.h>
 #include <apps/editor/MessageBar.h>
 #include <apps/editor/StatusPanel.h>
 #include <apps/editor/TEditorWindow.h>
 #include <tessera/base/Exceptions.h>
+#include <tessera/layers/MapFiles.h>
 #include <tessera/providers/CustomFormatProvider.h>
 
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QStatusBar>
 
 #include <utility>
@@ -54,6 +57,16 @@ QString AskForFileToWrite(QWidget *parent, const QString &title, const QString &
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
+/// Asks in a dialog whose answer is no unless the person says otherwise.
+bool AskInDialog(QWidget *parent, const QString &question, const QStringList &losses) {
+  QMessageBox dialog(QMessageBox::Warning, TEditorWindow::tr("Save layer"), question, QMessageBox::Cancel, parent);
+  const QPushButton *replace = dialog.addButton(TEditorWindow::tr("&Replace"), QMessageBox::DestructiveRole);
+  dialog.setDefaultButton(QMessageBox::Cancel);
+  dialog.setInformativeText(losses.join(u'\n'));
+  dialog.exec();
+  return dialog.clickedButton() == replace;
+}
+
 /// Shows the busy cursor as long as it lives.
 class WaitCursor {
  public:
@@ -77,6 +90,9 @@ TEditorWindow::TEditorWindow(QWidget *parent)
   m_map->setMouseTracking(true);
   m_map->setFocus();
   m_sinkBefore = SetMessageSink([bar = m_messageBar](const QString &text) { bar->Post(text); });
+  m_askAboutLosses = [this](const QString &question, const QStringList &losses) {
+    return AskInDialog(this, question, losses);
+  };
   resize(InitialSize);
 }
 
@@ -113,7 +129,7 @@ void TEditorWindow::OpenFiles(const QStringList &fileNames) {
   const WaitCursor cursor;
   const bool wasEmpty = m_map->GetLayers()->GetCount() == 0;
   for (const QString &fileName : fileNames) {
-    const TLoadedFile loaded = LoadMapFile(*m_map, fileName);
+    const TLoadedFile loaded = LoadMapFile(*m_map->GetLayers(), fileName);
     if (!loaded.error.isEmpty()) m_messageBar->Post(loaded.error);
     for (const QString &warning : loaded.warnings) m_messageBar->Post(warning);
     if (loaded.layer != nullptr) {
@@ -124,8 +140,25 @@ void TEditorWindow::OpenFiles(const QStringList &fileNames) {
 }
 
 bool TEditorWindow::SaveLayer(TMapLayer &layer, const QString &fileName) {
+  const QStringList losses = LossesOfSaving(layer, fileName);
+  const QString name = QFileInfo(fileName).fileName();
+  if (!losses.isEmpty() && !m_askAboutLosses(tr("Replacing %1 by this layer loses:").arg(name), losses)) return false;
   const WaitCursor cursor;
-  return ReportWriting(fileName, SaveMapFile(layer, fileName));
+  const TSavedFile saved = SaveMapFile(layer, fileName);
+  for (const QString &warning : saved.warnings) m_messageBar->Post(warning);
+  return ReportWriting(fileName, saved.error);
+}
+
+QString TEditorWindow::ProposeFileFor(const TMapLayer &layer) {
+  const QString own = layer.GetFileName();
+  if (LossesOfSaving(layer, own).isEmpty()) return own;
+  const QFileInfo file(own);
+  const QString ending = file.suffix();
+  for (int i = 1;; ++i) {
+    const QString copy =
+        file.dir().filePath(QStringLiteral("%1-%2.%3").arg(file.completeBaseName()).arg(i).arg(ending));
+    if (!QFileInfo::exists(copy)) return copy;
+  }
 }
 
 bool TEditorWindow::ExportPicture(const QString &fileName) {
@@ -178,7 +211,7 @@ void TEditorWindow::AskWhereToSaveLayer() {
   if (m_map->GetLayers()->GetCount() == 0) m_messageBar->Post(tr("There is no layer to save."));
   TMapLayer *layer = AskForLayer();
   if (layer == nullptr) return;
-  const QString file = AskForFileToWrite(this, tr("Save layer as"), layer->GetFileName(), MapFilters());
+  const QString file = AskForFileToWrite(this, tr("Save layer as"), ProposeFileFor(*layer), MapFilters());
   if (!file.isEmpty()) SaveLayer(*layer, file);
 }
 

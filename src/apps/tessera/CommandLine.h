@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <apps/common/MapFile.h>
+#include <tessera/layers/MapFiles.h>
 
 #include <QCommandLineParser>
 

@@ -27,7 +27,7 @@ int RunInfo(const QStringList &arguments) {
   QJsonArray layers;
   int status = esDone;
   for (const QString &file : files) {
-    const TLoadedFile loaded = LoadMapFile(map, file);
+    const TLoadedFile loaded = LoadMapFile(*map.GetLayers(), file);
     PrintComplaints(loaded);
     if (loaded.layer == nullptr) {
       status = esFailed;

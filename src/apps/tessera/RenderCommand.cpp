@@ -24,7 +24,7 @@ double MsSince(const QElapsedTimer &timer) {
 bool LoadAll(TTessera &map, const QStringList &files) {
   bool isWhole = true;
   for (const QString &file : files) {
-    const TLoadedFile loaded = LoadMapFile(map, file);
+    const TLoadedFile loaded = LoadMapFile(*map.GetLayers(), file);
     PrintComplaints(loaded);
     isWhole = isWhole && loaded.layer != nullptr;
   }

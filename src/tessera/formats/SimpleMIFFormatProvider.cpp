@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/DebugTrace.h>
 #include <tessera/base/Exceptions.h>
+#include <tessera/base/GuardedCall.h>
 #include <tessera/base/MessageSink.h>
 #include <tessera/base/detail/StagedSet.h>
 #include <tessera/formats/SimpleMIFFormatProvider.h>
@@ -9,6 +10,7 @@
 #include <tessera/formats/detail/MifText.h>
 #include <tessera/formats/detail/MifWriter.h>
 #include <tessera/layers/TMapLayer.h>
+#include <tessera/objects/TMapScopes.h>
 
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -34,24 +36,12 @@ QString DataFileName(const QString &fileName) {
   return usual;
 }
 
-/// Brackets the loading of a layer with what its map is told.
-class TLoadBracket {
- public:
-  explicit TLoadBracket(TMapHost &map) : m_map(map) {
-    m_map.BeginUpdate();
-    m_map.SetIsLoading(true);
-  }
-  ~TLoadBracket() {
-    m_map.StopProgress();
-    m_map.EndUpdate(true);
-    m_map.SetIsLoading(false);
-  }
-  TLoadBracket(const TLoadBracket &) = delete;
-  TLoadBracket &operator=(const TLoadBracket &) = delete;
-
- private:
-  TMapHost &m_map;
-};
+/// Tells the map, if there is one, of the end of progress, when it is left.
+auto StopProgressAtEnd(TMapHost *map) {
+  return qScopeGuard([map] {
+    if (map != nullptr) GuardedCall([map] { map->StopProgress(); });
+  });
+}
 
 void ReportError(TFormatReport &report, int line, const std::exception &error) {
   report.Fail(line, MessageOf(error));
@@ -70,15 +60,14 @@ void ReadPair(TMapLayer &layer, const QString &fileName, TFormatReport &report) 
     DebugTrace(QStringLiteral("missing data file for vector file %S!"), {fileName});
   }
   const qint64 size = mif.GetSize();
-  layer.GetMapHost()->StartProgress(0, detail::MifReader::ProgressPosition(size, size), QStringLiteral("Loading file"));
+  TMapHost &map = *layer.GetMapHost();
+  // From the first event on there may be no layer any more; the reader knows.
   detail::MifReader reader(layer, mif, mid ? &*mid : nullptr, report);
+  map.StartProgress(0, detail::MifReader::ProgressPosition(size, size), QStringLiteral("Loading file"));
   try {
     reader.Read();
   } catch (const std::exception &error) {
     ReportError(report, reader.GetLine(), error);
-  }
-  if (!mid && layer.GetFields().GetCount() > 0) {
-    report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
   }
   reader.FinishReport();
 }
@@ -111,7 +100,8 @@ bool TSimpleMIFFormatProvider::Load(TMapLayer *layer, const QString &fileName) {
     report.Fail(0, QStringLiteral("there is no such file, or the layer is on no map"));
     return false;
   }
-  const TLoadBracket bracket(*layer->GetMapHost());
+  const TLoadingScope loading(*layer->GetMapHost());
+  const auto stopProgress = StopProgressAtEnd(layer->GetMapHost());
   try {
     ReadPair(*layer, fileName, report);
   } catch (const std::exception &error) {
@@ -125,16 +115,16 @@ bool TSimpleMIFFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
   if (layer == nullptr) return false;
   if (!fileName.isEmpty()) layer->SetFileName(fileName);
   TMapHost *map = layer->GetMapHost();
-  const auto stopProgress = qScopeGuard([map] {
-    if (map != nullptr) map->StopProgress();
-  });
+  const auto stopProgress = StopProgressAtEnd(map);
   try {
     const QString dataFileName = DataFileName(fileName);
     if (dataFileName == fileName) {
       throw EInOutError(QStringLiteral("Cannot create file \"%1\". It would be its own data file.").arg(fileName));
     }
     detail::StagedSet files({fileName, dataFileName});
+    const THandle<TMapLayer> watched(layer);
     if (map != nullptr) map->StartProgress(0, 0, QStringLiteral("Saving..."));
+    if (!watched) throw EInOutError(QStringLiteral("the layer was deleted before it was saved"));
     detail::MifWriter(*layer, files.File(0), files.File(1), report).Write();
     files.Commit();
   } catch (const std::exception &error) {
@@ -142,6 +132,18 @@ bool TSimpleMIFFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
     throw;
   }
   return false;
+}
+
+TFormatReport TSimpleMIFFormatProvider::TrySave(const TMapLayer &layer) const {
+  TFormatReport report;
+  detail::NoOutput mif;
+  detail::NoOutput mid;
+  try {
+    detail::MifWriter(layer, mif, mid, report).Write();
+  } catch (const std::exception &error) {
+    report.Fail(0, MessageOf(error));
+  }
+  return report;
 }
 
 }  // namespace tessera

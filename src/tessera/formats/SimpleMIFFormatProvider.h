@@ -44,6 +44,8 @@ class TESSERA_CORE_EXPORT TSimpleMIFFormatProvider : public TCustomFormatProvide
   /// The old pair stays as it was.
   bool Save(TMapLayer *layer, const QString &fileName) override;
 
+  [[nodiscard]] TFormatReport TrySave(const TMapLayer &layer) const override;
+
   /// What a line after a shape tells of, by the keywords in it.
   [[nodiscard]] TObjectAttribute IsObjAttrString(const QString &line) const;
 };

@@ -4,6 +4,7 @@
 #include <tessera/base/TCardinalArray.h>
 #include <tessera/base/THandle.h>
 #include <tessera/layers/TIndexCell.h>
+#include <tessera/layers/TLayerSource.h>
 #include <tessera/objects/TCustomMapObject.h>
 
 #include <memory>
@@ -133,6 +134,9 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   void SetName(const QString &name) { Change(m_name, name, mdlLayerNameChanged); }
   [[nodiscard]] const QString &GetFileName() const { return m_fileName; }
   void SetFileName(const QString &fileName) { m_fileName = fileName; }
+  /// What LoadFromFile last read.
+  [[nodiscard]] const TLayerSource &GetSource() const { return m_source; }
+  void SetSource(const TLayerSource &source) { m_source = source; }
   [[nodiscard]] int GetTag() const { return m_tag; }
   void SetTag(int tag) { m_tag = tag; }
   /// The attribute columns. Objects get them when they are added.
@@ -206,6 +210,7 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   std::unique_ptr<TIndexCell> m_index2D = std::make_unique<TIndexCell>();
   QString m_fileName;
   QString m_name;
+  TLayerSource m_source;
   TDataFields m_fields{this};
   TBrush m_defaultBrush;
   TFont m_defaultFont;

@@ -110,7 +110,11 @@ bool TMapLayer::LoadFromFile(const QString &fileName, const QString &layerName) 
   if (FormatProviders == nullptr) return false;
   TCustomFormatProvider *provider = FormatProviders->FindSuitableProvider(fileName);
   const THandle<TMapLayer> self(this);
-  if (provider == nullptr || !provider->Load(this, fileName) || !self) return false;
+  if (provider == nullptr) return false;
+  const bool isLoaded = provider->Load(this, fileName);
+  if (!self) return false;
+  SetSource({fileName, provider->GetReport().AllLosses()});
+  if (!isLoaded) return false;
   SetFileName(fileName);
   SetName(layerName.isEmpty() ? QFileInfo(fileName).completeBaseName() : layerName);
   return true;

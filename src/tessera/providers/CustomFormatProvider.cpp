@@ -36,6 +36,10 @@ TCustomFormatProvider::~TCustomFormatProvider() {
   if (FormatProviders != nullptr) FormatProviders->Remove(this);
 }
 
+TFormatReport TCustomFormatProvider::TrySave(const TMapLayer & /*layer*/) const {
+  return {};
+}
+
 void TCustomFormatProvider::SetDefault(bool value) {
   m_default = value;
   if (!value || FormatProviders == nullptr) return;

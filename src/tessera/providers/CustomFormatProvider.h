@@ -50,6 +50,10 @@ class TESSERA_CORE_EXPORT TCustomFormatProvider : public QObject {
   [[nodiscard]] bool GetEnabled() const { return m_enabled; }
   void SetEnabled(bool value) { m_enabled = value; }
 
+  /// What Save would report of the layer, above all its losses, without writing anything. A provider that cannot tell
+  /// answers an empty report.
+  [[nodiscard]] virtual TFormatReport TrySave(const TMapLayer &layer) const;
+
   /// What the last Load or Save did; empty before the first.
   [[nodiscard]] const TFormatReport &GetReport() const { return m_report; }
 

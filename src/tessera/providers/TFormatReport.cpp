@@ -25,6 +25,11 @@ QString Listed(const TCounts &counts) {
   return entries.isEmpty() ? QString() : QString(QStringLiteral(" (") + entries.join(QStringLiteral(", ")) + u')');
 }
 
+/// " in line 7", empty where no line is to blame.
+QString PlaceOf(const TFormatDefect &defect) {
+  return defect.line > 0 ? QStringLiteral(" in line %1").arg(defect.line) : QString();
+}
+
 }  // namespace
 
 void TFormatReport::CountSkippedLine(const QString &keyword, qint64 count) {
@@ -38,6 +43,17 @@ void TFormatReport::Warn(const QString &words) {
   } else {
     ++droppedWarnings;
   }
+}
+
+void TFormatReport::Lose(const QString &words) {
+  if (!losses.contains(words)) losses.append(words);
+}
+
+QStringList TFormatReport::AllLosses() const {
+  QStringList all = losses;
+  if (firstError)
+    all.prepend(QStringLiteral("all that comes after this error%1: %2").arg(PlaceOf(*firstError), firstError->words));
+  return all;
 }
 
 void TFormatReport::Fail(int line, const QString &words) {
@@ -56,8 +72,7 @@ QString TFormatReport::Summary() const {
   }
   if (!warnings.isEmpty()) parts.append(Counted(warnings.size() + droppedWarnings, QStringLiteral("warning")));
   if (firstError) {
-    const QString place = firstError->line > 0 ? QStringLiteral(" in line %1").arg(firstError->line) : QString();
-    parts.append(QStringLiteral("error") + place + QStringLiteral(": ") + firstError->words);
+    parts.append(QStringLiteral("error%1: %2").arg(PlaceOf(*firstError), firstError->words));
   }
   return parts.join(QStringLiteral("; "));
 }

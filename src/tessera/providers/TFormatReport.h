@@ -30,15 +30,24 @@ struct TESSERA_CORE_EXPORT TFormatReport {
   std::optional<TFormatDefect> firstError;
   QStringList warnings;        ///< The first of them, in order.
   qint64 droppedWarnings = 0;  ///< Those beyond MaxWarnings.
+  /// What did not come over: after Load what the file has and the layer lacks, after Save the reverse. A line for each
+  /// sort of thing.
+  QStringList losses;
 
   void CountObject(const QString &kind, qint64 count = 1) { objects[kind] += count; }
   void CountSkippedLine(const QString &keyword, qint64 count = 1);
   void Warn(const QString &words);
+  /// Each sort of thing is kept once.
+  void Lose(const QString &words);
   /// Only the first error of a run is kept.
   void Fail(int line, const QString &words);
 
   /// Whether there was no error; warnings and skipped lines are none.
   [[nodiscard]] bool ok() const { return !firstError; }
+  /// Whether nothing was lost, on purpose or by an error.
+  [[nodiscard]] bool IsWhole() const { return ok() && losses.isEmpty(); }
+  /// The losses, and what an error has cut off; empty when all came over.
+  [[nodiscard]] QStringList AllLosses() const;
   [[nodiscard]] qint64 CountOfObjects() const;
   /// One line for people, such as "3 objects (2 Region, 1 Point); 4 lines skipped (4 Arc); error in line 7: …".
   [[nodiscard]] QString Summary() const;

@@ -54,6 +54,8 @@ class MidReader {
   /// Gives an object the values of the next line; none when there is no line left, which is counted.
   void ReadValues(TDataFields &fields);
 
+  [[nodiscard]] bool HasFile() const { return m_lines.has_value(); }
+  [[nodiscard]] bool HasColumns() const { return !m_kinds.empty(); }
   [[nodiscard]] qint64 GetMissingLines() const { return m_missingLines; }
   /// Whether more than blanks is left, which is read.
   [[nodiscard]] bool HasMore();

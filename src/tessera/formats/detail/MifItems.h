@@ -13,7 +13,7 @@ namespace tessera::detail {
 class TESSERA_CORE_EXPORT MifItems {
  public:
   /// Items beyond so many are not looked for.
-  static constexpr int MaxCount = 6;
+  static constexpr int MaxCount = 7;
 
   /// Cuts `line`, which must outlive the items. `ordinary` is one more byte that does not end an item.
   void Read(std::string_view line, char ordinary = '.');

@@ -35,6 +35,33 @@ std::string_view WithoutQuotes(std::string_view bytes) {
   return bytes.size() > 2 ? bytes.substr(1, bytes.size() - 2) : std::string_view();
 }
 
+/// What a column of the type loses; none when nothing.
+const char *LossOf(TDataType type, std::string_view definition) {
+  switch (type) {
+    case TDataType::dtString:
+    case TDataType::dtDecimal:
+      return "widths of Char and Decimal columns";
+    case TDataType::dtSmallInt:
+    case TDataType::dtDate:
+      return "values of SmallInt and Date columns";
+    case TDataType::dtFloat:
+      return KeywordSet<1>({"FLOAT"}).FindLast(definition) < 0 ? "types of Logical and Time columns" : nullptr;
+    default:
+      return nullptr;
+  }
+}
+
+/// Whether a line that says nothing to the reader is one that a save writes.
+bool IsWrittenAgain(std::string_view line, std::string_view word) {
+  return IsSameWord(word, "Version") || IsSameWord(word, DataLine) || IsSameWord(line, CharsetLine) ||
+         IsSameWord(line, CoordSysLine);
+}
+
+/// The name under which lines are counted that begin with the word.
+QString NameOf(const std::string &word) {
+  return word.empty() ? QStringLiteral("other") : QString::fromStdString(word);
+}
+
 constexpr std::string_view PlainPointWord = "POINT";
 
 /// Whether the line is the word Point and two numbers with nothing but blanks around: so are nearly all points, and
@@ -102,6 +129,7 @@ constexpr KeywordSet<FirstKind + KindCount> Keywords([] {
 
 MifReader::MifReader(TMapLayer &layer, ByteSource &mif, ByteSource *mid, TFormatReport &report)
     : m_layer(layer),
+      m_watchedLayer(&layer),
       m_map(*layer.GetMapHost()),
       m_mif(mif, DecimalSeparator()),
       m_mid(mid),
@@ -117,6 +145,7 @@ int MifReader::ProgressPosition(qint64 position, qint64 size) {
 }
 
 void MifReader::Read() {
+  CheckLayer();
   std::string_view line = m_mif.ReadLine();
   while (!m_mif.AtEnd()) {
     ShowProgress();
@@ -131,6 +160,11 @@ void MifReader::ShowProgress() {
   if (m_mif.GetPosition() < m_nextProgress) return;
   m_nextProgress = m_mif.GetPosition() + m_size / ProgressSteps;
   m_map.ShowProgress(ProgressPosition(m_mif.GetPosition(), m_size));
+  CheckLayer();
+}
+
+void MifReader::CheckLayer() const {
+  if (!m_watchedLayer) throw EInOutError(QStringLiteral("the layer was deleted while it was being loaded"));
 }
 
 std::string_view MifReader::ReadLine(std::string_view line) {
@@ -170,7 +204,10 @@ std::string_view MifReader::ReadLine(std::string_view line) {
 
 TCustomMapObject &MifReader::NewObject(std::size_t kind) {
   ++m_counts[kind];
-  return *m_layer.NewObject(KindReaders::InOrder[kind].create);
+  TCustomMapObject *object = m_layer.NewObject(KindReaders::InOrder[kind].create);
+  CheckLayer();
+  if (object == nullptr) throw EInOutError(QStringLiteral("an object was deleted while it was being loaded"));
+  return *object;
 }
 
 void MifReader::ReadColumns(std::string_view countText) {
@@ -182,7 +219,9 @@ void MifReader::ReadColumns(std::string_view countText) {
     const std::string_view line = TrimBytes(m_mif.ReadLine());
     const std::size_t nameEnd = std::min(line.find_first_of(" \t"), line.size());
     // Inserted, since an added text column without a width would get one.
-    fields.Insert(i, DecodeWindows1251(line.substr(0, nameEnd)), ColumnType(line.substr(nameEnd)), 0);
+    const TDataType type = ColumnType(line.substr(nameEnd));
+    fields.Insert(i, DecodeWindows1251(line.substr(0, nameEnd)), type, 0);
+    if (const char *loss = LossOf(type, line.substr(nameEnd))) m_report.Lose(QString::fromLatin1(loss));
   }
   m_mid.SetColumns(fields);
 }
@@ -254,6 +293,7 @@ std::string_view MifReader::ReadClauses(TCustomMapObject &object) {
 }
 
 void MifReader::WarnInLine(const QString &words) {
+  m_report.Lose(QStringLiteral("shapes that are not read as they stand"));
   if (m_report.warnings.size() < TFormatReport::MaxWarnings) {
     m_report.Warn(QStringLiteral("line %1: %2").arg(m_mif.GetLine()).arg(words));
   } else {
@@ -269,11 +309,11 @@ void MifReader::Skip(std::string_view line) {
   const auto length = std::min(std::size_t(wordEnd - text.begin()), LongestWord);
   std::string_view word = text.substr(0, length);
   const auto known = m_skipped.find(word);
-  if (known != m_skipped.end()) {
-    ++known->second;
-  } else {
-    ++m_skipped[m_skipped.size() < TFormatReport::MaxKeywords ? std::string(word) : std::string()];
-  }
+  Skipped &skipped = known != m_skipped.end()
+                         ? known->second
+                         : m_skipped[m_skipped.size() < TFormatReport::MaxKeywords ? std::string(word) : std::string()];
+  ++skipped.count;
+  if (!IsWrittenAgain(text, word)) ++skipped.lost;
 }
 
 void MifReader::FinishReport() {
@@ -281,8 +321,9 @@ void MifReader::FinishReport() {
     const QString name = QString::fromLatin1(KindReaders::InOrder[kind].name);
     if (m_counts[kind] > 0) m_report.CountObject(name, m_counts[kind]);
   }
-  for (const auto &[word, count] : m_skipped) {
-    m_report.CountSkippedLine(word.empty() ? QStringLiteral("other") : QString::fromStdString(word), count);
+  for (const auto &[word, lines] : m_skipped) m_report.CountSkippedLine(NameOf(word), lines.count);
+  if (!m_mid.HasFile() && m_mid.HasColumns()) {
+    m_report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
   }
   if (m_mid.GetMissingLines() > 0) {
     m_report.Warn(
@@ -291,7 +332,18 @@ void MifReader::FinishReport() {
   if (m_report.ok() && m_mid.HasMore()) {
     m_report.Warn(QStringLiteral(
         "the data file has more lines than objects were read, so values may stand with the wrong objects"));
+    m_report.Lose(QStringLiteral("lines of the data file beyond those of the objects"));
   }
+  ReportLosses();
+}
+
+void MifReader::ReportLosses() {
+  QStringList lines;
+  for (const auto &[word, skipped] : m_skipped) {
+    if (skipped.lost > 0) lines.append(QString::number(skipped.lost) + u' ' + NameOf(word));
+  }
+  if (!lines.isEmpty()) m_report.Lose(QStringLiteral("lines that are not read: ") + lines.join(QStringLiteral(", ")));
+  for (const QString &words : m_styles.GetLosses()) m_report.Lose(words);
 }
 
 }  // namespace tessera::detail

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tessera/base/THandle.h>
 #include <tessera/formats/detail/MidReader.h>
 #include <tessera/formats/detail/MifScanner.h>
 #include <tessera/formats/detail/MifStyles.h>
@@ -54,8 +55,17 @@ class TESSERA_CORE_EXPORT MifReader {
   std::string_view ReadClauses(TCustomMapObject &object);
   void Skip(std::string_view line);
   void WarnInLine(const QString &words);
+  /// @throws EInOutError when a handler of an event has deleted the layer.
+  void CheckLayer() const;
+  void ReportLosses();
+
+  struct Skipped {
+    qint64 count = 0;
+    qint64 lost = 0;  ///< Of these, lines that a save would not write again.
+  };
 
   TMapLayer &m_layer;
+  THandle<TMapLayer> m_watchedLayer;
   TMapHost &m_map;
   MifScanner m_mif;
   MidReader m_mid;
@@ -71,7 +81,7 @@ class TESSERA_CORE_EXPORT MifReader {
   bool m_nextIsPlainPoint = false;
   std::vector<qint64> m_counts;  // of objects by kind
   std::string m_headerLine;
-  std::map<std::string, qint64, std::less<>> m_skipped;
+  std::map<std::string, Skipped, std::less<>> m_skipped;
 };
 
 }  // namespace detail

@@ -9,6 +9,14 @@
 
 namespace tessera::detail {
 
+namespace {
+
+/// Behind a pair of a return and a feed there has to be one byte more in the window, so that AtEnd finds it without
+/// moving the window, and with it the line.
+constexpr std::ptrdiff_t PairAndOne = 3;
+
+}  // namespace
+
 MifScanner::MifScanner(ByteSource &source, char separator, std::size_t window)
     : m_source(source),
       m_separator(separator),
@@ -17,6 +25,22 @@ MifScanner::MifScanner(ByteSource &source, char separator, std::size_t window)
       m_at(m_last),
       m_lineFeed(m_last),
       m_carriageReturn(m_last) {}
+
+inline void MifScanner::PassLineEnd(const char *lineEnd) {
+  m_at = lineEnd;
+  if (m_at != m_last && *m_at == '\r') ++m_at;
+  if (m_at != m_last && *m_at == '\n' && (m_at == lineEnd || m_at[-1] == '\r')) ++m_at;
+}
+
+inline const char *MifScanner::SkipBlanks(const char *at) const {
+  while (at != m_last && IsMifBlank(*at)) ++at;
+  return at;
+}
+
+inline const char *MifScanner::ReadNumber(const char *at, double &value) const {
+  const char *end = ReadFloat(at, m_last, m_separator, value);
+  return end != nullptr && (end == m_last || IsMifBlank(*end)) ? end : nullptr;
+}
 
 void MifScanner::Search(const char *&lineEnd, char byte, const char *from) const {
   const void *found = from == m_last ? nullptr : std::memchr(from, byte, std::size_t(m_last - from));
@@ -56,17 +80,8 @@ const char *MifScanner::FindLineEnd() {
     if (m_lineFeed < m_at) Search(m_lineFeed, '\n', m_at);
     if (m_carriageReturn < m_at) Search(m_carriageReturn, '\r', m_at);
     const char *end = std::min(m_lineFeed, m_carriageReturn);
-    // Behind a pair of a return and a feed there has to be one byte more, so that AtEnd finds it without moving the
-    // window, and with it the line.
-    constexpr std::ptrdiff_t PairAndOne = 3;
     if (m_last - end >= PairAndOne || !ReadMore()) return end;
   }
-}
-
-void MifScanner::PassLineEnd(const char *lineEnd) {
-  m_at = lineEnd;
-  if (m_at != m_last && *m_at == '\r') ++m_at;
-  if (m_at != m_last && *m_at == '\n' && (m_at == lineEnd || m_at[-1] == '\r')) ++m_at;
 }
 
 std::string_view MifScanner::ReadLine() {
@@ -75,11 +90,6 @@ std::string_view MifScanner::ReadLine() {
   const std::string_view line(m_at, std::size_t(end - m_at));
   PassLineEnd(end);
   return line;
-}
-
-const char *MifScanner::SkipBlanks(const char *at) const {
-  while (at != m_last && IsMifBlank(*at)) ++at;
-  return at;
 }
 
 std::string_view MifScanner::TokenAt(const char *at) const {
@@ -104,11 +114,6 @@ bool MifScanner::ReadCount(int &count) {
   return true;
 }
 
-const char *MifScanner::ReadNumber(const char *at, double &value) const {
-  const char *end = ReadFloat(at, m_last, m_separator, value);
-  return end != nullptr && (end == m_last || IsMifBlank(*end)) ? end : nullptr;
-}
-
 MifScanner::Found MifScanner::FindVertex(TMapPoint &vertex, const char *&end) {
   const auto stop = [&](const char *at) {
     if (at == m_last) {
@@ -129,20 +134,35 @@ MifScanner::Found MifScanner::FindVertex(TMapPoint &vertex, const char *&end) {
   return end == nullptr ? stop(y) : Found::Vertex;
 }
 
+bool MifScanner::ReadAnyVertex(TMapPoint &vertex) {
+  const char *end = nullptr;
+  Found found = FindVertex(vertex, end);
+  while (end == m_last && ReadMore()) found = FindVertex(vertex, end);
+  if (found == Found::Vertex) {
+    m_at = end;
+    PassLineEnd(FindLineEnd());
+    return true;
+  }
+  m_isMalformed = found == Found::Malformed;
+  m_at = m_isMalformed ? m_window.data() + (m_mark - m_windowStart) : m_last;
+  return false;
+}
+
+inline bool MifScanner::ReadPlainVertex(TMapPoint &vertex) {
+  const char *x = SkipBlanks(m_at);
+  const char *end = x == m_last ? nullptr : ReadNumber(x, vertex.X);
+  const char *y = end == nullptr ? m_last : SkipBlanks(end);
+  end = y == m_last ? nullptr : ReadNumber(y, vertex.Y);
+  if (end == nullptr || m_last - end < PairAndOne || (*end != '\n' && *end != '\r')) return false;
+  m_mark = PositionOf(x);
+  PassLineEnd(end);
+  return true;
+}
+
 std::size_t MifScanner::ReadVertices(TMapPoint *vertices, std::size_t count, TBounds &bounds) {
   for (std::size_t done = 0; done < count; ++done) {
     TMapPoint vertex;
-    const char *end = nullptr;
-    Found found = FindVertex(vertex, end);
-    while (end == m_last && ReadMore()) found = FindVertex(vertex, end);
-    if (found != Found::Vertex) {
-      m_isMalformed = found == Found::Malformed;
-      m_at = m_isMalformed ? m_window.data() + (m_mark - m_windowStart) : m_last;
-      return done;
-    }
-    const bool endsHere = m_last - end > 1 && (*end == '\n' || *end == '\r');
-    m_at = end;
-    PassLineEnd(endsHere ? end : FindLineEnd());
+    if (!ReadPlainVertex(vertex) && !ReadAnyVertex(vertex)) return done;
     vertices[done] = vertex;
     bounds.Widen(vertex.X, vertex.Y);
   }

@@ -17,7 +17,7 @@ namespace tessera::detail {
 /// to give are as if the text ended there.
 class TESSERA_CORE_EXPORT MifScanner {
  public:
-  static constexpr std::size_t DefaultWindow = std::size_t(1) << 18U;
+  static constexpr std::size_t DefaultWindow = std::size_t(1) << 16U;
 
   /// The source must outlive the scanner.
   MifScanner(ByteSource &source, char separator, std::size_t window = DefaultWindow);
@@ -57,6 +57,11 @@ class TESSERA_CORE_EXPORT MifScanner {
   [[nodiscard]] const char *FindLineEnd();
   /// Moves to the start of the line after the end at `lineEnd`.
   void PassLineEnd(const char *lineEnd);
+  /// Reads a vertex that stands in a line of its own, nearly all do; false, and nothing is read, where it is not so
+  /// plain or the window ends.
+  [[nodiscard]] bool ReadPlainVertex(TMapPoint &vertex);
+  /// Reads a vertex that stands anyhow; false at the end of the text and before a malformed number.
+  [[nodiscard]] bool ReadAnyVertex(TMapPoint &vertex);
   /// Reads what stands at the current position, as far as the window reaches; `end` is where it stopped looking.
   [[nodiscard]] Found FindVertex(TMapPoint &vertex, const char *&end);
   [[nodiscard]] const char *SkipBlanks(const char *at) const;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/detail/Numbers.h>
 #include <tessera/formats/detail/MifStyles.h>
 #include <tessera/formats/detail/MifText.h>
 #include <tessera/objects/TSymbol.h>
@@ -15,6 +16,9 @@ constexpr KeywordSet<5> ClauseKeywords({"PEN", "BRUSH", "CENTER", "FONT", "SYMBO
 constexpr std::size_t KnownCount = 4096;
 constexpr std::size_t ProbeCount = 4;
 constexpr std::size_t LongestKnown = 200;
+
+/// Items of a Brush clause that has no background colour.
+constexpr int FirstWithoutBack = 3;
 
 std::size_t HashOf(std::string_view line, const TObjectStyle *before) {
   constexpr std::uint64_t Factor = 0x9E3779B97F4A7C15U;
@@ -57,6 +61,52 @@ int ColorToMif(TColor color) {
   return int(RedOf(color) * 65536 + GreenOf(color) * 256 + BlueOf(color));
 }
 
+int FillPattern(TBrushStyle style) {
+  switch (style) {
+    case TBrushStyle::bsClear:
+      return 1;
+    case TBrushStyle::bsHorizontal:
+      return 3;
+    case TBrushStyle::bsVertical:
+      return 4;
+    case TBrushStyle::bsBDiagonal:
+      return 5;
+    case TBrushStyle::bsFDiagonal:
+      return 6;
+    case TBrushStyle::bsCross:
+      return 7;
+    case TBrushStyle::bsDiagCross:
+      return 8;
+    case TBrushStyle::bsSolid:
+      break;
+  }
+  return 2;
+}
+
+int LinePattern(TPenStyle style) {
+  switch (style) {
+    case TPenStyle::psClear:
+      return 1;
+    case TPenStyle::psDot:
+      return 9;
+    case TPenStyle::psDash:
+      return 12;
+    case TPenStyle::psDashDot:
+      return 14;
+    case TPenStyle::psDashDotDot:
+      return 20;
+    case TPenStyle::psSolid:
+    case TPenStyle::psInsideFrame:
+      break;
+  }
+  return 2;
+}
+
+int FontStyleNumber(TFontStyles style) {
+  return (style.testFlag(TFontStyle::fsBold) ? 1 : 0) + (style.testFlag(TFontStyle::fsItalic) ? 2 : 0) +
+         (style.testFlag(TFontStyle::fsUnderline) ? 4 : 0);
+}
+
 MifStyles::MifStyles() : m_known(KnownCount) {}
 
 const MifStyles::Known *MifStyles::Find(std::string_view line, const TObjectStyle *before, std::size_t home) const {
@@ -94,11 +144,30 @@ bool MifStyles::Apply(std::string_view line, TCustomMapObject &object) {
   const TObjectAttribute attribute = ClassifyClause(line);
   if (attribute == TObjectAttribute::oaNone) return false;
   // Clauses that say nothing would only take the room of the others: no two centres are the same.
-  if (attribute == TObjectAttribute::oaCenter || attribute == TObjectAttribute::oaFont) return true;
+  if (attribute == TObjectAttribute::oaCenter || attribute == TObjectAttribute::oaFont) {
+    m_hasLostCenters = m_hasLostCenters || attribute == TObjectAttribute::oaCenter;
+    return true;
+  }
   Known clause = Read(attribute, line, before);
   apply(clause);
   if (isKept) Keep(std::move(clause), home);
   return true;
+}
+
+bool MifStyles::Differs(int index, int number) const {
+  int found = 0;
+  const std::string_view item = index < m_items.GetCount() ? m_items.At(index) : std::string_view();
+  const char *end = item.data() + item.size();
+  return !item.empty() && (ReadInt(item.data(), end, found) != end || found != number);
+}
+
+QStringList MifStyles::GetLosses() const {
+  QStringList losses;
+  if (m_hasLostPens) losses.append(QStringLiteral("widths and patterns of pens"));
+  if (m_hasLostBrushes) losses.append(QStringLiteral("patterns and background colours of brushes"));
+  if (m_hasLostSymbols) losses.append(QStringLiteral("styles and angles of symbols"));
+  if (m_hasLostCenters) losses.append(QStringLiteral("centres of regions"));
+  return losses;
 }
 
 MifStyles::Known MifStyles::Read(TObjectAttribute attribute, std::string_view line, const TObjectStylePtr &before) {
@@ -106,9 +175,11 @@ MifStyles::Known MifStyles::Read(TObjectAttribute attribute, std::string_view li
   m_items.Read(line);
   switch (attribute) {
     case TObjectAttribute::oaPen:
+      m_hasLostPens |= Differs(1, before->pen.GetWidth()) || Differs(2, LinePattern(before->pen.GetStyle()));
       clause.after->pen.SetColor(ColorFromMif(m_items.IntegerAt(3)));
       break;
     case TObjectAttribute::oaBrush:
+      m_hasLostBrushes |= Differs(1, FillPattern(before->brush.GetStyle())) || m_items.GetCount() > FirstWithoutBack;
       clause.after->brush.SetColor(ColorFromMif(m_items.IntegerAt(2)));
       break;
     case TObjectAttribute::oaSymbol: {
@@ -118,6 +189,7 @@ MifStyles::Known MifStyles::Read(TObjectAttribute attribute, std::string_view li
       font.SetColor(ColorFromMif(m_items.IntegerAt(2)));
       font.SetSize(m_items.IntegerAt(3));
       font.SetName(FontName(m_items));
+      m_hasLostSymbols |= Differs(5, FontStyleNumber(font.GetStyle())) || Differs(6, 0);
       clause.after->font = font;
       break;
     }

@@ -90,6 +90,11 @@ qint64 EncodeWindows1251(QStringView text, std::string &bytes) {
   return unknown;
 }
 
+bool IsSameWord(std::string_view one, std::string_view other) {
+  return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                    [](char a, char b) { return UpperAscii(a) == UpperAscii(b); });
+}
+
 std::string_view TrimBytes(std::string_view bytes) {
   const auto isBlank = [](char c) { return static_cast<unsigned char>(c) <= ' '; };
   const auto *first = std::find_if_not(bytes.begin(), bytes.end(), isBlank);

@@ -14,6 +14,12 @@ namespace tessera::detail {
 
 // The bytes of a MIF pair are text in windows-1251.
 
+/// The lines of a header that are always written alike.
+inline constexpr std::string_view VersionLine = "Version 300";
+inline constexpr std::string_view CharsetLine = "Charset \"WindowsCyrillic\"";
+inline constexpr std::string_view CoordSysLine = "CoordSys Earth Projection 1, 0";
+inline constexpr std::string_view DataLine = "Data";
+
 /// The text of `bytes`. The one code without a character, 0x98, becomes U+0098, so that no two texts are the same.
 [[nodiscard]] TESSERA_CORE_EXPORT QString DecodeWindows1251(std::string_view bytes);
 /// Replaces `utf8` by the text of `bytes` as UTF-8.
@@ -35,6 +41,9 @@ TESSERA_CORE_EXPORT qint64 EncodeWindows1251(QStringView text, std::string &byte
 [[nodiscard]] constexpr char UpperAscii(char c) {
   return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c;
 }
+
+/// Whether two texts are the same but for the case of ASCII letters.
+[[nodiscard]] TESSERA_CORE_EXPORT bool IsSameWord(std::string_view one, std::string_view other);
 
 /// Some words in capitals, to be looked for in lines all at once and regardless of case.
 template <std::size_t Count>

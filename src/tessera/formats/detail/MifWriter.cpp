@@ -21,52 +21,6 @@ constexpr char Delimiter = ',';
 constexpr std::string_view LineEnd = "\r\n";
 constexpr std::size_t MostVertexBytes = 2 * Fixed6Size + 1 + LineEnd.size();
 
-int FillPattern(TBrushStyle style) {
-  switch (style) {
-    case TBrushStyle::bsClear:
-      return 1;
-    case TBrushStyle::bsHorizontal:
-      return 3;
-    case TBrushStyle::bsVertical:
-      return 4;
-    case TBrushStyle::bsBDiagonal:
-      return 5;
-    case TBrushStyle::bsFDiagonal:
-      return 6;
-    case TBrushStyle::bsCross:
-      return 7;
-    case TBrushStyle::bsDiagCross:
-      return 8;
-    case TBrushStyle::bsSolid:
-      break;
-  }
-  return 2;
-}
-
-int LinePattern(TPenStyle style) {
-  switch (style) {
-    case TPenStyle::psClear:
-      return 1;
-    case TPenStyle::psDot:
-      return 9;
-    case TPenStyle::psDash:
-      return 12;
-    case TPenStyle::psDashDot:
-      return 14;
-    case TPenStyle::psDashDotDot:
-      return 20;
-    case TPenStyle::psSolid:
-    case TPenStyle::psInsideFrame:
-      break;
-  }
-  return 2;
-}
-
-int FontStyleNumber(TFontStyles style) {
-  return (style.testFlag(TFontStyle::fsBold) ? 1 : 0) + (style.testFlag(TFontStyle::fsItalic) ? 2 : 0) +
-         (style.testFlag(TFontStyle::fsUnderline) ? 4 : 0);
-}
-
 /// In single quotes, with those within doubled.
 void AppendQuoted(std::string_view bytes, std::string &line) {
   line += '\'';
@@ -95,6 +49,7 @@ struct KindWriters {
       {"Text", WriteAs<TText, &MifWriter::WriteText>},
       {"Point", WriteAs<TSymbol, &MifWriter::WritePoint>},
   };
+  static constexpr std::size_t RectangleIndex = 2;
 };
 
 MifWriter::MifWriter(const TMapLayer &layer, ByteOutput &mif, ByteOutput &mid, TFormatReport &report)
@@ -132,8 +87,7 @@ void MifWriter::EndLine() {
 }
 
 void MifWriter::WriteHeader() {
-  for (const char *line :
-       {"Version 300", "Charset \"WindowsCyrillic\"", "Delimiter \",\"", "CoordSys Earth Projection 1, 0"}) {
+  for (const std::string_view line : {VersionLine, CharsetLine, std::string_view("Delimiter \",\""), CoordSysLine}) {
     m_line = line;
     EndLine();
   }
@@ -141,12 +95,15 @@ void MifWriter::WriteHeader() {
   AddNumber(m_layer.GetFields().GetCount());
   EndLine();
   for (int i = 0; i < m_layer.GetFields().GetCount(); ++i) WriteColumn(m_layer.GetFields().GetFields(i));
-  m_line = "Data";
+  m_line = DataLine;
   EndLine();
 }
 
 void MifWriter::WriteColumn(const TDataFieldView &column) {
-  switch (column.GetDataType()) {
+  using enum TDataType;
+  const TDataType type = column.GetDataType();
+  if (type != dtString && type != dtDecimal && type != dtInteger) ++m_strayColumns;
+  switch (type) {
     case TDataType::dtString:
       AddText(column.GetName());
       m_line += " Char(";
@@ -211,6 +168,7 @@ void MifWriter::WriteGeometry(const TCustomMapObject &object) {
 }
 
 void MifWriter::WriteRegion(const TRegion &region) {
+  if (typeid(region) != typeid(TRegion)) ++m_plainRegions;
   const auto parts = region.GetParts().Items();
   m_line = "Region ";
   AddNumber(int(parts.size()));
@@ -254,6 +212,7 @@ TMapPoint MifWriter::FarCornerOf(const TText &text) const {
 }
 
 void MifWriter::WriteText(const TText &text) {
+  if (text.GetAngle() != 0) ++m_turnedTexts;
   m_line = "Text";
   EndLine();
   m_line = '"';
@@ -344,16 +303,20 @@ void MifWriter::FinishReport() {
   for (std::size_t kind = 0; kind < std::size(KindWriters::InOrder); ++kind) {
     if (m_counts[kind] > 0) m_report.CountObject(QString::fromLatin1(KindWriters::InOrder[kind].name), m_counts[kind]);
   }
-  const auto warn = [this](qint64 count, const QString &words) {
-    if (count > 0) m_report.Warn(words.arg(count));
+  const auto lose = [this](qint64 count, const QString &words) {
+    if (count > 0) m_report.Lose(words.arg(count));
   };
-  warn(m_unknownCharacters, QStringLiteral("characters that the character set lacks, written as question marks: %1"));
-  warn(m_brokenValues,
+  lose(m_unknownCharacters, QStringLiteral("characters that the character set lacks, written as question marks: %1"));
+  lose(m_brokenValues,
        QStringLiteral("values with a comma or a line end, which will not be read back as they are: %1"));
-  warn(m_droppedParts, QStringLiteral("parts of polylines beyond the first, not written: %1"));
-  warn(m_brokenTexts, QStringLiteral("texts with a quotation mark or a line end, which programs may misread: %1"));
-  warn(m_badCoordinates, QStringLiteral("coordinates that are no numbers and will not be read back: %1"));
-  warn(m_counts.back(), QStringLiteral("objects of kinds that are written without their shape: %1"));
+  lose(m_droppedParts, QStringLiteral("parts of polylines beyond the first, not written: %1"));
+  lose(m_brokenTexts, QStringLiteral("texts with a quotation mark or a line end, which programs may misread: %1"));
+  lose(m_badCoordinates, QStringLiteral("coordinates that are no numbers and will not be read back: %1"));
+  lose(m_strayColumns, QStringLiteral("columns whose names or types will not be read back: %1"));
+  lose(m_plainRegions, QStringLiteral("geodesic circles and the like, written as plain regions: %1"));
+  lose(m_counts[KindWriters::RectangleIndex], QStringLiteral("rectangles, written as regions: %1"));
+  lose(m_turnedTexts, QStringLiteral("angles of texts: %1"));
+  lose(m_counts.back(), QStringLiteral("objects of kinds that are written without their shape: %1"));
 }
 
 }  // namespace tessera::detail

@@ -76,6 +76,9 @@ class MifWriter {
   qint64 m_droppedParts = 0;
   qint64 m_brokenTexts = 0;
   qint64 m_badCoordinates = 0;
+  qint64 m_strayColumns = 0;
+  qint64 m_plainRegions = 0;
+  qint64 m_turnedTexts = 0;
 };
 
 }  // namespace detail

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/base/MessageSink.h>
+#include <tessera/layers/MapFiles.h>
+#include <tessera/providers/CustomFormatProvider.h>
+
+#include <QFileInfo>
+#include <QPointer>
+
+#include <algorithm>
+#include <set>
+
+namespace tessera {
+namespace {
+
+/// Keeps the messages that come up while it lives, each text once, instead of letting them be shown.
+class MessageCollector {
+ public:
+  MessageCollector()
+      : m_before(SetMessageSink([this](const QString &text) {
+          if (!m_messages.contains(text)) m_messages.append(text);
+        })) {}
+  ~MessageCollector() { SetMessageSink(m_before); }
+  MessageCollector(const MessageCollector &) = delete;
+  MessageCollector &operator=(const MessageCollector &) = delete;
+
+  [[nodiscard]] const QStringList &GetMessages() const { return m_messages; }
+
+ private:
+  QStringList m_messages;
+  TMessageSink m_before;
+};
+
+QString About(const QString &fileName, const QString &words) {
+  return fileName + QStringLiteral(": ") + words.simplified();
+}
+
+QString Words(const TFormatDefect &defect) {
+  return defect.line > 0 ? QStringLiteral("error in line %1: %2").arg(defect.line).arg(defect.words) : defect.words;
+}
+
+TCustomFormatProvider *ProviderFor(const QString &fileName) {
+  return FormatProviders == nullptr ? nullptr : FormatProviders->FindSuitableProvider(fileName);
+}
+
+QString UnknownFormat() {
+  return QStringLiteral("no format is known for files of this name");
+}
+
+/// Why a file cannot even be handed to a provider; empty when it can.
+QString ObstacleTo(const QString &fileName, const TCustomFormatProvider *provider) {
+  const QFileInfo file(fileName);
+  if (!file.exists()) return QStringLiteral("there is no such file");
+  if (!file.isFile()) return QStringLiteral("this is not a file");
+  if (provider == nullptr) return UnknownFormat();
+  if (!file.isReadable()) return QStringLiteral("no permission to read it");
+  return {};
+}
+
+/// Does `work` with a provider and answers its report. Whatever `work` throws becomes the report's error.
+template <typename Work>
+TFormatReport ReportOf(TCustomFormatProvider *provider, const Work &work) {
+  const QPointer<TCustomFormatProvider> watched(provider);
+  TFormatReport thrown;
+  try {
+    work();
+  } catch (const std::exception &error) {
+    thrown.Fail(0, MessageOf(error));
+  } catch (...) {
+    thrown.Fail(0, QStringLiteral("an error of an unknown kind"));
+  }
+  // A provider that throws may not have begun a report of this run.
+  return thrown.firstError || !watched ? thrown : watched->GetReport();
+}
+
+/// Adds a layer and fills it. None when it was deleted meanwhile.
+TMapLayer *AddLayer(TMapLayers &layers, const QString &path, TCustomFormatProvider *provider, TFormatReport &report) {
+  std::set<const TMapLayer *> before;
+  for (const auto &layer : layers.Items()) before.insert(layer.get());
+  report = ReportOf(provider, [&] { layers.Add(path, QFileInfo(path).completeBaseName()); });
+  const auto isNew = [&before](const auto &layer) { return !before.contains(layer.get()); };
+  const auto items = layers.Items();
+  const auto made = std::find_if(items.begin(), items.end(), isNew);
+  return made == items.end() ? nullptr : made->get();
+}
+
+/// Everything but the error that the report and the messages tell of.
+QStringList WarningsOf(const QString &fileName, const TFormatReport &report, const QStringList &messages) {
+  QStringList warnings;
+  for (const QString &words : report.warnings) warnings.append(About(fileName, words));
+  if (report.droppedWarnings > 0) {
+    warnings.append(About(fileName, QStringLiteral("%1 more warnings").arg(report.droppedWarnings)));
+  }
+  for (const QString &message : messages) {
+    // The report says the same with the line's number.
+    const bool isKnown = report.firstError && message.contains(report.firstError->words);
+    if (!isKnown) warnings.append(About(fileName, message));
+  }
+  return warnings;
+}
+
+void DeleteLayer(TMapLayers &layers, const TMapLayer *layer) {
+  for (int i = layers.GetCount() - 1; i >= 0; --i) {
+    if (layers.GetLayer(i) == layer) return layers.Delete(i);
+  }
+}
+
+bool IsSameFile(const QString &one, const QString &other) {
+  return !one.isEmpty() && QFileInfo::exists(one) && QFileInfo(one) == QFileInfo(other);
+}
+
+}  // namespace
+
+TLoadedFile LoadMapFile(TMapLayers &layers, const QString &fileName) {
+  TLoadedFile loaded;
+  loaded.fileName = fileName;
+  const QString path = QFileInfo(fileName).absoluteFilePath();
+  TCustomFormatProvider *provider = ProviderFor(path);
+  if (provider != nullptr) loaded.provider = provider->GetDescription();
+  if (const QString obstacle = ObstacleTo(path, provider); !obstacle.isEmpty()) {
+    loaded.error = About(fileName, obstacle);
+    return loaded;
+  }
+  const MessageCollector collector;
+  TMapLayer *layer = AddLayer(layers, path, provider, loaded.report);
+  const auto &defect = loaded.report.firstError;
+  const bool isUseless = layer == nullptr || (defect && layer->GetObjectCount() == 0);
+  if (isUseless) {
+    loaded.error = About(fileName, defect ? Words(*defect) : QStringLiteral("its layer was deleted meanwhile"));
+    if (layer != nullptr) DeleteLayer(layers, layer);
+    return loaded;
+  }
+  if (defect) loaded.warnings.append(About(fileName, Words(*defect)));
+  loaded.warnings += WarningsOf(fileName, loaded.report, collector.GetMessages());
+  // A provider that answers false leaves the layer without the name of its file, and one that throws without its
+  // source.
+  layer->SetFileName(path);
+  layer->SetSource({path, loaded.report.AllLosses()});
+  loaded.layer = layer;
+  return loaded;
+}
+
+TSavedFile SaveMapFile(TMapLayer &layer, const QString &fileName) {
+  TSavedFile saved;
+  saved.fileName = fileName;
+  TCustomFormatProvider *provider = ProviderFor(fileName);
+  if (provider == nullptr) {
+    saved.error = About(fileName, UnknownFormat());
+    return saved;
+  }
+  const MessageCollector collector;
+  const THandle<TMapLayer> watched(&layer);
+  const bool replacesSource = IsSameFile(layer.GetSource().fileName, fileName);
+  saved.report = ReportOf(provider, [&] { layer.SaveToFile(fileName); });
+  saved.warnings = WarningsOf(fileName, saved.report, collector.GetMessages());
+  for (const QString &words : saved.report.losses)
+    saved.warnings.append(About(fileName, QStringLiteral("lost: ") + words));
+  if (const auto &defect = saved.report.firstError) {
+    saved.error = About(fileName, Words(*defect));
+  } else if (replacesSource && watched) {
+    // From now on the file has nothing that the layer lacks.
+    layer.SetSource({fileName, {}});
+  }
+  return saved;
+}
+
+QStringList LossesOfSaving(const TMapLayer &layer, const QString &fileName) {
+  const TLayerSource &source = layer.GetSource();
+  const bool isSource = IsSameFile(source.fileName, fileName);
+  if (!isSource && !IsSameFile(layer.GetFileName(), fileName)) return {};
+  QStringList losses = isSource ? source.losses : QStringList();
+  const TCustomFormatProvider *provider = ProviderFor(fileName);
+  if (provider != nullptr) losses += provider->TrySave(layer).losses;
+  return losses;
+}
+
+}  // namespace tessera
