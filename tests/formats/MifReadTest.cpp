@@ -296,6 +296,13 @@ TEST_F(MifReadTest, TellsOfAFileThatIsCutShortWhileItIsRead) {
   }
 }
 
+TEST_F(MifReadTest, ClearsAwayWhatAKilledSaveHasLeft) {
+  WriteFile(QStringLiteral("a.mif.0123456789abcdef.new"), "half a li");
+  WriteFile(QStringLiteral("a.mid.0123456789abcdef.new"), "");
+  LoadText("Point 1 2\n");
+  EXPECT_EQ(Files(), (QStringList{QStringLiteral("a.mid"), QStringLiteral("a.mif")}));
+}
+
 TEST_F(MifReadTest, EndsWithAReportWhenAHandlerDeletesTheLayer) {
   auto other = std::make_unique<TMapLayer>();
   other->SetMap(&map);

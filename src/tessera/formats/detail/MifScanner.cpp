@@ -42,7 +42,7 @@ inline const char *MifScanner::ReadNumber(const char *at, double &value) const {
   return end != nullptr && (end == m_last || IsMifBlank(*end)) ? end : nullptr;
 }
 
-void MifScanner::Search(const char *&lineEnd, char byte, const char *from) const {
+inline void MifScanner::Search(const char *&lineEnd, char byte, const char *from) const {
   const void *found = from == m_last ? nullptr : std::memchr(from, byte, std::size_t(m_last - from));
   lineEnd = found ? static_cast<const char *>(found) : m_last;
 }
