@@ -15,7 +15,8 @@ namespace tessera {
 /// DateTime
 ///   becomes Date; widths are not kept, and only texts, Float, Decimal and Integer get values;
 /// - Region, Pline and Point, with the colours of their Pen, Brush and Symbol clauses, and a symbol's shape, font and
-///   size. A Pline Multiple is read with the count of its first section for all of them;
+///   size. A Pline Multiple is read with the count of its first section for all of them, and the counts of the further
+///   ones as X of a vertex, so that only the first section is read as it is meant;
 /// - nothing else: other shapes are passed over, though not their lines of values, so that from there on values belong
 ///   to other shapes. Coordinates are taken as they stand, whatever CoordSys says.
 ///
@@ -39,7 +40,8 @@ class TESSERA_CORE_EXPORT TSimpleMIFFormatProvider : public TCustomFormatProvide
   /// files, whatever they hold.
   bool Load(TMapLayer *layer, const QString &fileName) override;
   /// Writes the layer to the pair of files, gives the layer the name, and always answers false. Both are written under
-  /// other names first and replace the old pair only when they are complete.
+  /// other names first and replace the old pair in one step when they are complete and on the disk; if the process is
+  /// killed meanwhile, the next Load or Save of the pair completes it or takes it back.
   /// @throws EInOutError when a file cannot be written; ERangeError when an object has fewer columns than the layer.
   /// The old pair stays as it was.
   bool Save(TMapLayer *layer, const QString &fileName) override;
