@@ -137,9 +137,11 @@ TEST_F(ScreenPictureTest, TellsOfErrorsOfHandlersAndPaintsOn) {
     EXPECT_EQ(messages, QStringList{QStringLiteral("no ink")});
     QObject::disconnect(connection);
     connection = connect([] { throw 42; });
-    Repaints([this] { map.DoUpdate(true); });
+    Repaints([this] { map.SetColor(map.GetColor() ^ 2); });
     EXPECT_EQ(messages.size(), 2);
     EXPECT_FALSE(map.GetIsBusy());
+    EXPECT_EQ(Shown().pixel(5, 5), Pixel(map.GetColor())) << "what there is, is shown";
+    EXPECT_EQ(messages.size(), 2) << "once for each request";
     QObject::disconnect(connection);
     Repaints([this] { map.SetColor(map.GetColor() ^ 1); });
     EXPECT_EQ(messages.size(), 2);

@@ -4,6 +4,7 @@
 #include <tessera/layers/LayerBounds.h>
 
 #include <cmath>
+#include <limits>
 #include <random>
 
 namespace tessera::test {
@@ -69,6 +70,7 @@ TEST_F(TTesseraFitTest, ShowsAnyBoundsWholeInAnyView) {
   constexpr double Largest = std::numeric_limits<double>::max();
   map.ShowBounds({-Largest, -Largest, Largest, Largest});
   EXPECT_TRUE(IsInView({-Largest, -Largest, Largest, Largest}));
+  LookAt(5, 7, 3);
   const TViewport before = map.GetViewport();
   map.ShowBounds(TBounds::Empty());
   EXPECT_EQ(map.GetViewport(), before);
@@ -93,7 +95,8 @@ TEST_F(TTesseraFitTest, ShowsDataOfEveryShapeWholeAtZoomOne) {
 }
 
 TEST_F(TTesseraFitTest, ShowsAllOfExtremeDataAndThinDataFarAway) {
-  for (const TBounds &box : {TBounds{-1.7e308, -1, 1.7e308, 1}, TBounds{1e300, 1, std::nextafter(1e300, 2e300), 1},
+  constexpr double Largest = std::numeric_limits<double>::max();
+  for (const TBounds &box : {TBounds{-Largest, -1, Largest, 1}, TBounds{1e300, 1, std::nextafter(1e300, 2e300), 1},
                              TBounds{1, 1e20, 1, 1e20}, TBounds{1, -3, 1, std::nextafter(-3, 0)}}) {
     map.GetLayers()->Clear();
     AddDiagonal(AddLayer(), box);

@@ -33,7 +33,8 @@ TEST_F(TTesseraPaintTest, DrawsTheLastLayerOnTopAndReportsEachOne) {
   EXPECT_EQ(picture.pixel(10, 90), Pixel(clWhite));
   EXPECT_EQ(started.count(), 1);
   EXPECT_EQ(started.at(0).at(2).toInt(), 1);
-  EXPECT_EQ(shown.count(), 2);
+  ASSERT_EQ(shown.count(), 2);
+  EXPECT_EQ(shown.at(1).at(1).toInt(), 1);
   EXPECT_EQ(map.GetDisplayed()->GetCount(), 2);
 }
 

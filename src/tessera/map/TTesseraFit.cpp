@@ -18,10 +18,9 @@ double Held(long double value) {
   return double(std::clamp<long double>(value, Limits::lowest(), Limits::max()));
 }
 
-/// A zoom that is no larger, so that rounding takes nothing out of view.
-double RoundedDown(long double zoom) {
-  const double nearest = Held(zoom);
-  return std::max(nearest > zoom ? std::nextafter(nearest, 0) : nearest, Limits::denorm_min());
+/// In extended precision, for the difference of two doubles may exceed the largest one.
+long double WidthOf(const TBounds &bounds) {
+  return static_cast<long double>(bounds.MaxX) - bounds.MinX;
 }
 
 /// The reference extent of a control that shows a box whole at zoom 1, as far as doubles reach.
@@ -41,12 +40,13 @@ TBounds ExtentFor(const detail::ViewFit &fit, const QSize &clientPx) {
 void TTessera::ShowBounds(const TBounds &bounds) {
   if (bounds.IsInverted() || size().isEmpty()) return;
   const detail::ViewFit fit = detail::FitToClient(bounds, size());
-  const long double extentWidth = static_cast<long double>(GetMaxX()) - GetMinX();
+  const long double extentWidth = WidthOf({GetMinX(), GetMinY(), GetMaxX(), GetMaxY()});
   const TUpdateScope update(*this);
   SetCenterX(fit.centerX);
   SetCenterY(fit.centerY);
   if (fit.width > 0 && extentWidth != 0) {
-    SetZoom(std::copysign(RoundedDown(std::fabs(extentWidth) / fit.width), double(extentWidth)));
+    const double zoom = std::max(Held(std::fabs(extentWidth) / fit.width), Limits::denorm_min());
+    SetZoom(std::copysign(zoom, double(extentWidth)));
   }
 }
 
@@ -69,8 +69,9 @@ void TTessera::ShowAll() {
     SetCenterY(fit.centerY);
     SetZoom(1);
   }
-  // An extent can be no wider than doubles reach; the zoom can be smaller.
-  if (!GetViewBounds().ContainsBounds(*bounds)) ShowBounds(*bounds);
+  // An extent can be no wider than doubles reach; the zoom can be smaller. Roundings do not count.
+  constexpr long double Nearly = 0.999L;
+  if (WidthOf(extent) < fit.width * Nearly) ShowBounds(*bounds);
 }
 
 }  // namespace tessera
