@@ -42,7 +42,7 @@ std::vector<TCustomMapObject *> Choose(const TMapLayer &layer, int share) {
 }
 
 void DeleteFrom(TMapLayer &layer, std::span<TCustomMapObject *const> objects) {
-  for (TCustomMapObject *object : objects) layer.RemoveObject(object);
+  layer.DeleteObjects(objects);
 }
 
 /// A list of as many points as the layer, and nothing that knows of it.

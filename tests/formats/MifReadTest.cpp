@@ -93,6 +93,8 @@ TEST_F(MifReadTest, ReadsShapesWithoutADataFileAndFindsOneWhoseExtensionIsInCapi
   WriteFile(QStringLiteral("a.MIF"), mif);
   EXPECT_FALSE(layer.LoadFromFile(PathOf(QStringLiteral("a.MIF")), QStringLiteral("Towns")));
   EXPECT_EQ(layer.GetName() + layer.GetFileName(), QString());
+  EXPECT_EQ(layer.GetSource().fileName, PathOf(QStringLiteral("a.MIF")));
+  EXPECT_EQ(layer.GetSource().losses, provider.GetReport().losses);
   EXPECT_EQ(Objects(), "Point 1,2 <>\n");
   EXPECT_TRUE(messages.empty());
   EXPECT_EQ(Warnings(), "there is no data file, so the objects have no values");

@@ -124,6 +124,15 @@ TEST_F(MapFilesTest, TellsWhatIsLostWhereALayerReplacesItsSource) {
   EXPECT_EQ(LossesOfSaving(layer, path), QStringList(QStringLiteral("colours")));
 }
 
+TEST_F(MapFilesTest, KeepsInMindWhatAProviderThatThrewHasNotRead) {
+  provider.work = [](TMapLayer &layer, TFormatReport &) {
+    layer.NewObject<TPolyline>();
+    throw EInOutError(QStringLiteral("torn"));
+  };
+  const QStringList losses = LossesOfSaving(*LoadMapFile(layers, path).layer, path);
+  EXPECT_EQ(losses.value(0), u"all that comes after this error: torn");
+}
+
 TEST_F(MapFilesTest, TellsWhySavingFailed) {
   provider.work = [](TMapLayer &, TFormatReport &) {};
   TMapLayer &layer = *layers.Add(QString(), QStringLiteral("layer"));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
+#include <tessera/base/GuardedCall.h>
 #include <tessera/base/MessageSink.h>
 #include <tessera/layers/MapFiles.h>
 #include <tessera/providers/CustomFormatProvider.h>
@@ -127,7 +128,7 @@ TLoadedFile LoadMapFile(TMapLayers &layers, const QString &fileName) {
   const bool isUseless = layer == nullptr || (defect && layer->GetObjectCount() == 0);
   if (isUseless) {
     loaded.error = About(fileName, defect ? Words(*defect) : QStringLiteral("its layer was deleted meanwhile"));
-    if (layer != nullptr) DeleteLayer(layers, layer);
+    if (layer != nullptr) GuardedCall([&] { DeleteLayer(layers, layer); });
     return loaded;
   }
   if (defect) loaded.warnings.append(About(fileName, Words(*defect)));
