@@ -180,21 +180,11 @@ class HostileMap : public MapFixture {
   void Connect() {
     link.SetMap(&map);
     link.handle = [this](TMapDataLinkEvent, TObject *) { Strike(); };
-    const auto strike = [this] { Strike(); };
-    QObject::connect(&map, &TTessera::OnAddLayer, &map, strike);
-    QObject::connect(&map, &TTessera::OnBeforeDelLayer, &map, strike);
-    QObject::connect(&map, &TTessera::OnAfterDelLayer, &map, strike);
-    QObject::connect(&map, &TTessera::OnAddObject, &map, strike);
-    QObject::connect(&map, &TTessera::OnBeforeRemoveObject, &map, strike);
-    QObject::connect(&map, &TTessera::OnAfterRemoveObject, &map, strike);
-    QObject::connect(&map, &TTessera::OnDeleteObject, &map, strike);
-    QObject::connect(&map, &TTessera::OnAddSelection, &map, strike);
-    QObject::connect(&map, &TTessera::OnDelSelection, &map, strike);
-    QObject::connect(&map, &TTessera::OnUpdate, &map, strike);
-    QObject::connect(&map, &TTessera::OnZoom, &map, strike);
-    QObject::connect(&map, &TTessera::OnPaint, &map, strike);
-    QObject::connect(&map, &TTessera::OnShowProgress, &map, strike);
-    QObject::connect(&map, &TTessera::OnStopProgress, &map, strike);
+    const auto strikeOn = [this](auto... signal) { (QObject::connect(&map, signal, &map, [this] { Strike(); }), ...); };
+    using T = TTessera;
+    strikeOn(&T::OnAddLayer, &T::OnBeforeDelLayer, &T::OnAfterDelLayer, &T::OnAddObject, &T::OnBeforeRemoveObject,
+             &T::OnAfterRemoveObject, &T::OnDeleteObject, &T::OnAddSelection, &T::OnDelSelection, &T::OnUpdate,
+             &T::OnZoom, &T::OnPaint, &T::OnShowProgress, &T::OnStopProgress);
   }
   void Strike() {
     if (depth >= 3 || Any(4) != 0) return;

@@ -44,11 +44,8 @@ TEST(PropertiesTest, SetWhatNewObjectsStartWith) {
     EXPECT_EQ(options->property(name), value) << name;
   }
   EXPECT_EQ(options->GetDefaultSymbolFont(), TFont(QStringLiteral("Sans"), 9, clNavy)) << "a font keeps its colour";
-  EXPECT_EQ(options->GetDefaultPen().GetStyle(), TPenStyle::psDash);
-  EXPECT_EQ(options->GetDefaultPen().GetWidth(), 3);
   auto *line = map.GetLayers()->Add(QString(), QStringLiteral("layer"))->NewObject<TPolyline>();
   EXPECT_EQ(line->GetPen(), options->GetDefaultPen());
-  EXPECT_EQ(line->GetBrush(), options->GetDefaultBrush());
 }
 
 }  // namespace

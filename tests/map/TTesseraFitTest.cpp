@@ -125,14 +125,5 @@ TEST_F(TTesseraFitTest, ShowsAllLayersOrOne) {
   EXPECT_EQ(map.GetViewport(), before) << "nothing to look at";
 }
 
-TEST_F(TTesseraFitTest, LooksAtASinglePoint) {
-  AddDiagonal(AddLayer(), {30, 50, 30, 50});
-  map.ShowAll();
-  const TBounds view = map.GetViewBounds();
-  EXPECT_DOUBLE_EQ((view.MinX + view.MaxX) / 2, 30);
-  EXPECT_DOUBLE_EQ((view.MinY + view.MaxY) / 2, 50);
-  EXPECT_DOUBLE_EQ(view.MaxX - view.MinX, 1);
-}
-
 }  // namespace
 }  // namespace tessera::test

