@@ -113,6 +113,7 @@ class TFakeMapHost : public TMapHost {
                                      "mdlObjectFieldsChanged",    "mdlMoveObject"};
     Note(Names[event], sender);
   }
+  [[nodiscard]] bool IsFollowed() const override { return true; }
   void FireAddLayer(TMapLayer &layer) override { Note("AddLayer", &layer); }
   void FireBeforeDelLayer(TMapLayer &layer, bool confirmDelete, bool &allowDelete) override {
     Note(confirmDelete ? "BeforeDelLayer(confirm)" : "BeforeDelLayer", &layer);

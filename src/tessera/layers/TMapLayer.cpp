@@ -66,15 +66,21 @@ TCustomMapObject *TMapLayer::AddObject(std::unique_ptr<TCustomMapObject> object,
   m_isAdopting = false;
   if (map == nullptr) return added;
   map->SetModified(true);
-  const THandle<TMapLayer> self(this);
-  const THandle<TCustomMapObject> handle(added);
-  AllSteps steps;
-  if (paintNow) steps.Try([&] { map->FireAddObject(*added); });
-  if (self) steps.Try([&] { TraceToMap(mdlAddObject); });
-  steps.Rethrow();
-  map = handle ? added->GetMapHost() : nullptr;
+  // Nearly all objects are added by a reader, with nobody to tell.
+  if ((paintNow || map->IsFollowed()) && !TellOfNew(*added, paintNow)) return nullptr;
+  map = added->GetMapHost();
   if (map && !map->GetInUpdate() && map->IsReadyToPaint()) added->Paint();
-  return handle.Get();
+  return added;
+}
+
+bool TMapLayer::TellOfNew(TCustomMapObject &object, bool paintNow) {
+  const THandle<TMapLayer> self(this);
+  const THandle<TCustomMapObject> handle(&object);
+  AllSteps steps;
+  if (paintNow) steps.Try([&] { GetMapHost()->FireAddObject(object); });
+  if (self) steps.Try([this] { TraceToMap(mdlAddObject); });
+  steps.Rethrow();
+  return bool(handle);
 }
 
 std::unique_ptr<TCustomMapObject> TMapLayer::RemoveObject(TCustomMapObject *object) {

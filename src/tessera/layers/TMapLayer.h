@@ -197,6 +197,8 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   std::vector<THandle<TCustomMapObject>> AskToRemove(std::span<TCustomMapObject *const> objects);
   void TellOfRemoval(std::size_t count);
   void TellOfPut(TCustomMapObject *object);
+  /// Tells of an object that was appended. False when a handler has destroyed it.
+  [[nodiscard]] bool TellOfNew(TCustomMapObject &object, bool paintNow);
   void UpdateMap();
   void TraceToMap(TMapDataLinkEvent event);
   template <typename Value>

@@ -213,6 +213,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   bool IsBeingDestroyed() const override;
   detail::ScreenOutliner &GetOutliner() override;
   void TraceMapEvent(TMapDataLinkEvent event, TObject *sender) override;
+  bool IsFollowed() const override;
   void FireAddLayer(TMapLayer &layer) override;
   void FireBeforeDelLayer(TMapLayer &layer, bool confirmDelete, bool &allowDelete) override;
   void FireAfterDelLayer() override;

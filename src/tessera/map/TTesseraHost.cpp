@@ -22,6 +22,10 @@ void TTessera::TraceMapEvent(TMapDataLinkEvent event, TObject *sender) {
   d->dataLinks->TraceMapEvent(event, sender);
 }
 
+bool TTessera::IsFollowed() const {
+  return d->dataLinks->GetCount() > 0;
+}
+
 void TTessera::FireAddLayer(TMapLayer &layer) {
   Q_EMIT OnAddLayer(this, &layer);
 }

@@ -97,6 +97,8 @@ class TMapProgress {
 class TMapEvents {
  public:
   virtual void TraceMapEvent(TMapDataLinkEvent event, TObject *sender) = 0;
+  /// Whether TraceMapEvent tells anybody.
+  [[nodiscard]] virtual bool IsFollowed() const = 0;
   virtual void FireAddLayer(TMapLayer &layer) = 0;
   virtual void FireBeforeDelLayer(TMapLayer &layer, bool confirmDelete, bool &allowDelete) = 0;
   virtual void FireAfterDelLayer() = 0;
