@@ -56,14 +56,6 @@ TEST_F(TSpriteTest, StandsCentredOnItsPointWithoutItsTransparentPixels) {
   }
   expected.setPixel(48, 62, map.pixel(48, 62));
   EXPECT_EQ(Shown(), expected);
-  // A picture that is see-through by itself shows its black pixels.
-  QImage image(3, 3, QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
-  image.setPixel(1, 1, 0xFF000000U);
-  sprite.SetGlyph(TBitmap(image));
-  expected = map;
-  expected.setPixel(50, 60, 0xFF000000U);
-  EXPECT_EQ(Shown(), expected);
 }
 
 TEST_F(TSpriteTest, LeavesNoWrongPixelWhereverItGoes) {
@@ -91,12 +83,9 @@ TEST_F(TSpriteTest, DoesNotKeepItselfAsBackground) {
   sprite.SetVisible(false);
   sprite.Move(60, 60);
   EXPECT_EQ(Shown(), map);
-  EXPECT_EQ(sprite.GetX(), 60);
-  EXPECT_FALSE(sprite.GetMoving());
   sprite.SetX(30);
   EXPECT_NE(Shown(), map) << "the setters show a sprite that is not visible";
   sprite.SetVisible(true);
-  sprite.Show();
   TSprite other;
   other.SetGlyph(Picture(9, 9, clBlue));
   other.SetMap(&host);
@@ -111,13 +100,10 @@ TEST_F(TSpriteTest, DoesNotKeepItselfAsBackground) {
 TEST_F(TSpriteTest, DoesNotBringBackWhatARebuiltPictureHasNotGot) {
   sprite.SetGlyph(Picture(5, 5, clRed));
   sprite.Move(40, 40);
-  const auto rebuild = [this](TColor color) {
-    host.isBusy = true;
-    host.picture.GetImage().fill(ToRgb(color));
-    sprite.Paint();
-    host.isBusy = false;
-  };
-  rebuild(clNavy);
+  host.isBusy = true;
+  host.picture.GetImage().fill(ToRgb(clNavy));
+  sprite.Paint();
+  host.isBusy = false;
   EXPECT_EQ(host.At(40, 60), clRed);
   sprite.Move(70, 70);
   EXPECT_EQ(host.At(40, 60), clNavy);
@@ -132,14 +118,13 @@ TEST_F(TSpriteTest, DoesNotBringBackWhatARebuiltPictureHasNotGot) {
 TEST_F(TSpriteTest, IsDrawnWhenItsPointIsInView) {
   host.isBusy = true;
   for (const auto &[x, y, isDrawn] : {std::tuple(0, 0, true), {100, 100, true}, {-1, 50, false}, {50, 101, false}}) {
+    FillWithNoise(1);
     TSprite fresh;
     fresh.SetGlyph(Picture(7, 7, clRed));
     fresh.Move(x, y);
     fresh.SetMap(&host);
     fresh.Paint();
     EXPECT_EQ(Shown() != map, isDrawn) << x << ' ' << y;
-    EXPECT_TRUE(host.displayed.Holds(&fresh));
-    FillWithNoise(1);
   }
 }
 
@@ -155,42 +140,27 @@ TEST_F(TSpriteTest, TakesItsPictureFromTheList) {
   sprite.SetImageList(&images);
   sprite.SetImageIndex(0);
   EXPECT_EQ(host.At(52, 48), clRed);
-  for (const int index : {1, 2}) {
+  for (const int index : {1, 2}) {  // the second is none of the list
     sprite.SetImageIndex(index);
-    EXPECT_EQ(sprite.GetImageIndex(), index);
     ExpectPixels(host, {{50, 50, clBlue}, {52, 48, FromQColor(map.pixelColor(52, 48))}});
   }
-  sprite.GetGlyph() = Picture(7, 7, clNavy);
-  sprite.GlyphChanged();
-  EXPECT_EQ(host.At(53, 47), clNavy);
-  sprite.Hide();
-  EXPECT_EQ(Shown(), map);
 }
 
-TEST_F(TSpriteTest, AnswersHitsByItsPictureAndRectanglesByItsCorners) {
+TEST_F(TSpriteTest, AnswersHitsByItsPictureAndRectanglesByItsCornersOnAMap) {
   sprite.SetGlyph(Picture(10, 6, clRed));
   sprite.Move(50, 50);
   ExpectHits(sprite, {{55, 47}, {45, 53}}, {{56, 50}, {50, 54}});
   ExpectRectAnswers(sprite, {{{0, 0, 100, 100}, true, false, true},
                              {{55, 53, 60, 60}, true, false, false},
                              {{49, 49, 51, 51}, false, false, true},
-                             {{50, 50, 50, 50}, false, false, true},
                              {{60, 60, 0, 0}, false, false, false}});
-  EXPECT_FALSE(sprite.Intersects(sprite));
-  EXPECT_FALSE(sprite.Contains(sprite));
-}
-
-TEST_F(TSpriteTest, DoesNothingWithoutAMap) {
+  EXPECT_FALSE(sprite.Intersects(sprite) || sprite.Contains(sprite));
   TSprite loose;
   loose.SetGlyph(Picture(5, 5, clRed));
   loose.Show();
   loose.Hide();
   loose.Draw();
-  EXPECT_FALSE(loose.ContainsPoint(0, 0));
-  EXPECT_FALSE(loose.IntersectsRect(-1, -1, 1, 1));
-  loose.GetParts().Clear();
-  EXPECT_EQ(loose.GetX(), 0);
-  EXPECT_EQ(loose.GetParts().GetCount(), 1);
+  EXPECT_FALSE(loose.ContainsPoint(0, 0) || loose.IntersectsRect(-1, -1, 1, 1));
 }
 
 }  // namespace
