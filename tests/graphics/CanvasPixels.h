@@ -3,9 +3,7 @@
 
 #include <tessera/graphics/TCanvas.h>
 
-#include <functional>
 #include <random>
-#include <string>
 
 namespace tessera::test {
 
@@ -43,48 +41,6 @@ inline void FillWithNoise(TBitmap &bitmap) {
   for (int y = 0; y < image.height(); ++y) {
     for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, QRgb(random()) | 0xFF000000U);
   }
-}
-
-/// A drawing by name, for tests that hold for each of them.
-struct Operation {
-  std::string name;
-  std::function<void(TCanvas &)> draw;
-};
-
-inline void PrintTo(const Operation &operation, std::ostream *stream) {
-  *stream << operation.name;
-}
-
-/// Every drawing that follows the pen's mode, with figures that overlap themselves and reach over the border.
-inline std::vector<Operation> ModalOperations() {
-  using Points = std::vector<TPoint>;
-  const Points crossing{{5, 5}, {35, 25}, {35, 5}, {5, 25}, {5, 5}, {35, 25}, {60, 10}};
-  return {
-      {"Rectangle", [](TCanvas &canvas) { canvas.Rectangle(30, 25, 6, 4); }},
-      {"Ellipse", [](TCanvas &canvas) { canvas.Ellipse(4, 3, 33, 24); }},
-      {"FlatEllipse", [](TCanvas &canvas) { canvas.Ellipse(-20, 10, 34, 13); }},
-      {"Polygon", [crossing](TCanvas &canvas) { canvas.Polygon(crossing); }},
-      {"Polyline", [crossing](TCanvas &canvas) { canvas.Polyline(crossing); }},
-      {"LineTo",
-       [crossing](TCanvas &canvas) {
-         canvas.MoveTo(2, 2);
-         for (const TPoint &point : crossing) canvas.LineTo(point.x(), point.y());
-       }},
-      {"PaintRgn",
-       [crossing](TCanvas &canvas) {
-         TRgn region;
-         canvas.CreatePolygonRgn(crossing, TFillMode::Winding, region);
-         canvas.PaintRgn(region);
-       }},
-      {"TextOutOfOneCharacter", [](TCanvas &canvas) { canvas.TextOut(10, 5, QStringLiteral("@")); }},
-      {"TextOut", [](TCanvas &canvas) { canvas.TextOut(3, 5, QStringLiteral("Wqgj@@")); }},
-      {"TurnedTextOut",
-       [](TCanvas &canvas) {
-         canvas.SetFontEscapement(300);
-         canvas.TextOut(3, 22, QStringLiteral("Wqgj@"));
-         canvas.SetFontEscapement(0);
-       }},
-  };
 }
 
 }  // namespace tessera::test

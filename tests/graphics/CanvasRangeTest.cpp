@@ -44,29 +44,18 @@ void DrawAll(TCanvas &canvas, int x1, int y1, int x2, int y2) {
 }
 
 TEST(CanvasRangeTest, DrawsAnyCoordinatesWithinTheBitmap) {
-  struct RangeCase {
-    TPenStyle style;
-    int width;
-    TPenMode mode = TPenMode::pmCopy;
-    qreal ratio = 1;
-  };
   using enum TPenStyle;
-  const RangeCase cases[] = {{psSolid, 1},
-                             {psSolid, 3},
-                             {psSolid, 9},
-                             {psSolid, Highest},
-                             {psDot, 1},
-                             {psDashDot, 6},
-                             {psDot, 2, TPenMode::pmXor},
-                             {psSolid, 1, TPenMode::pmCopy, 2},
-                             {psDot, 1, TPenMode::pmNotXor, 2}};
-  for (const RangeCase &test : cases) {
-    SCOPED_TRACE(testing::Message() << "style " << int(test.style) << " width " << test.width << " at " << test.ratio);
-    Board board(40, 30, test.ratio);
+  using enum TPenMode;
+  const std::tuple<TPenStyle, int, TPenMode, int> cases[] = {
+      {psSolid, 1, pmCopy, 1}, {psSolid, 9, pmCopy, 1}, {psSolid, Highest, pmCopy, 1}, {psDashDot, 6, pmCopy, 1},
+      {psDot, 2, pmXor, 1},    {psSolid, 1, pmCopy, 2}, {psDot, 1, pmNotXor, 2}};
+  for (const auto &[style, width, mode, ratio] : cases) {
+    SCOPED_TRACE(testing::Message() << "style " << int(style) << " width " << width << " at " << ratio);
+    Board board(40, 30, ratio);
     board.canvas.Brush().SetStyle(TBrushStyle::bsCross);
-    board.canvas.Pen().SetStyle(test.style);
-    board.canvas.Pen().SetWidth(test.width);
-    board.canvas.Pen().SetMode(test.mode);
+    board.canvas.Pen().SetStyle(style);
+    board.canvas.Pen().SetWidth(width);
+    board.canvas.Pen().SetMode(mode);
     for (const int x1 : Extremes) {
       for (const int y1 : Extremes) {
         for (const int end : Extremes) DrawAll(board.canvas, x1, y1, end, 20);
@@ -74,7 +63,7 @@ TEST(CanvasRangeTest, DrawsAnyCoordinatesWithinTheBitmap) {
       }
     }
     EXPECT_EQ(board.canvas.GetClipRect(), QRect(0, 0, 40, 30));
-    EXPECT_LT(board.Count(clWhite), board.bitmap.GetImage().width() * board.bitmap.GetImage().height());
+    EXPECT_LT(board.Count(clWhite), 40 * 30 * ratio * ratio);
   }
 }
 

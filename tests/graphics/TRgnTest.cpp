@@ -63,9 +63,10 @@ TEST(TRgnTest, HoldsThePixelsOfQRegionForRandomPolygons) {
     int extent;  ///< Coordinates lie in -extent … extent.
     int count;
   };
-  const PolygonKind kinds[] = {{"of one or two pixels", 5, 1, 3000}, {"with many level sides", 8, 3, 3000},
-                               {"of map size", 10, 20, 3000},        {"large", 12, 3000, 40},
-                               {"with many crossings", 300, 60, 40}, {"with more sides than columns", 2000, 15, 20}};
+  const PolygonKind kinds[] = {{"of one or two pixels", 5, 1, 3000},
+                               {"of map size", 10, 20, 3000},
+                               {"large", 12, 3000, 40},
+                               {"with more sides than columns", 2000, 15, 20}};
   for (const PolygonKind &kind : kinds) {
     std::mt19937 random(20240607);
     std::uniform_int_distribution<int> coordinate(-kind.extent, kind.extent);
@@ -87,20 +88,15 @@ TEST(TRgnTest, HoldsThePixelsOfQRegionForRandomPolygons) {
 TEST(TRgnTest, TellsWhatTheRegionIs) {
   using enum TRgnComplexity;
   const std::pair<Points, TRgnComplexity> cases[] = {
-      {{}, NullRegion},
-      {{{0, 0}, {9, 9}}, NullRegion},
       {{{0, 3}, {9, 3}, {4, 3}}, NullRegion},
-      {{{-9, 0}, {-1, 0}, {-1, 9}}, NullRegion},  // outside the clip
-      {{{2, 2}, {2, 8}, {7, 8}, {7, 2}}, SimpleRegion},
+      {{{-9, 0}, {-1, 0}, {-1, 9}}, NullRegion},                   // outside the clip
       {{{0, 0}, {9, 0}, {0, 1}}, SimpleRegion},                    // one row
       {{{-999, -999}, {3000, -999}, {-999, 3000}}, SimpleRegion},  // cut to a rectangle
       {{{0, 0}, {9, 0}, {0, 9}}, ComplexRegion},
-      {{{0, 0}, {5, 0}, {5, 2}, {0, 2}, {0, 4}, {5, 4}, {5, 6}, {0, 6}}, ComplexRegion},  // two, with a gap
-  };
+      {{{0, 0}, {5, 0}, {5, 2}, {0, 2}, {0, 4}, {5, 4}, {5, 6}, {0, 6}}, ComplexRegion}};  // two, with a gap
   for (const auto &[points, complexity] : cases) {
     const TRgn region = RegionOf(points, TFillMode::Winding, QRect(0, 0, 100, 100));
-    EXPECT_EQ(region.GetComplexity(), complexity)
-        << points.size() << " points, runs " << testing::PrintToString(RunsOf(region));
+    EXPECT_EQ(region.GetComplexity(), complexity) << testing::PrintToString(RunsOf(region));
   }
 }
 
