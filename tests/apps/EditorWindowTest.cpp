@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ProgramRun.h"
+#include "MapFiles.h"
 
+#include <apps/common/FileFilters.h>
 #include <apps/common/ProgramSetup.h>
 #include <apps/editor/MessageBar.h>
-#include <apps/editor/ProgressPanel.h>
 #include <apps/editor/StatusPanel.h>
 #include <apps/editor/TEditorWindow.h>
 #include <tessera/objects/TCircle.h>
@@ -13,6 +13,7 @@
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 #include <gtest/gtest.h>
 
 namespace tessera::apps {
@@ -31,9 +32,6 @@ class EditorWindowTest : public testing::Test {
     window.OpenFiles(files);
     QApplication::processEvents();
   }
-  [[nodiscard]] std::string LayerName(int index) const {
-    return map.GetLayers()->GetLayer(index)->GetName().toStdString();
-  }
   [[nodiscard]] static QByteArray BytesOf(const QString &path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -49,49 +47,38 @@ class EditorWindowTest : public testing::Test {
   MessageBar &messages = window.GetMessageBar();
 };
 
-TEST_F(EditorWindowTest, OpensFilesBottomFirstAndShowsThemWhole) {
-  Open({squares, cover});
+TEST_F(EditorWindowTest, OpensFilesBottomFirstAndShowsThemWholeIfTheyAreTheFirst) {
+  Open({cover, squares});
   ASSERT_EQ(map.GetLayers()->GetCount(), 2);
-  EXPECT_EQ(LayerName(0), "squares");
-  EXPECT_EQ(LayerName(1), "cover");
-  EXPECT_TRUE(map.GetViewBounds().ContainsBounds({0, 0, 20, 10}));
+  EXPECT_EQ(map.GetLayers()->First()->GetName(), u"cover");
   EXPECT_EQ(map.GetDisplayed()->GetCount(), 4);
-  EXPECT_EQ(messages.GetCount(), 0);
-  EXPECT_TRUE(window.GetStatusPanel().GetSummary().startsWith(u"cover.mif: 1 object"));
-}
-
-TEST_F(EditorWindowTest, KeepsTheViewWhenFilesComeOnTop) {
-  Open({cover});
-  EXPECT_EQ(window.GetStatusPanel().GetZoom(), u"Zoom 1");
+  EXPECT_TRUE(window.GetStatusPanel().GetSummary().startsWith(u"squares.mif: 3 object"));
   map.SetCenterX(3);
   map.SetZoom(5);
   Open({squares});
   EXPECT_EQ(map.GetCenterX(), 3);
-  EXPECT_EQ(map.GetZoom(), 5);
   EXPECT_EQ(window.GetStatusPanel().GetZoom(), u"Zoom 5");
   window.FitAll();
   EXPECT_EQ(map.GetCenterX(), 10);
-  EXPECT_EQ(map.GetZoom(), 1);
+  EXPECT_EQ(messages.GetCount(), 0);
 }
 
 TEST_F(EditorWindowTest, OpensDroppedFilesAndLeavesOtherDropsToOthers) {
-  const QPoint at(20, 40);
   QMimeData data;
-  const auto isAccepted = [&] {
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  const auto drop = [&] {
+    QDropEvent event({20, 40}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter({20, 40}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     enter.ignore();
     QApplication::sendEvent(&window, &enter);
-    return enter.isAccepted();
+    if (enter.isAccepted()) QApplication::sendEvent(&window, &event);
+    QApplication::processEvents();
+    return enter.isAccepted() && window.acceptDrops();
   };
   data.setText(QStringLiteral("no file"));
-  EXPECT_FALSE(isAccepted());
+  EXPECT_FALSE(drop());
   data.setUrls({QUrl::fromLocalFile(squares), QUrl(QStringLiteral("mailto:nobody"))});
-  EXPECT_TRUE(isAccepted() && window.acceptDrops());
-  QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(&window, &drop);
-  QApplication::processEvents();
-  ASSERT_EQ(map.GetLayers()->GetCount(), 1);
-  EXPECT_EQ(LayerName(0), "squares");
+  EXPECT_TRUE(drop());
+  EXPECT_EQ(map.GetLayers()->GetCount(), 1);
 }
 
 TEST_F(EditorWindowTest, TellsInTheMessageBarWhatCannotBeRead) {
@@ -113,40 +100,21 @@ TEST_F(EditorWindowTest, ShowsMessagesThatComeUpWhilePainting) {
   EXPECT_EQ(messages.GetText(), u"painted");
 }
 
-TEST_F(EditorWindowTest, ShowsProgressWhileLoadingOnly) {
-  const auto *panel = window.findChild<ProgressPanel *>();
-  int shownWhileLoading = 0;
-  int shownWhilePainting = 0;
-  QObject::connect(&map, &TTessera::OnShowProgress, &window, [&](const TTessera *sender) {
-    (sender->GetIsBusy() ? shownWhilePainting : shownWhileLoading) += panel->isVisible() ? 1 : 0;
-  });
-  EXPECT_FALSE(panel->isVisible());
-  window.OpenFiles({squares});
-  EXPECT_GT(shownWhileLoading, 0);
-  EXPECT_FALSE(panel->isVisible());
-  map.PaintMapToBitmap();
-  EXPECT_EQ(shownWhilePainting, 0);
-}
-
-TEST_F(EditorWindowTest, ShowsThePointUnderTheCursor) {
+TEST_F(EditorWindowTest, ShowsThePointUnderTheCursorWhenTheMapMovesToo) {
   Open({squares});
-  const auto shown = [this](int axis) { return window.GetStatusPanel().GetCoordinates().section(u',', axis, axis); };
-  constexpr double SomePixels = 0.1;  // in map units
-  const QPoint middle(map.width() / 2, map.height() / 2);
-  QTest::mouseMove(&map, middle + QPoint(5, 5));
-  QTest::mouseMove(&map, middle);
-  EXPECT_NEAR(shown(1).toDouble(), 5, SomePixels);
+  QTest::mouseMove(&map, QPoint(5, 5));
+  QTest::mouseMove(&map, QPoint(map.width() / 2, map.height() / 2));
   map.SetCenterX(map.GetCenterX() + 30);
   QApplication::processEvents();
-  EXPECT_NEAR(shown(0).toDouble(), 40, SomePixels) << "the map has moved under the cursor";
-  EXPECT_TRUE(shown(0).contains(u'.'));
+  const QStringList shown = window.GetStatusPanel().GetCoordinates().split(u',');
+  constexpr double SomePixels = 0.1;  // in map units
+  EXPECT_NEAR(shown.value(0).toDouble(), 40, SomePixels);
+  EXPECT_NEAR(shown.value(1).toDouble(), 5, SomePixels);
 }
 
 TEST_F(EditorWindowTest, SavesALayerThatReadsBack) {
   Open({squares});
   EXPECT_FALSE(window.SaveLayer(*map.GetLayers()->First(), PathOf("copy.none")));
-  QApplication::processEvents();
-  EXPECT_TRUE(messages.GetText().contains(u"copy.none: no format is known"));
   EXPECT_TRUE(window.SaveLayer(*map.GetLayers()->First(), PathOf("copy.mif")));
   Open({PathOf("copy.mif")});
   ASSERT_EQ(map.GetLayers()->GetCount(), 2);
@@ -154,10 +122,8 @@ TEST_F(EditorWindowTest, SavesALayerThatReadsBack) {
 }
 
 TEST_F(EditorWindowTest, AsksBeforeALayerReplacesItsSourceThatItDoesNotHoldWhole) {
-  for (const char *ending : {"mif", "mid"}) {
-    ASSERT_TRUE(QFile::copy(MapFileNamed(("defect." + std::string(ending)).c_str()),
-                            PathOf("own") + u'.' + QLatin1String(ending)));
-  }
+  ASSERT_TRUE(QFile::copy(MapFileNamed("defect.mif"), PathOf("own.mif")));
+  ASSERT_TRUE(QFile::copy(MapFileNamed("defect.mid"), PathOf("own.mid")));
   const QString own = PathOf("own.mif");
   const QByteArray before = BytesOf(own);
   Open({own});
@@ -191,8 +157,6 @@ TEST_F(EditorWindowTest, TellsWhatASavedFileDoesNotHold) {
   EXPECT_TRUE(window.SaveLayer(layer, PathOf("round.mif")));
   QApplication::processEvents();
   EXPECT_TRUE(messages.GetText().contains(u"without their shape: 1"));
-  window.SetLossQuestion([](const QString &, const QStringList &losses) { return losses.isEmpty(); });
-  EXPECT_FALSE(window.SaveLayer(layer, PathOf("round.mif"))) << "now the layer would replace what it was saved to";
 }
 
 TEST_F(EditorWindowTest, ExportsThePictureAsShown) {
@@ -205,8 +169,40 @@ TEST_F(EditorWindowTest, ExportsThePictureAsShown) {
   map.MapToScreen(1, 9, x, y, false);
   EXPECT_EQ(picture.pixel(x, y), qRgb(255, 0, 0));
   EXPECT_FALSE(window.ExportPicture(PathOf("none/map.png")));
+}
+
+TEST(MessageBarTest, ShowsQueuedMessagesOneByOneAndEachOnceOnly) {
+  QWidget window;
+  MessageBar bar(&window);
+  for (int i = 0; i < 1000; ++i) {
+    bar.Post(QStringLiteral("again"));
+    bar.Post(QString::number(i));
+  }
+  EXPECT_TRUE(bar.isHidden()) << "before the present event is done";
   QApplication::processEvents();
-  EXPECT_TRUE(messages.GetText().contains(u"none/map.png"));
+  EXPECT_EQ(bar.GetCount(), 100) << "no more than can be read";
+  EXPECT_EQ(bar.GetText(), u"again");
+  bar.findChild<QToolButton *>()->click();
+  EXPECT_EQ(bar.GetText(), u"0");
+  while (bar.GetCount() > 0) bar.Dismiss();
+  EXPECT_TRUE(bar.isHidden());
+}
+
+TEST(FileFiltersTest, TurnsProviderFiltersIntoThoseOfQt) {
+  const std::pair<const char *, const char16_t *> rows[] = {
+      {"Maps|*.a", u"Maps (*.a)"},
+      {"Maps (*.a)|*.a|Plans (*.b)|*.b;*.c", u"Maps (*.a);;Plans (*.b *.c)"},
+      {"Maps (of old) (*.a)|*.a", u"Maps (of old) (*.a)"},
+      {"Maps (*.a)|", u""}};
+  for (const auto &[filter, names] : rows) {
+    EXPECT_EQ(ToNameFilters(QString::fromLatin1(filter)).join(QStringLiteral(";;")), names) << filter;
+  }
+}
+
+TEST(FileFiltersTest, JoinsAllMasksInOneFilterAndTakesTheEndingOfTheFirst) {
+  const QStringList filters{QStringLiteral("Maps (of old) (*.a *.b)"), QStringLiteral("Plans (*.b *.c)")};
+  EXPECT_EQ(ToCommonNameFilter(filters), u"All map files (*.a *.b *.c)");
+  EXPECT_EQ(DefaultEnding(filters.first()), u"a");
 }
 
 }  // namespace

@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include "MapFiles.h"
+
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+namespace tessera::test {
+namespace {
+
+/// What a run of the program `tessera` came to.
+struct TProgramRun {
+  int status = -1;  ///< -1 when it did not end by itself.
+  std::string out;
+  std::string err;
+
+  [[nodiscard]] bool Complains(std::string_view words) const { return err.find(words) != std::string::npos; }
+  [[nodiscard]] auto CountOfErrorLines() const { return std::count(err.begin(), err.end(), '\n'); }
+};
+
+TProgramRun RunTessera(const QStringList &arguments, const char *locale = "C.UTF-8") {
+  constexpr int PatienceMs = 60000;
+  QProcess process;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("LC_ALL"), QString::fromLatin1(locale));
+  process.setProcessEnvironment(environment);
+  process.start(QStringLiteral(TESSERA_PROGRAM), arguments);
+  const bool isDone = process.waitForFinished(PatienceMs) && process.exitStatus() == QProcess::NormalExit;
+  return {isDone ? process.exitCode() : -1, process.readAllStandardOutput().toStdString(),
+          process.readAllStandardError().toStdString()};
+}
+
+QStringList Words(const char *text) {
+  return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
+}
+
+constexpr QRgb Red = 0xffff0000;
+constexpr QRgb Green = 0xff00ff00;
+constexpr QRgb Blue = 0xff0000ff;
+constexpr QRgb White = 0xffffffff;
+
+/// Draws the squares, 20 x 10 map units: with 216 x 116 pixels one map unit takes 10 pixels, and 8 pixels are left on
+/// every side.
+class RenderCommandTest : public testing::Test {
+ protected:
+  TProgramRun Render(const char *files, const char *options = "", const char *size = "--size 216x116") {
+    QStringList arguments = Words("render") + Words(size) + QStringList{QStringLiteral("--out"), picture};
+    for (const QString &file : Words(files)) arguments.append(MapFileNamed(file.toLatin1().constData()));
+    const TProgramRun run = RunTessera(arguments + Words(options));
+    image = QImage(picture).convertToFormat(QImage::Format_ARGB32);
+    return run;
+  }
+
+  /// The colour at a map point, for a picture of the given middle and pixels for each map unit.
+  [[nodiscard]] QRgb At(double x, double y, double scale = 10, QPointF center = {10, 5}) const {
+    return image.pixel(int(image.width() / 2.0 + (x - center.x()) * scale),
+                       int(image.height() / 2.0 - (y - center.y()) * scale));
+  }
+
+  const QTemporaryDir folder;
+  const QString picture = folder.filePath(QStringLiteral("map.png"));
+  QImage image;
+};
+
+TEST_F(RenderCommandTest, ShowsAllOfTheDataFirstFileAtTheBottom) {
+  const TProgramRun run = Render("cover.mif squares.mif");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out + run.err, "");
+  ASSERT_EQ(image.size(), QSize(216, 116));
+  EXPECT_EQ(At(1, 9), Red);
+  EXPECT_EQ(At(19, 1), Blue);
+  EXPECT_EQ(At(15, 5), White) << "the hole";
+  EXPECT_EQ(At(-0.5, 5), White) << "the margin";
+  Render("squares.mif cover.mif");
+  EXPECT_EQ(At(1, 9), Green);
+}
+
+TEST_F(RenderCommandTest, LooksAtAPlaceWithAZoom) {
+  const TProgramRun run = Render("squares.mif", "--center -1,10.5 --zoom 4");
+  EXPECT_EQ(run.status, 0) << run.err;
+  const QPointF middle(-1, 10.5);
+  EXPECT_EQ(At(0.2, 9.8, 40, middle), Red);
+  EXPECT_EQ(At(-0.2, 9.8, 40, middle), White);
+  EXPECT_EQ(At(0.2, 10.2, 40, middle), White);
+}
+
+TEST_F(RenderCommandTest, TellsWhatItTookInOneLineOfJson) {
+  const TProgramRun run = Render("squares.mif", "--timings=3");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out.find('\n'), run.out.size() - 1);
+  const QJsonObject line = QJsonDocument::fromJson(QByteArray::fromStdString(run.out)).object();
+  EXPECT_EQ(line[u"rebuildMs"].toArray().size(), 3) << run.out;
+  EXPECT_GT(line[u"loadMs"].toDouble(), 0);
+  EXPECT_EQ(line[u"verticesDrawn"].toInt(), 18);
+  EXPECT_GT(line[u"peakMemoryKiB"].toInt(), 1000);
+}
+
+TEST_F(RenderCommandTest, ComplainsInOneLineOfWhatItCannotDo) {
+  const std::tuple<const char *, const char *, int, const char *> rows[] = {
+      {"squares.mif missing.mif", "", 1, "missing.mif: there is no such file"},
+      {"squares.mif", "--out /nowhere/map.png", 1, "/nowhere/map.png"},
+      {"squares.mif", "--size 0x100", 2, ""},
+      {"squares.mif", "--center 1;2", 2, ""},
+      {"squares.mif", "--zoom 0", 2, ""},
+      {"squares.mif", "--fit --zoom 2", 2, ""},
+      {"squares.mif", "--timings=none", 2, ""},
+      {"squares.mif", "--out map.nothing", 2, ""},
+      {"defect.mif", "", 0, "defect.mif: error in line 18"}};
+  for (const auto &[files, options, status, words] : rows) {
+    const TProgramRun run = Render(files, options, "");
+    EXPECT_EQ(run.status, status) << options;
+    EXPECT_EQ(run.CountOfErrorLines(), 1) << run.err;
+    EXPECT_TRUE(run.Complains(words)) << run.err;
+    EXPECT_EQ(image.size(), status == 0 ? QSize(1024, 768) : QSize(0, 0)) << files << ' ' << options;
+  }
+}
+
+const QString Info = QStringLiteral("info");
+const QString AsJson = QStringLiteral("--json");
+
+QJsonArray LayersOf(const TProgramRun &run) {
+  return QJsonDocument::fromJson(QByteArray::fromStdString(run.out)).object()[u"layers"].toArray();
+}
+
+TEST(InfoCommandTest, TellsWhatALayerHoldsInEveryLocale) {
+  for (const char *locale : {"C", "de_DE.UTF-8"}) {
+    const TProgramRun run = RunTessera({Info, MapFileNamed("squares.mif")}, locale);
+    EXPECT_EQ(run.status, 0) << locale;
+    EXPECT_TRUE(run.out.starts_with("squares\n")) << run.out;
+    for (const char *row : {"\n  objects        3 (1 TPolyline, 2 TRegion)\n", "\n  parts          4\n",
+                            "\n  vertices       18\n", "\n  bounds         0 0 to 20 10\n", ", area Float\n"}) {
+      EXPECT_NE(run.out.find(row), std::string::npos) << row << " in\n" << run.out;
+    }
+  }
+}
+
+TEST(InfoCommandTest, TellsTheSameAsJson) {
+  const QString file = MapFileNamed("squares.mif");
+  const TProgramRun run = RunTessera({Info, file, AsJson});
+  EXPECT_EQ(run.status, 0);
+  ASSERT_EQ(LayersOf(run).size(), 1) << run.out;
+  QJsonObject layer = LayersOf(run)[0].toObject();
+  EXPECT_EQ(layer.take(u"file").toString(), file);
+  EXPECT_TRUE(layer.take(u"provider").toString().contains(u"MIF"));
+  const QByteArray expected = R"({
+    "name": "squares", "objectCount": 3, "objects": {"TPolyline": 1, "TRegion": 2}, "parts": 4, "vertices": 18,
+    "bounds": [0, 0, 20, 10], "error": null, "warnings": [],
+    "fields": [{"name": "name", "type": "Char", "size": 0}, {"name": "area", "type": "Float", "size": 0}],
+    "skippedLines": {"Charset": 1, "CoordSys": 1, "Data": 1, "Version": 1}})";
+  EXPECT_EQ(layer, QJsonDocument::fromJson(expected).object()) << run.out;
+}
+
+TEST(InfoCommandTest, ShowsWhatCanBeReadOfFilesWithADefectOrMissing) {
+  const TProgramRun run = RunTessera({Info, QStringLiteral("missing.mif"), MapFileNamed("defect.mif"), AsJson});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.CountOfErrorLines(), 2) << run.err;
+  EXPECT_TRUE(run.Complains("defect.mif: error in line 18: ")) << run.err;
+  ASSERT_EQ(LayersOf(run).size(), 1);
+  EXPECT_EQ(LayersOf(run)[0][u"error"][u"line"].toInt(), 18);
+}
+
+TEST(InfoCommandTest, ComplainsInOneLineOfWhatCannotBeRead) {
+  const std::pair<QString, std::string> rows[] = {{QStringLiteral("/nowhere/a.mif"), "there is no such file"},
+                                                  {QStringLiteral("/"), "this is not a file"},
+                                                  {QStringLiteral(TESSERA_PROGRAM), "no format is known"},
+                                                  {MapFileNamed("unreadable.mif"), "error in line 3"}};
+  for (const auto &[file, words] : rows) {
+    const TProgramRun run = RunTessera({Info, file});
+    EXPECT_EQ(run.status, 1) << words;
+    EXPECT_EQ(run.CountOfErrorLines(), 1) << run.err;
+    EXPECT_TRUE(run.err.starts_with("tessera: " + file.toStdString() + ": " + words)) << run.err;
+  }
+}
+
+TEST(InfoCommandTest, TellsHowItIsUsedAndRejectsWrongUsage) {
+  const TProgramRun help = RunTessera(Words("render --help"));
+  EXPECT_EQ(help.status, 0);
+  EXPECT_NE(help.out.find("Exit status"), std::string::npos) << help.out;
+  for (const char *arguments : {"", "show", "info", "info a.mif --colour"}) {
+    const TProgramRun run = RunTessera(Words(arguments));
+    EXPECT_EQ(run.status, 2) << arguments;
+    EXPECT_EQ(run.CountOfErrorLines(), 1) << run.err;
+  }
+}
+
+}  // namespace
+}  // namespace tessera::test
