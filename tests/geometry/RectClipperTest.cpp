@@ -38,10 +38,6 @@ Points BeyondACorner(TRandomShapes &random, const TBounds &rect) {
 Points OnTheSides(TRandomShapes &random, const TBounds &rect) {
   return random.OnGrid(Inflated(rect, 1), 12, random.Whole(1, 12));
 }
-Points WithThousandsOfVertices(TRandomShapes &random, const TBounds &rect) {
-  const TMapPoint centre = random.Tangle(rect, 1)[0];
-  return random.Ring(centre, (rect.MaxX - rect.MinX) * random.Real(0.3, 1.5), 5000);
-}
 Points OfOddNumbers(TRandomShapes &random, const TBounds &rect) {
   Points points = Anywhere(random, rect);
   const double odd[] = {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e308};
@@ -67,7 +63,6 @@ TEST(TRectClipperTest, GivesThePointsOfFourCuts) {
   const Row rows[] = {{"anywhere", Near, 3000, Anywhere},
                       {"beyond a corner", Near, 2000, BeyondACorner},
                       {"on the sides", Near, 5000, OnTheSides},
-                      {"with thousands of vertices", Near, 20, WithThousandsOfVertices},
                       {"of odd numbers", Near, 2000, OfOddNumbers},
                       {"far from the origin", Far, 3000, Anywhere},
                       {"on the sides far from the origin", Far, 3000, OnTheSides},

@@ -29,18 +29,15 @@ QFont PlainFont(int pixelSize) {
   return font;
 }
 
-QString CyrillicText() {
-  return QStringLiteral("\u0413\u0443\u0434\u0456\u2014\u2116 7");
-}
+const QString CyrillicText = QStringLiteral("\u0413\u0443\u0434\u0456\u2014\u2116 7");
 
 /// The smallest rectangle of device pixels that are not white.
 QRect InkRect(const Board &board) {
   QRect rect;
   const QImage &image = board.bitmap.GetImage();
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (board.At(x, y) != clWhite) rect |= QRect(x, y, 1, 1);
-    }
+  for (int i = 0; i < image.width() * image.height(); ++i) {
+    const QPoint at(i % image.width(), i / image.width());
+    if (board.At(at.x(), at.y()) != clWhite) rect |= QRect(at, QSize(1, 1));
   }
   return rect;
 }
@@ -54,9 +51,8 @@ TEST(TFontTest, CountsPointsAtNinetySixPixelsAnInch) {
 
 TEST(CanvasTextTest, MeasuresLikeTheFontAtEveryRatio) {
   const QFontMetrics metrics(PlainFont(16));
-  for (const QString &text :
-       {QStringLiteral("W"), QStringLiteral("Wide words"), QString(), QStringLiteral("AVffi To."), CyrillicText(),
-        QStringLiteral("e\u0301\u0301"), QStringLiteral("\u0633\u0644\u0627\u0645")}) {
+  for (const QString &text : {QString(), QStringLiteral("AVffi To."), CyrillicText, QStringLiteral("e\u0301\u0301"),
+                              QStringLiteral("\u0633\u0644\u0627\u0645")}) {
     TextBoard one;
     const QSize size(metrics.horizontalAdvance(text), metrics.height());
     for (int time = 0; time < 2; ++time) EXPECT_EQ(one.canvas.TextExtent(text), size);
@@ -65,8 +61,8 @@ TEST(CanvasTextTest, MeasuresLikeTheFontAtEveryRatio) {
 }
 
 TEST(CanvasTextTest, DrawsTheLettersWhereThePainterDrawsThem) {
-  for (const QString &text : {QStringLiteral("A"), QStringLiteral("j"), QStringLiteral("AVffi To. Wide"),
-                              CyrillicText(), QStringLiteral("fj"), QStringLiteral("e\u0301a")}) {
+  for (const QString &text : {QStringLiteral("A"), QStringLiteral("j"), QStringLiteral("AVffi To. Wide"), CyrillicText,
+                              QStringLiteral("fj"), QStringLiteral("e\u0301a")}) {
     // In the open, and across each border.
     for (const TPoint at : {TPoint(9, 5), TPoint(-4, -3), TPoint(115, 80), TPoint(109, 50), TPoint(-60, 40)}) {
       for (const int ratio : {1, 2}) {
@@ -115,7 +111,6 @@ TEST(CanvasTextTest, TurnsCounterClockwiseAboutTheUpperLeftCorner) {
   const QString text = QStringLiteral("HHH");
   const std::tuple<int, bool, bool> cases[] = {{900, false, true}, {1800, true, true}, {-900, true, false}};
   for (const auto &[escapement, isLeft, isAbove] : cases) {
-    SCOPED_TRACE(escapement);
     TextBoard board;
     board.FillWith(clRed);
     const QSize size = board.canvas.TextExtent(text);
@@ -123,7 +118,7 @@ TEST(CanvasTextTest, TurnsCounterClockwiseAboutTheUpperLeftCorner) {
     board.canvas.TextOut(60, 45, text);
     const QRect ink = InkRect(board);
     EXPECT_EQ(ink.size(), escapement % 1800 == 0 ? size : size.transposed());
-    EXPECT_EQ(ink.left() < 60, isLeft);
+    EXPECT_EQ(ink.left() < 60, isLeft) << escapement;
     EXPECT_EQ(ink.top() < 45, isAbove);
   }
 }
