@@ -11,18 +11,11 @@ namespace {
 
 using Values = std::vector<TDataValue>;
 
-QString Cyrillic(int length) {
-  QString text;
-  for (int i = 0; i < length; ++i) text += QChar(0x0410 + i % 64);
-  return text;
-}
-
 /// One value of every kind, and the texts around the lengths at which their packed form changes.
 Values AllKinds() {
   using Integers = std::numeric_limits<std::int32_t>;
   Values values{{},
                 QString(),
-                QStringLiteral("road"),
                 QString(QChar(0)),
                 QString(QChar(QChar::ByteOrderMark)) + QChar(u'x'),
                 QString::fromUcs4(U"\U0001F30D", 1),
@@ -30,14 +23,13 @@ Values AllKinds() {
                 Integers::min(),
                 Integers::max(),
                 -0.5,
-                std::numeric_limits<double>::infinity(),
                 5e-324,
+                std::numeric_limits<double>::infinity(),
                 true,
                 false,
-                TDateTime{45000.25},
                 TDateTime{-1.75}};
   for (const int length : {127, 128, 16383, 16384, 300000}) values.push_back(QString(length, QChar(u'a')));
-  for (const int length : {63, 64, 8191, 8192}) values.push_back(Cyrillic(length));
+  for (const int length : {63, 64, 8191, 8192}) values.push_back(QString(length, QChar(0x0416)));
   return values;
 }
 
