@@ -15,7 +15,6 @@ TEST(FormatMessageTest, PutsTheArgumentsIntoTheirPlacesInOrder) {
   EXPECT_EQ(FormatMessage(QStringLiteral("%s, %S; %d/%D"), {A, B, B, A}), u"a, b; b/a");
   EXPECT_EQ(FormatMessage(QStringLiteral("%s-%s"), {QStringLiteral("%s"), B}), u"%s-b") << "an argument has no places";
   EXPECT_EQ(FormatMessage(QStringLiteral("100%, %x, %s, %"), {}), u"100%, %x, %s, %");
-  EXPECT_EQ(FormatMessage(A, {B}), A) << "an argument without a place";
 }
 
 TEST(DebugTraceTest, ReachesTheSinkOnlyWhileThereIsOne) {
@@ -30,17 +29,15 @@ TEST(DebugTraceTest, ReachesTheSinkOnlyWhileThereIsOne) {
 }
 
 TEST(MessageSinkTest, FallsBackToTheDefaultWhenTheSinkIsTakenAway) {
-  QStringList own;
-  QStringList fallback;
-  const TMessageSink before = SetMessageSink([&own](const QString &text) { own.append(text); });
-  const TMessageSink defaultBefore = SetDefaultMessageSink([&fallback](const QString &text) { fallback.append(text); });
+  QStringList heard;
+  const TMessageSink before = SetMessageSink([&heard](const QString &text) { heard.append(u"own " + text); });
+  const TMessageSink defaultBefore = SetDefaultMessageSink([&heard](const QString &text) { heard.append(text); });
   ShowMessage(A);
   SetMessageSink({});
   ShowMessage(B);
   SetMessageSink(before);
   SetDefaultMessageSink(defaultBefore);
-  EXPECT_EQ(own, QStringList{A});
-  EXPECT_EQ(fallback, QStringList{B});
+  EXPECT_EQ(heard.join(u'|'), u"own a|b");
 }
 
 }  // namespace

@@ -21,40 +21,14 @@ namespace {
 
 using detail::StagedSet;
 
-/// Somebody without special rights, whoever runs the tests.
-class TOrdinaryUser {
- public:
-  TOrdinaryUser() {
-    constexpr uid_t Nobody = 65534;
-    EXPECT_EQ(seteuid(m_before == 0 ? Nobody : m_before), 0);
-  }
-  ~TOrdinaryUser() { EXPECT_EQ(seteuid(m_before), 0); }
-  TOrdinaryUser(const TOrdinaryUser &) = delete;
-  TOrdinaryUser &operator=(const TOrdinaryUser &) = delete;
-
- private:
-  uid_t m_before = geteuid();
-};
-
-/// Lets no file grow beyond a size, as a disk that is full.
-class TFullDisk {
- public:
-  explicit TFullDisk(rlim_t size) : m_handlerBefore(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_before);
-    const rlimit limit{size, m_before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~TFullDisk() {
-    setrlimit(RLIMIT_FSIZE, &m_before);
-    std::signal(SIGXFSZ, m_handlerBefore);
-  }
-  TFullDisk(const TFullDisk &) = delete;
-  TFullDisk &operator=(const TFullDisk &) = delete;
-
- private:
-  rlimit m_before{};
-  void (*m_handlerBefore)(int);
-};
+/// Works as somebody without special rights, whoever runs the tests.
+void AsOrdinaryUser(const std::function<void()> &work) {
+  constexpr uid_t Nobody = 65534;
+  const uid_t before = geteuid();
+  ASSERT_EQ(seteuid(before == 0 ? Nobody : before), 0);
+  work();
+  ASSERT_EQ(seteuid(before), 0);
+}
 
 class StagedSetTest : public testing::Test {
  protected:
@@ -127,14 +101,10 @@ class StagedSetTest : public testing::Test {
 
 TEST_F(StagedSetTest, ReplacesAllFilesOnCommitAndNoneWithout) {
   StartAnew();
-  auto set = Stage();
-  EXPECT_EQ(All(), Old);
-  set.reset();
+  static_cast<void>(Stage());
   EXPECT_EQ(All(), Old);
   EXPECT_EQ(FileCount(), 2);
-  set = Stage();
-  set->Commit();
-  set.reset();
+  Stage()->Commit();
   EXPECT_EQ(All(), New);
   EXPECT_EQ(FileCount(), 3);
 }
@@ -163,10 +133,7 @@ TEST_F(StagedSetTest, ReadsAKilledSaveWhereItMayNotCompleteIt) {
     const QString folder = QFileInfo(PathOf("a")).path();
     ASSERT_EQ(chmod(QFile::encodeName(folder).constData(), 0555), 0);
     QStringList readUnder;
-    {
-      const TOrdinaryUser user;
-      readUnder = StagedSet::Recover(Paths());
-    }
+    AsOrdinaryUser([&] { readUnder = StagedSet::Recover(Paths()); });
     std::string read;
     for (const QString &path : readUnder) read += (read.empty() ? "" : ", ") + ContentsOf(path);
     ASSERT_TRUE(read == Old || read == New) << read << " at " << calls;
@@ -181,8 +148,7 @@ TEST_F(StagedSetTest, LeavesTheFilesOfARunningSaveAlone) {
   StartAnew();
   auto running = Stage();
   const qsizetype count = FileCount();
-  auto other = Stage();
-  other.reset();
+  static_cast<void>(Stage());
   EXPECT_EQ(FileCount(), count);
   running->Commit();
   EXPECT_EQ(All(), New);
@@ -236,10 +202,8 @@ TEST_F(StagedSetTest, LeavesNothingBehindWhenTheFirstFileMayNotBeRenamed) {
   ASSERT_EQ(chmod(QFile::encodeName(QFileInfo(PathOf("a")).path()).constData(), 01777), 0);
   ASSERT_EQ(chmod(QFile::encodeName(PathOf("a")).constData(), 0666), 0);
   ASSERT_EQ(chmod(QFile::encodeName(PathOf("b")).constData(), 0666), 0);
-  {
-    const TOrdinaryUser user;
-    EXPECT_NE(ErrorOf([this] { Stage()->Commit(); }).find("Operation not permitted"), std::string::npos);
-  }
+  AsOrdinaryUser(
+      [this] { EXPECT_NE(ErrorOf([this] { Stage()->Commit(); }).find("Operation not permitted"), std::string::npos); });
   EXPECT_EQ(All(), Old);
   EXPECT_EQ(FileCount(), 2);
 }
@@ -248,8 +212,7 @@ TEST_F(StagedSetTest, KeepsOwnersModesAndLinks) {
   StartAnew();
   const QByteArray a = QFile::encodeName(PathOf("a"));
   ASSERT_EQ(chmod(a.constData(), 0604), 0);
-  const bool isRoot = geteuid() == 0;
-  const auto owner = isRoot ? std::pair(uid_t(12), gid_t(34)) : std::pair(geteuid(), getegid());
+  const auto owner = geteuid() == 0 ? std::pair(uid_t(12), gid_t(34)) : std::pair(geteuid(), getegid());
   ASSERT_EQ(chown(a.constData(), owner.first, owner.second), 0);
   ASSERT_TRUE(QDir(QFileInfo(PathOf("a")).path()).mkdir(QStringLiteral("far")));
   Put("far/c", "old c");
@@ -269,9 +232,7 @@ TEST_F(StagedSetTest, WritesPiecesOfAnySizeInOrder) {
   for (std::size_t i = 1; i < 40; ++i) {
     const std::string piece(i * i * 600, char('a' + i % 26));
     set.File(0).Append(piece);
-    char *room = set.File(0).Room(3);
-    std::fill_n(room, 3, '-');
-    set.File(0).Advance(room + 3);
+    set.File(0).Advance(std::fill_n(set.File(0).Room(3), 3, '-'));
     expected += piece + "---";
   }
   set.Commit();
@@ -285,15 +246,22 @@ TEST_F(StagedSetTest, RefusesWhatIsNoFileAndTellsTheSystemsReason) {
   EXPECT_NE(ErrorOf([this] { StagedSet set({PathOf("none/a")}); }).find("No such file or directory"),
             std::string::npos);
   EXPECT_THROW(StagedSet{{QString()}}, EInOutError);
-  const TFullDisk full(1000);
+  // No file may grow beyond a size, as on a disk that is full.
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit limit{1000, before.rlim_max};
+  auto *const handlerBefore = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &limit);
   for (const std::size_t size : {2000, 1'000'000}) {
-    const auto save = [&] {
+    const std::string error = ErrorOf([&] {
       StagedSet set({PathOf("a"), PathOf("b")});
       set.File(0).Append(std::string(size, 'x'));
       set.Commit();
-    };
-    EXPECT_NE(ErrorOf(save).find("File too large"), std::string::npos);
+    });
+    EXPECT_NE(error.find("File too large"), std::string::npos);
   }
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handlerBefore);
   EXPECT_EQ(Get("a"), "old a");
   EXPECT_EQ(FileCount(), 3);
 }
