@@ -19,9 +19,8 @@ TEST(FormatMessageTest, PutsTheArgumentsIntoTheirPlacesInOrder) {
 
 TEST(DebugTraceTest, ReachesTheSinkOnlyWhileThereIsOne) {
   QStringList heard;
-  SetDebugTraceSink([&heard](const QString &format, std::initializer_list<QString> arguments) {
-    heard.append(FormatMessage(format, arguments));
-  });
+  SetDebugTraceSink(
+      [&heard](const QString &format, auto arguments) { heard.append(FormatMessage(format, arguments)); });
   DebugTrace(QStringLiteral("DrawTime = %s"), {A});
   SetDebugTraceSink({});
   DebugTrace(B);

@@ -39,13 +39,17 @@ class StagedSetTest : public testing::Test {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(bytes);
   }
-  [[nodiscard]] static std::string ContentsOf(const QString &path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "-";
+  [[nodiscard]] std::string Get(const char *name) const { return All({PathOf(name)}); }
+  /// The contents of the files.
+  [[nodiscard]] static std::string All(const QStringList &paths) {
+    std::string all;
+    for (const QString &path : paths) {
+      QFile file(path);
+      all += (all.empty() ? "" : ", ") + (file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "-");
+    }
+    return all;
   }
-  [[nodiscard]] std::string Get(const char *name) const { return ContentsOf(PathOf(name)); }
-  /// The contents of the three files.
-  [[nodiscard]] std::string All() const { return Get("a") + ", " + Get("b") + ", " + Get("c"); }
+  [[nodiscard]] std::string All() const { return All(Paths()); }
   [[nodiscard]] qsizetype FileCount() const {
     return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size();
   }
@@ -112,14 +116,12 @@ TEST_F(StagedSetTest, ReplacesAllFilesOnCommitAndNoneWithout) {
 TEST_F(StagedSetTest, IsOldOrNewButNeverBothWhereverItIsKilled) {
   int kills = 0;
   int completed = 0;
-  for (int call = 0;; ++call) {
-    StartAnew();
-    if (!KillASaveAt(call)) break;
-    ++kills;
+  for (StartAnew(); KillASaveAt(kills); ++kills) {
     EXPECT_EQ(StagedSet::Recover(Paths()), Paths());
     if (All() == New) ++completed;
-    ASSERT_TRUE(All() == Old || All() == New) << All() << " at " << call;
-    ASSERT_EQ(FileCount(), All() == New ? 3 : 2) << call;
+    ASSERT_TRUE(All() == Old || All() == New) << All() << " at " << kills;
+    ASSERT_EQ(FileCount(), All() == New ? 3 : 2) << kills;
+    StartAnew();
   }
   if (kills == 0) GTEST_SKIP() << "the system does not let a process be traced";
   EXPECT_GT(completed, 6);
@@ -134,8 +136,7 @@ TEST_F(StagedSetTest, ReadsAKilledSaveWhereItMayNotCompleteIt) {
     ASSERT_EQ(chmod(QFile::encodeName(folder).constData(), 0555), 0);
     QStringList readUnder;
     AsOrdinaryUser([&] { readUnder = StagedSet::Recover(Paths()); });
-    std::string read;
-    for (const QString &path : readUnder) read += (read.empty() ? "" : ", ") + ContentsOf(path);
+    const std::string read = All(readUnder);
     ASSERT_TRUE(read == Old || read == New) << read << " at " << calls;
     redirected += readUnder == Paths() ? 0 : 1;
     ASSERT_EQ(chmod(QFile::encodeName(folder).constData(), 0755), 0);
@@ -155,18 +156,16 @@ TEST_F(StagedSetTest, LeavesTheFilesOfARunningSaveAlone) {
 }
 
 TEST_F(StagedSetTest, ForgetsAKilledSaveOnceAnotherProgramHasWrittenAFile) {
-  int forgotten = 0;
-  StartAnew();
-  for (int call = 0; KillASaveAt(call); ++call) {
+  int call = 0;
+  for (StartAnew(); KillASaveAt(call); ++call) {
     Put("b", "by somebody else");
     const std::string before = All();
     static_cast<void>(StagedSet::Recover(Paths()));
     ASSERT_EQ(All(), before) << call;
     ASSERT_LE(FileCount(), 3) << call;
-    ++forgotten;
     StartAnew();
   }
-  EXPECT_NE(forgotten, 1);
+  EXPECT_NE(call, 1);
 }
 
 TEST_F(StagedSetTest, TakesNoOtherFilesForItsOwn) {
