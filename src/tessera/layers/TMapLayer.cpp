@@ -49,21 +49,16 @@ void TMapLayer::SetMap(TMapHost *map) {
   StoreMap(map);
 }
 
-void TMapLayer::Adopt(TCustomMapObject &object) {
-  m_isAdopting = true;
-  object.SetLayer(this);
-  m_isAdopting = false;
-}
-
 TCustomMapObject *TMapLayer::AddObject(std::unique_ptr<TCustomMapObject> object, bool paintNow) {
   TCustomMapObject *added = object.get();
-  Adopt(*added);
+  added->SetLayer(this);
   m_objects->Append(std::move(object));
   TMapHost *map = GetMapHost();
-  m_isAdopting = true;
+  const bool wasQuiet = IsQuiet();
+  SetQuiet(true);
   added->GetFields().Assign(m_fields);
   if (map) added->SetStyle(map->GetDefaultStyle(added->GetFontKind()));
-  m_isAdopting = false;
+  SetQuiet(wasQuiet);
   if (map == nullptr) return added;
   map->SetModified(true);
   // Nearly all objects are added by a reader, with nobody to tell.
@@ -107,7 +102,7 @@ void TMapLayer::NoteGeometry(TCustomMapObject &object) {
 
 void TMapLayer::NoteChange(TCustomMapObject &object, TMapDataLinkEvent event) {
   TMapHost *map = GetMapHost();
-  if (map && !m_isAdopting && !map->GetIsLoading()) map->TraceMapEvent(event, &object);
+  if (map && !map->GetIsLoading()) map->TraceMapEvent(event, &object);
 }
 
 void TMapLayer::FieldsChanged() {
@@ -166,7 +161,7 @@ TCustomMapObject *TMapLayer::GetObjects(int index) const {
 
 std::unique_ptr<TCustomMapObject> TMapLayer::SetObjects(int index, std::unique_ptr<TCustomMapObject> object) {
   const std::size_t at = CheckedIndex(index, m_objects->GetCount(), ObjectIndex);
-  Adopt(*object);
+  object->SetLayer(this);
   auto replaced = m_objects->Replace(at, std::move(object));
   replaced->Detach();
   return replaced;

@@ -186,8 +186,6 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   // Ids that a stale index gives are counted, or, where they are not, thrown at.
   void KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, int *staleCount) const;
   bool FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, int *staleCount) const;
-  /// Makes the object one of this layer, before it is put into the list.
-  void Adopt(TCustomMapObject &object);
   /// Destroys an object of this layer with its events.
   void Destroy(TCustomMapObject &object);
   /// Takes an object out, in no layer and on no map; none when it is not here.
@@ -228,7 +226,6 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   bool m_autoLabel = false;
   bool m_useIndex2D = false;
   bool m_isStaleIndexTold = false;
-  bool m_isAdopting = false;
   bool m_isEnding = false;
 };
 

@@ -106,7 +106,7 @@ TCustomMapObject *TMapLayer::PutObject(int index, std::unique_ptr<TCustomMapObje
   const std::size_t at = CheckedIndex(index, m_objects->GetCount() + 1, ObjectIndex);
   const THandle<TCustomMapObject> put(object.get());
   const THandle<TMapLayer> self(this);
-  Adopt(*object);
+  object->SetLayer(this);
   m_objects->Insert(at, std::move(object));
   UpdateMap();
   TellOfPut(put.Get());
@@ -119,7 +119,7 @@ void TMapLayer::PutObjects(std::vector<TTakenObject> taken) {
   Handles put;
   std::vector<std::pair<std::size_t, std::unique_ptr<TCustomMapObject>>> placed;
   for (TTakenObject &one : taken) {
-    Adopt(*one.object);
+    one.object->SetLayer(this);
     put.emplace_back(one.object.get());
     placed.emplace_back(std::size_t(one.index), std::move(one.object));
   }

@@ -8,6 +8,7 @@
 #include <tessera/providers/CustomFormatProvider.h>
 
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -111,6 +112,10 @@ bool TMapLayer::LoadFromFile(const QString &fileName, const QString &layerName) 
   TCustomFormatProvider *provider = FormatProviders->FindSuitableProvider(fileName);
   const THandle<TMapLayer> self(this);
   if (provider == nullptr) return false;
+  SetQuiet(true);
+  const auto loud = qScopeGuard([this, &self] {
+    if (self) SetQuiet(false);
+  });
   const bool isLoaded = provider->Load(this, fileName);
   if (!self) return false;
   SetSource({fileName, provider->GetReport().AllLosses()});

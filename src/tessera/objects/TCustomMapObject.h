@@ -193,7 +193,7 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
     m_place.layer->NoteGeometry(*this);
   }
   void NoteChange(TMapDataLinkEvent event) {
-    if (m_isInLayer) m_place.layer->NoteChange(*this, event);
+    if (m_isInLayer && !m_place.layer->IsQuiet()) m_place.layer->NoteChange(*this, event);
   }
   void ForgetMap() { m_place.map = nullptr; }
 

@@ -24,6 +24,14 @@ class TESSERA_CORE_EXPORT TObjectLayer : public TFieldsOwner, public TMapMember 
   virtual void NoteGeometry(TCustomMapObject &object) = 0;
   /// Something else of an object has changed, as `event` says.
   virtual void NoteChange(TCustomMapObject &object, TMapDataLinkEvent event) = 0;
+  /// Whether changes of objects need not be noted, as while the layer is loaded.
+  [[nodiscard]] bool IsQuiet() const { return m_isQuiet; }
+
+ protected:
+  void SetQuiet(bool isQuiet) { m_isQuiet = isQuiet; }
+
+ private:
+  bool m_isQuiet = false;
 };
 
 }  // namespace tessera
