@@ -18,13 +18,8 @@ using Handles = std::vector<THandle<TCustomMapObject>>;
 }  // namespace
 
 Handles TMapLayer::AskToRemove(std::span<TCustomMapObject *const> objects) {
-  std::vector<TCustomMapObject *> each(objects.begin(), objects.end());
-  std::sort(each.begin(), each.end());
-  each.erase(std::unique(each.begin(), each.end()), each.end());
   Handles asked;
-  for (TCustomMapObject *object : each) {
-    if (object && object->GetObjectLayer() == this) asked.emplace_back(object);
-  }
+  for (TCustomMapObject *object : m_objects->InOrder(objects)) asked.emplace_back(object);
   Handles allowed;
   const THandle<TMapLayer> self(this);
   for (const auto &object : asked) {
@@ -81,7 +76,7 @@ int TMapLayer::DeleteObjects(std::span<TCustomMapObject *const> objects) {
   const Handles doomed = AskToRemove(objects);
   AllSteps steps;
   std::size_t count = 0;
-  // From the last to the first, as far as their order is that of the memory.
+  // About from the last to the first.
   for (auto object = doomed.rbegin(); object != doomed.rend() && self; ++object) {
     if (!*object || (*object)->GetObjectLayer() != this) continue;
     steps.Try([&] { Destroy(*object->Get()); });

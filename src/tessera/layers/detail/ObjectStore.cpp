@@ -69,11 +69,13 @@ std::span<const ObjectStore::Owned> ObjectStore::Items() const {
 std::size_t ObjectStore::SlotOf(const TCustomMapObject &object) const {
   if (object.GetObjectLayer() != &m_layer) return NoSlot;
   const std::size_t size = m_objects.size();
-  const std::size_t start = object.m_layerAt;
+  // Objects that stood near to each other have moved by about the same.
+  const std::size_t start = std::min<std::size_t>(object.m_layerAt + m_shift, size);
   // Away from where it was last, in both directions at once.
   for (std::size_t away = 0; away <= std::max(start, size); ++away) {
     for (const std::size_t slot : {start - away, start + away}) {
       if (slot >= size || m_objects[slot].get() != &object) continue;
+      m_shift = slot - object.m_layerAt;
       NoteSlot(object, slot);
       return slot;
     }
@@ -84,6 +86,18 @@ std::size_t ObjectStore::SlotOf(const TCustomMapObject &object) const {
 std::size_t ObjectStore::IndexOf(const TCustomMapObject &object) const {
   CloseGaps();
   return std::min(SlotOf(object), m_objects.size());
+}
+
+std::vector<TCustomMapObject *> ObjectStore::InOrder(std::span<TCustomMapObject *const> objects) const {
+  std::vector<std::pair<std::size_t, TCustomMapObject *>> places;
+  for (TCustomMapObject *object : objects) {
+    if (object && object->GetObjectLayer() == &m_layer) places.emplace_back(std::size_t(object->m_layerAt), object);
+  }
+  std::sort(places.begin(), places.end());
+  places.erase(std::unique(places.begin(), places.end()), places.end());
+  std::vector<TCustomMapObject *> inOrder;
+  for (const auto &[place, object] : places) inOrder.push_back(object);
+  return inOrder;
 }
 
 void ObjectStore::Append(Owned object) {

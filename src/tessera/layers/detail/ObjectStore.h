@@ -32,6 +32,10 @@ class TESSERA_CORE_EXPORT ObjectStore {
   /// Where the object stands; GetCount when it does not.
   [[nodiscard]] std::size_t IndexOf(const TCustomMapObject &object) const;
 
+  /// Those of the objects that are of this layer, each once, in about the order of the list: in this order they are
+  /// found soonest.
+  [[nodiscard]] std::vector<TCustomMapObject *> InOrder(std::span<TCustomMapObject *const> objects) const;
+
   void Append(Owned object);
   /// @pre index <= GetCount
   void Insert(std::size_t index, Owned object);
@@ -81,6 +85,7 @@ class TESSERA_CORE_EXPORT ObjectStore {
   mutable std::vector<Owned> m_objects;
   mutable std::vector<Box> m_boxes;  // of the first so many slots
   mutable std::size_t m_gaps = 0;
+  mutable std::size_t m_shift = 0;                   // how far the object found last had moved; below 0 it wraps around
   std::vector<THandle<TCustomMapObject>> m_changed;  // those whose box is out of date, and perhaps others
 };
 
