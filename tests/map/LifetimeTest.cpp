@@ -129,6 +129,13 @@ TEST_F(LifetimeTest, ComesToAnEndThoughHandlersSelectAndAddAgain) {
   EXPECT_EQ(layer->GetObjectCount(), 0);
 }
 
+TEST_F(LifetimeTest, LosesNoObjectThatIsTakenOutToWhatHandlersThrow) {
+  QObject::connect(&map, &TTessera::OnAfterRemoveObject, &map, [] { throw std::runtime_error("after"); });
+  const std::unique_ptr<TCustomMapObject> taken = layer->TakeObject(square);
+  EXPECT_EQ(taken.get(), square);
+  EXPECT_EQ(messages, QStringList(QStringLiteral("after")));
+}
+
 TEST_F(LifetimeTest, EndsItsBatchWhenAHandlerThrowsWhileALayerIsDeselected) {
   map.SetFastSelection(false);
   square->Select();

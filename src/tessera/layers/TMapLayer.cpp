@@ -7,6 +7,8 @@
 #include <tessera/layers/detail/ObjectStore.h>
 #include <tessera/objects/TMapObjectsList.h>
 
+#include <QScopeGuard>
+
 #include <algorithm>
 
 namespace tessera {
@@ -54,11 +56,12 @@ TCustomMapObject *TMapLayer::AddObject(std::unique_ptr<TCustomMapObject> object,
   added->SetLayer(this);
   m_objects->Append(std::move(object));
   TMapHost *map = GetMapHost();
-  const bool wasQuiet = IsQuiet();
-  SetQuiet(true);
-  added->GetFields().Assign(m_fields);
-  if (map) added->SetStyle(map->GetDefaultStyle(added->GetFontKind()));
-  SetQuiet(wasQuiet);
+  {
+    const auto loud = qScopeGuard([this, wasQuiet = IsQuiet()] { SetQuiet(wasQuiet); });
+    SetQuiet(true);
+    added->GetFields().Assign(m_fields);
+    if (map) added->SetStyle(map->GetDefaultStyle(added->GetFontKind()));
+  }
   if (map == nullptr) return added;
   map->SetModified(true);
   // Nearly all objects are added by a reader, with nobody to tell.

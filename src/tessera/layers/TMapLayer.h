@@ -78,7 +78,8 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   // geometry, tools, values. Many at once cost little more than one. The spatial index is not touched.
 
   /// Takes out an object, deselected; none when a handler refuses or it is not in the layer. OnAfterRemoveObject and
-  /// mdlRemoveObject follow.
+  /// mdlRemoveObject follow. What handlers throw before that goes on, and the object stays; what they throw afterwards
+  /// ends in the message sink, for an exception would take the object along.
   std::unique_ptr<TCustomMapObject> TakeObject(TCustomMapObject *object);
   /// Takes out those that handlers do not refuse. The answer is in the order of the list.
   std::vector<TTakenObject> TakeObjects(std::span<TCustomMapObject *const> objects);

@@ -48,6 +48,7 @@ std::vector<TTakenObject> TMapLayer::TakeObjects(std::span<TCustomMapObject *con
   for (const auto &object : doomed) {
     if (self && object && GetMapHost()) steps.Try([&] { GetMapHost()->GetSelection()->Leave(*object.Get()); });
   }
+  steps.Rethrow();
   std::vector<TTakenObject> taken;
   if (!self) return taken;
   for (const auto &object : doomed) {
@@ -59,10 +60,9 @@ std::vector<TTakenObject> TMapLayer::TakeObjects(std::span<TCustomMapObject *con
   for (const TTakenObject &one : taken) inOrder.push_back(GetObjects(one.index));
   for (std::size_t i = 0; i < taken.size(); ++i) taken[i].object = TakeSilently(*inOrder[i]);
   for (const TTakenObject &one : taken) {
-    if (self && GetMapHost()) steps.Try([&] { GetMapHost()->TraceMapEvent(mdlRemoveObject, one.object.get()); });
+    if (self && GetMapHost()) GuardedCall([&] { GetMapHost()->TraceMapEvent(mdlRemoveObject, one.object.get()); });
   }
-  if (self) steps.Try([&] { TellOfRemoval(taken.size()); });
-  steps.Rethrow();
+  if (self) GuardedCall([&] { TellOfRemoval(taken.size()); });
   return taken;
 }
 
