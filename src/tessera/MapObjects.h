@@ -2,7 +2,8 @@
 #pragma once
 
 /// All that a program with a map needs to show, select and edit: the map control, its options, layers, selection,
-/// spatial index, attribute fields, links and substrates, and every kind of object.
+/// spatial index, attribute fields, links, substrates and tools manager, and every kind of object. The standard tools
+/// are in StdMapTools.h.
 
 #include <tessera/data/TDataFields.h>
 #include <tessera/layers/LayerBounds.h>
@@ -10,6 +11,9 @@
 #include <tessera/layers/TMapDataLink.h>
 #include <tessera/layers/TMapLayers.h>
 #include <tessera/layers/TSelection.h>
+#include <tessera/map/TCustomMapTool.h>
+#include <tessera/map/TMapNavigation.h>
+#include <tessera/map/TMapToolsManager.h>
 #include <tessera/map/TSubstrates.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/map/TTesseraOptions.h>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "MapFixture.h"
 
+#include <tessera/map/TCustomMapTool.h>
+
 #include <QBrush>
 #include <QFont>
 #include <QMetaProperty>
@@ -21,7 +23,9 @@ QStringList PropertiesOf(const QMetaObject &type) {
 TEST(PropertiesTest, StandInTheirOrder) {
   EXPECT_EQ(PropertiesOf(TTessera::staticMetaObject).join(u' '),
             QStringLiteral("Options Color Zoom WheelMouse ZoomType CenterX CenterY MinZoom MaxZoom ShowSelection "
-                           "FastSelection"));
+                           "FastSelection Navigation PickTolerancePx"));
+  EXPECT_EQ(PropertiesOf(TCustomMapTool::staticMetaObject).join(u' '),
+            QStringLiteral("Active DisplayName Cursor Tessera"));
   EXPECT_EQ(PropertiesOf(TTesseraOptions::staticMetaObject).join(u' '),
             QStringLiteral("DefaultTextFont DefaultSymbolFont DefaultSymbolShape DefaultPen DefaultBrush "
                            "DefaultBGColor UseBGColor"));
@@ -46,6 +50,15 @@ TEST(PropertiesTest, SetWhatNewObjectsStartWith) {
   EXPECT_EQ(options->GetDefaultSymbolFont(), TFont(QStringLiteral("Sans"), 9, clNavy)) << "a font keeps its colour";
   auto *line = map.GetLayers()->Add(QString(), QStringLiteral("layer"))->NewObject<TPolyline>();
   EXPECT_EQ(line->GetPen(), options->GetDefaultPen());
+}
+
+TEST(PropertiesTest, PutAToolOnItsMap) {
+  TTessera map;
+  TCustomMapTool tool;
+  EXPECT_TRUE(tool.setProperty("Cursor", TCustomMapTool::crIBeam));
+  EXPECT_EQ(tool.GetCursor(), TCustomMapTool::crIBeam);
+  EXPECT_TRUE(tool.setProperty("Tessera", QVariant::fromValue(&map)));
+  EXPECT_EQ(tool.GetTessera(), &map);
 }
 
 }  // namespace

@@ -101,6 +101,8 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   void SetVisible(bool visible);
   /// Whether the layer is visible and its objects may be selected.
   [[nodiscard]] bool GetSelectable() const { return m_isVisible && m_isSelectable; }
+  /// The switch for selecting by itself, visible or not.
+  [[nodiscard]] bool GetSelectableFlag() const { return m_isSelectable; }
   /// An editable layer stays selectable, and a hidden one does not become so.
   void SetSelectable(bool selectable);
   [[nodiscard]] bool GetEditable() const { return m_isEditable; }

@@ -57,6 +57,7 @@ std::vector<TTakenObject> TMapLayer::TakeObjects(std::span<TCustomMapObject *con
   }
   std::sort(taken.begin(), taken.end(), [](const auto &a, const auto &b) { return a.index < b.index; });
   std::vector<TCustomMapObject *> inOrder;
+  inOrder.reserve(taken.size());
   for (const TTakenObject &one : taken) inOrder.push_back(GetObjects(one.index));
   for (std::size_t i = 0; i < taken.size(); ++i) taken[i].object = TakeSilently(*inOrder[i]);
   for (const TTakenObject &one : taken) {

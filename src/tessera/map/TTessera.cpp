@@ -51,6 +51,7 @@ TTessera::TTessera(QWidget *parent) : TTesseraEvents(parent), d(std::make_unique
   d->displayed = std::make_unique<TDisplayedObjects>();
   d->dataLinks = std::make_unique<TMapDataLinks>();
   d->options = std::make_unique<TTesseraOptions>();
+  d->tools = std::make_unique<TMapToolsManager>();
   d->selectionPattern = QSharedPointer<TBitmap>::create(MakeSelectionPattern());
   resize(sizeHint());
   d->layers->SetMap(this);
@@ -60,12 +61,14 @@ TTessera::TTessera(QWidget *parent) : TTesseraEvents(parent), d(std::make_unique
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setAttribute(Qt::WA_InputMethodEnabled);
+  grabGesture(Qt::PinchGesture);
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 TTessera::~TTessera() {
   d->isBeingDestroyed = true;
   // As long as all of the map is still there.
+  d->tools = std::make_unique<TMapToolsManager>();
   GuardedCall([this] { d->layers->AnnounceEnd(); });
   d->layers.reset();
 }
@@ -263,17 +266,19 @@ TTesseraOptions *TTessera::GetOptions() const {
 std::unique_ptr<TTesseraOptions> TTessera::SetOptions(std::unique_ptr<TTesseraOptions> options) {
   return std::exchange(d->options, std::move(options));
 }
+TMapToolsManager *TTessera::GetMapToolsManager() const {
+  return d->tools.get();
+}
+std::unique_ptr<TMapToolsManager> TTessera::SetMapToolsManager(std::unique_ptr<TMapToolsManager> tools) {
+  return std::exchange(d->tools, std::move(tools));
+}
+TMapNavigation *TTessera::GetNavigation() const {
+  return &d->navigation;
+}
 const QSharedPointer<TBitmap> &TTessera::GetSelectionPattern() const {
   return d->selectionPattern;
 }
 void TTessera::SetSelectionPattern(const TBitmap &pattern) {
   d->selectionPattern = QSharedPointer<TBitmap>::create(pattern);
 }
-int TTessera::GetCtrlClickCount() const {
-  return d->ctrlClickCount;
-}
-void TTessera::SetCtrlClickCount(int count) {
-  d->ctrlClickCount = count;
-}
-
 }  // namespace tessera

@@ -4,6 +4,7 @@
 #include <tessera/layers/TMapDataLink.h>
 #include <tessera/layers/TMapLayers.h>
 #include <tessera/layers/TSelection.h>
+#include <tessera/map/TMapNavigation.h>
 #include <tessera/map/TSubstrates.h>
 #include <tessera/map/TTesseraEvents.h>
 #include <tessera/map/TTesseraOptions.h>
@@ -12,6 +13,8 @@
 
 namespace tessera {
 
+class TMapToolsManager;
+
 /// The map control: owns an ordered stack of layers and shows what its view selects of them.
 ///
 /// The view is a centre in map units, a zoom, and a reference extent that the zoom magnifies: at zoom 1 the extent's
@@ -19,7 +22,7 @@ namespace tessera {
 /// rebuilt at the next paint, off screen, and copied to the screen, where the selection is drawn over it. See TViewport
 /// for the conversion between map units and client pixels.
 ///
-/// What it tells, it tells through the signals of TTesseraEvents. Everything runs in the thread of the user interface.
+/// It tells what happens by the signals of TTesseraEvents. Everything runs in the thread of the user interface.
 class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   Q_OBJECT
   Q_PROPERTY(tessera::TTesseraOptions *Options READ GetOptions)
@@ -33,6 +36,8 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   Q_PROPERTY(double MaxZoom READ GetMaxZoom WRITE SetMaxZoom)
   Q_PROPERTY(bool ShowSelection READ GetShowSelection WRITE SetShowSelection)
   Q_PROPERTY(bool FastSelection READ GetFastSelection WRITE SetFastSelection)
+  Q_PROPERTY(tessera::TMapNavigation *Navigation READ GetNavigation)
+  Q_PROPERTY(int PickTolerancePx READ GetPickTolerancePx WRITE SetPickTolerancePx)
 
  public:
   /// What the wheel zooms about: the centre of the view, the place the cursor's position stands for, or the first
@@ -121,7 +126,6 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   /// Set while the off-screen picture is being rebuilt; repaints asked for meanwhile come afterwards.
   [[nodiscard]] bool GetIsBusy() const override;
   void SetIsBusy(bool isBusy);
-  /// Set while a format provider fills a layer.
   [[nodiscard]] bool GetIsLoading() const override;
   void SetIsLoading(bool isLoading) override;
 
@@ -139,7 +143,6 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   void SetGeneralizationLevel(int levelPx);
   [[nodiscard]] bool GetFastDraw() const { return GetViewFlags().FastDraw; }
   void SetFastDraw(bool fast);
-  /// The background.
   [[nodiscard]] TColor GetColor() const;
   void SetColor(TColor color);
   [[nodiscard]] QColor GetQColor() const { return ToQColor(GetColor()); }
@@ -148,11 +151,9 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   /// The canvas of the screen picture, or of the off-screen picture while the map is busy. What is drawn on the screen
   /// picture shows at once and stays until the next repaint that the library asks for.
   TCanvas &GetCanvas() override;
-  /// The canvas of the off-screen picture.
   [[nodiscard]] TCanvas &GetMapCanvas();
   /// Copies the off-screen picture as the last paint left it.
   void AssignToBitmap(TBitmap &bitmap) const;
-  /// Rebuilds the off-screen picture now.
   void PaintMapToBitmap();
   /// Copies the off-screen picture to the screen picture, draws the fast selection over it, and lets whoever has
   /// something else standing on it draw that again (OnScreenRepainted).
@@ -168,27 +169,40 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   /// The pictures under the layers, shown when there is a layer.
   [[nodiscard]] TSubstrates *GetSubstrates() const;
   std::unique_ptr<TSubstrates> SetSubstrates(std::unique_ptr<TSubstrates> substrates);
-  /// The objects of the current picture.
   [[nodiscard]] TDisplayedObjects *GetDisplayed() const override;
   std::unique_ptr<TDisplayedObjects> SetDisplayed(std::unique_ptr<TDisplayedObjects> displayed);
   [[nodiscard]] TMapDataLinks *GetDataLinks() const;
   std::unique_ptr<TMapDataLinks> SetDataLinks(std::unique_ptr<TMapDataLinks> links);
   [[nodiscard]] TTesseraOptions *GetOptions() const;
   std::unique_ptr<TTesseraOptions> SetOptions(std::unique_ptr<TTesseraOptions> options);
+  [[nodiscard]] TMapToolsManager *GetMapToolsManager() const;
+  std::unique_ptr<TMapToolsManager> SetMapToolsManager(std::unique_ptr<TMapToolsManager> tools);
+  /// Which ways of moving the view there are beside tools and wheel.
+  [[nodiscard]] TMapNavigation *GetNavigation() const;
   const QSharedPointer<TBitmap> &GetSelectionPattern() const override;
   void SetSelectionPattern(const TBitmap &pattern);
-  /// A counter for tools, without effect here.
+
+  // Picking, among the objects of the current picture and from the top layer down.
+
+  /// Makes the first selectable object at a map point the only selected one, or, with `exclusive` off, adds it to the
+  /// selection or takes it out. Without a hit the selection is cleared; without a picture nothing happens.
+  void SelectObjectAt(double x, double y, bool exclusive);
+  /// Adds every object of a selectable layer at a map point to the selection.
+  void SelectObjectsAt(double x, double y, bool clearFirst);
+  /// How many of the topmost layers SelectObjectAt passes over.
   [[nodiscard]] int GetCtrlClickCount() const;
   void SetCtrlClickCount(int count);
+  /// How far from the point, in client pixels, an object is still hit; 0, as at first, leaves it to its ContainsPoint.
+  [[nodiscard]] int GetPickTolerancePx() const;
+  void SetPickTolerancePx(int tolerancePx);
 
   void StartProgress(int min, int max, const QString &caption) override;
   void ShowProgress(int position) override;
   void StopProgress() override;
-
   [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  Q_SIGNALS:
-  // Stands here and not among the other events because it tells of changes of a property.
   void OnZoom(tessera::TTessera *sender);
 
  protected:

@@ -2,6 +2,7 @@
 // The events of the platform, handed to the router.
 #include <tessera/map/detail/TesseraPrivate.h>
 
+#include <QGestureEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -46,7 +47,17 @@ bool TTessera::event(QEvent *event) {
     const Qt::KeyboardModifiers modifiers = static_cast<QKeyEvent *>(event)->modifiers();
     if ((modifiers & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier) event->accept();
   }
+  if (event->type() == QEvent::Gesture && d->input.Gesture(*static_cast<QGestureEvent *>(event))) return true;
+  if (event->type() == QEvent::NativeGesture && d->input.NativeGesture(*static_cast<QNativeGestureEvent *>(event))) {
+    return true;
+  }
   return QWidget::event(event);
+}
+
+QVariant TTessera::inputMethodQuery(Qt::InputMethodQuery query) const {
+  const TCustomMapTool *tool = d->tools->GetActiveMapTool();
+  if (query == Qt::ImCursorRectangle && tool != nullptr) return tool->GetCaretRect();
+  return QWidget::inputMethodQuery(query);
 }
 
 }  // namespace tessera

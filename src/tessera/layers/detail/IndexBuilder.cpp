@@ -259,7 +259,7 @@ bool IndexBuilder::StayTogether(const TCellBounds &cell, Range range, const TMap
   if (range.count < enough) return false;
   if (CountLasting(cell, range, point) >= enough) return true;
   const auto quadrants = QuadrantsOf(cell);
-  const auto quadrant = std::find_if(quadrants.begin(), quadrants.end(), [&point](const TCellBounds &each) {
+  const auto *const quadrant = std::find_if(quadrants.begin(), quadrants.end(), [&point](const TCellBounds &each) {
     return CellBounds2Bounds(each).ContainsPoint(point.X, point.Y);
   });
   if (quadrant == quadrants.end()) return false;

@@ -96,6 +96,7 @@ std::vector<TCustomMapObject *> ObjectStore::InOrder(std::span<TCustomMapObject 
   std::sort(places.begin(), places.end());
   places.erase(std::unique(places.begin(), places.end()), places.end());
   std::vector<TCustomMapObject *> inOrder;
+  inOrder.reserve(places.size());
   for (const auto &[place, object] : places) inOrder.push_back(object);
   return inOrder;
 }
@@ -139,7 +140,7 @@ void ObjectStore::Move(std::size_t from, std::size_t to) {
   }
 }
 
-void ObjectStore::Merge(std::vector<std::pair<std::size_t, Owned>> objects) {
+void ObjectStore::Merge(std::vector<std::pair<std::size_t, Owned>> &&objects) {
   CloseGaps();
   std::vector<Owned> merged;
   std::vector<Box> boxes;

@@ -46,7 +46,7 @@ class TESSERA_CORE_EXPORT ObjectStore {
   void Move(std::size_t from, std::size_t to);
   /// Puts objects at the places they are to have in the whole list, in one pass. @pre the places ascend, and none lies
   /// beyond the end
-  void Merge(std::vector<std::pair<std::size_t, Owned>> objects);
+  void Merge(std::vector<std::pair<std::size_t, Owned>> &&objects);
 
   // Extents.
 

@@ -1,31 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/GuardedCall.h>
+#include <tessera/map/TMapToolsManager.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/map/detail/InputRouter.h>
 
+#include <QGestureEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QWheelEvent>
 
-#include <algorithm>
-
 namespace tessera::detail {
 namespace {
-
-/// Ends the batch of updates it began, with a new picture, however the block is left; the map may be gone by then.
-class UpdateScope {
- public:
-  explicit UpdateScope(TTessera &map) : m_map(&map) { map.BeginUpdate(); }
-  ~UpdateScope() {
-    if (m_map) m_map->EndUpdate(true);
-  }
-  UpdateScope(const UpdateScope &) = delete;
-  UpdateScope &operator=(const UpdateScope &) = delete;
-
- private:
-  QPointer<TTessera> m_map;
-};
 
 TShiftState ShiftState(Qt::KeyboardModifiers modifiers, Qt::MouseButtons buttons = Qt::NoButton) {
   TShiftState state;
@@ -54,11 +40,20 @@ bool InputRouter::Deliver(const std::function<void()> &body) {
   return !map.isNull();
 }
 
+bool InputRouter::DeliverToTool(const std::function<void(TCustomMapTool &)> &body) {
+  return Deliver([&] {
+    if (TCustomMapTool *tool = m_map.GetMapToolsManager()->GetActiveMapTool()) body(*tool);
+  });
+}
+
 void InputRouter::Press(const QMouseEvent &event, bool isSecondPress) {
   const QPoint at = PositionOf(event);
   const TShiftState shift = ShiftState(event).setFlag(ssDouble, isSecondPress);
-  if (!Deliver([&] { Q_EMIT m_map.OnMouseDown(&m_map, event.button(), shift, at.x(), at.y()); })) return;
-  m_map.setFocus(Qt::MouseFocusReason);
+  const auto tell = [&] { Q_EMIT m_map.OnMouseDown(&m_map, event.button(), shift, at.x(), at.y()); };
+  // Whoever loses the focus may do anything as well.
+  if (!Deliver(tell) || !Deliver([&] { m_map.setFocus(Qt::MouseFocusReason); })) return;
+  if (m_navigator.Press(event)) return;
+  DeliverToTool([&](TCustomMapTool &tool) { tool.MouseDown(event.button(), shift, at.x(), at.y()); });
 }
 
 void InputRouter::MousePress(const QMouseEvent &event) {
@@ -67,65 +62,95 @@ void InputRouter::MousePress(const QMouseEvent &event) {
 
 void InputRouter::MouseMove(const QMouseEvent &event) {
   const QPoint at = PositionOf(event);
-  Deliver([&] { Q_EMIT m_map.OnMouseMove(&m_map, ShiftState(event), at.x(), at.y()); });
+  const TShiftState shift = ShiftState(event);
+  if (!Deliver([&] { Q_EMIT m_map.OnMouseMove(&m_map, shift, at.x(), at.y()); })) return;
+  if (m_navigator.Move(event)) return;
+  DeliverToTool([&](TCustomMapTool &tool) { tool.MouseMove(shift, at.x(), at.y()); });
 }
 
 void InputRouter::MouseRelease(const QMouseEvent &event) {
   const QPoint at = PositionOf(event);
-  Deliver([&] { Q_EMIT m_map.OnMouseUp(&m_map, event.button(), ShiftState(event), at.x(), at.y()); });
+  const TShiftState shift = ShiftState(event);
+  if (!Deliver([&] { Q_EMIT m_map.OnMouseUp(&m_map, event.button(), shift, at.x(), at.y()); })) return;
+  bool isDragEnd = false;
+  if (!Deliver([&] { isDragEnd = m_navigator.Release(event); }) || isDragEnd) return;
+  DeliverToTool([&](TCustomMapTool &tool) { tool.MouseUp(event.button(), shift, at.x(), at.y()); });
 }
 
 void InputRouter::MouseDoubleClick(const QMouseEvent &event) {
-  if (Deliver([this] { Q_EMIT m_map.OnDblClick(&m_map); })) Press(event, true);
-}
-
-void InputRouter::Zoom(const QPoint &position, int delta) {
-  constexpr double Step = 2;
-  const UpdateScope update(m_map);
-  if (m_map.GetZoomType() == TTessera::wmCursor) {
-    double x = 0;
-    double y = 0;
-    m_map.ScreenToMap(position.x(), position.y(), x, y);
-    m_map.SetCenterX(x);
-    m_map.SetCenterY(y);
-  } else if (m_map.GetZoomType() == TTessera::wmSelected && m_map.GetSelection()->GetCount() > 0) {
-    const TBounds bounds = m_map.GetSelection()->GetItem(0)->GetBounds();
-    m_map.SetCenterX((bounds.MaxX - bounds.MinX) / 2 + bounds.MinX);
-    m_map.SetCenterY((bounds.MaxY - bounds.MinY) / 2 + bounds.MinY);
+  if (event.button() == Qt::LeftButton) {
+    if (!Deliver([this] { Q_EMIT m_map.OnDblClick(&m_map); })) return;
+    if (!DeliverToTool([](TCustomMapTool &tool) { tool.DblClick(); })) return;
   }
-  const double zoom = m_map.GetZoom();
-  m_map.SetZoom(delta > 0 ? std::min(m_map.GetMaxZoom(), zoom * Step) : std::max(m_map.GetMinZoom(), zoom / Step));
+  Press(event, true);
 }
 
 bool InputRouter::Wheel(const QWheelEvent &event) {
-  const int delta = event.angleDelta().y();
-  if (!m_map.GetWheelMouse() || delta == 0) return false;
-  // The position is taken as the platform gives it, in coordinates of the desktop; this is intended.
-  Deliver([&] { Zoom(event.globalPosition().toPoint(), delta); });
+  if (!m_map.GetWheelMouse() || event.angleDelta().y() == 0) return false;
+  Deliver([&] { m_navigator.Wheel(event); });
+  return true;
+}
+
+bool InputRouter::CancelToolGesture() {
+  return DeliverToTool([](TCustomMapTool &tool) {
+    if (tool.GetInGesture()) tool.Cancel();
+  });
+}
+
+bool InputRouter::Gesture(QGestureEvent &event) {
+  auto *pinch = static_cast<QPinchGesture *>(event.gesture(Qt::PinchGesture));
+  if (pinch == nullptr || !m_map.GetNavigation()->GetTouch()) return false;
+  event.accept(pinch);
+  if (CancelToolGesture()) Deliver([&] { m_navigator.Pinch(*pinch); });
+  return true;
+}
+
+bool InputRouter::NativeGesture(const QNativeGestureEvent &event) {
+  if (event.gestureType() != Qt::ZoomNativeGesture || !m_map.GetNavigation()->GetTouch()) return false;
+  Deliver([&] { m_navigator.Magnify(event); });
   return true;
 }
 
 void InputRouter::KeyPress(const QKeyEvent &event) {
   int key = event.key();
   const TShiftState shift = ShiftState(event.modifiers());
-  if (Deliver([&] { Q_EMIT m_map.OnKeyDown(&m_map, key, shift); }) && key != 0) Type(event.text());
+  bool isToolsKey = false;
+  if (!DeliverToTool([&](TCustomMapTool &tool) {
+        isToolsKey = tool.GetWantsKeys();
+        tool.KeyDown(key, shift);
+      })) {
+    return;
+  }
+  if (!Deliver([&] { Q_EMIT m_map.OnKeyDown(&m_map, key, shift); }) || key == 0) return;
+  if (!isToolsKey && !Deliver([&] { m_navigator.Key(key); })) return;
+  Type(event.text());
 }
 
 void InputRouter::KeyRelease(const QKeyEvent &event) {
   if (event.isAutoRepeat()) return;
   int key = event.key();
-  Deliver([&] { Q_EMIT m_map.OnKeyUp(&m_map, key, ShiftState(event.modifiers())); });
+  const TShiftState shift = ShiftState(event.modifiers());
+  if (!DeliverToTool([&](TCustomMapTool &tool) { tool.KeyUp(key, shift); })) return;
+  Deliver([&] { Q_EMIT m_map.OnKeyUp(&m_map, key, shift); });
 }
 
 void InputRouter::Type(const QString &text) {
   for (const QChar character : text) {
     QChar key = character;
+    if (!DeliverToTool([&](TCustomMapTool &tool) { tool.KeyPress(key); })) return;
     if (!Deliver([&] { Q_EMIT m_map.OnKeyPress(&m_map, key); })) return;
   }
 }
 
 void InputRouter::InputMethod(const QInputMethodEvent &event) {
+  const QString preedit = event.preeditString();
+  int cursor = int(preedit.size());
+  for (const auto &attribute : event.attributes()) {
+    if (attribute.type == QInputMethodEvent::Cursor) cursor = attribute.start;
+  }
+  const QPointer<TTessera> map = &m_map;
   Type(event.commitString());
+  if (map) DeliverToTool([&](TCustomMapTool &tool) { tool.Preedit(preedit, cursor); });
 }
 
 }  // namespace tessera::detail

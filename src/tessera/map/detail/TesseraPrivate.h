@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tessera/map/TMapNavigation.h>
+#include <tessera/map/TMapToolsManager.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/map/detail/InputRouter.h>
 #include <tessera/map/detail/MapRotation.h>
@@ -22,6 +24,8 @@ struct TTessera::Private {
   bool wheelMouse = true;
   TColor color = clWhite;
   int ctrlClickCount = 0;
+  int pickTolerancePx = 0;
+  TMapNavigation navigation;
   detail::MapRotation rotation;
 
   bool isBusy = false;
@@ -41,6 +45,7 @@ struct TTessera::Private {
   std::unique_ptr<TDisplayedObjects> displayed;
   std::unique_ptr<TMapDataLinks> dataLinks;
   std::unique_ptr<TTesseraOptions> options;
+  std::unique_ptr<TMapToolsManager> tools;
 };
 
 }  // namespace tessera

@@ -55,7 +55,7 @@ int TextFit::FindFirst(int lowPt, int highPt, Stops stops) {
     const double ratio = std::max(m_width / m_box.width, m_height / m_box.height);
     // A text may take no room at all.
     const bool isInProportion = step < ProportionalSteps && ratio > 0;
-    const double guess = isInProportion ? m_sizePt / ratio : (lowPt + highPt) / 2;
+    const double guess = isInProportion ? m_sizePt / ratio : (lowPt + highPt) / 2.;
     Measure(int(std::clamp(guess, double(lowPt), double(highPt - 1))));
     if (stops()) {
       highPt = m_sizePt;

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/map/TTessera.h>
+#include <tessera/tools/TCustomMultiPointTool.h>
+
+#include <utility>
+
+namespace tessera {
+
+TCustomMultiPointTool::TCustomMultiPointTool(QObject *parent) : TCustomGestureTool(parent) {
+  SetCursor(crCross);
+}
+
+bool TCustomMultiPointTool::GetEnabled() const {
+  return TCustomGestureTool::GetEnabled() && GetEditableLayer() != nullptr;
+}
+
+std::vector<TPoint> TCustomMultiPointTool::GetOutline() const {
+  std::vector<TPoint> outline;
+  if (m_points.empty() || GetTessera() == nullptr) return outline;
+  const TViewport &viewport = GetTessera()->GetViewport();
+  outline.reserve(m_points.size() + 2);
+  for (const TMapPoint &point : m_points) outline.push_back(viewport.MapToScreen(point.X, point.Y));
+  outline.push_back(m_mouse);
+  return outline;
+}
+
+void TCustomMultiPointTool::MouseDown(Qt::MouseButton button, TShiftState /*shift*/, int x, int y) {
+  if (button != Qt::LeftButton || GetTessera() == nullptr) return;
+  if (std::exchange(m_isSecondPressDue, false)) return;
+  const TMapPoint point = GetTessera()->GetViewport().ScreenToMap(x, y);
+  if (!GetInGesture()) {
+    m_points.clear();
+    BeginGesture(Qt::NoButton);
+  }
+  ChangeFigure([&] {
+    m_points.push_back(point);
+    m_mouse = TPoint(x, y);
+  });
+}
+
+void TCustomMultiPointTool::MouseMove(TShiftState /*shift*/, int x, int y) {
+  m_isSecondPressDue = false;
+  if (GetInGesture()) ChangeFigure([&] { m_mouse = TPoint(x, y); });
+}
+
+void TCustomMultiPointTool::DblClick() {
+  m_isSecondPressDue = true;
+  Complete();
+}
+
+std::vector<TMapPoint> TCustomMultiPointTool::TakePoints() {
+  return std::exchange(m_points, {});
+}
+
+void TCustomMultiPointTool::Forget() {
+  m_points.clear();
+  m_isSecondPressDue = false;
+}
+
+}  // namespace tessera

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/graphics/TCanvas.h>
+#include <tessera/map/TTessera.h>
+#include <tessera/objects/TPolyline.h>
+#include <tessera/tools/TLineTool.h>
+
+#include <array>
+
+namespace tessera {
+
+TLineTool::TLineTool(QObject *parent) : TCustomPressMoveAndReleaseTool(parent) {
+  SetDisplayName(QStringLiteral("Line Tool"));
+  SetCursor(crCross);
+}
+
+bool TLineTool::GetEnabled() const {
+  return TCustomPressMoveAndReleaseTool::GetEnabled() && GetEditableLayer() != nullptr;
+}
+
+void TLineTool::Draw() {
+  const std::array line{TPoint(X1, Y1), TPoint(X2, Y2)};
+  DrawInverted([&line](TCanvas &canvas) { canvas.Polyline(line); });
+}
+
+bool TLineTool::CreateObject() {
+  TMapLayer *layer = GetEditableLayer();
+  if (layer == nullptr || (X1 == X2 && Y1 == Y2)) return false;
+  const TViewport &viewport = GetTessera()->GetViewport();
+  auto line = std::make_unique<TPolyline>();
+  TMapPoints &points = line->GetParts().Add().GetPoints();
+  for (const TMapPoint &end : {viewport.ScreenToMap(X1, Y1), viewport.ScreenToMap(X2, Y2)}) points.Add(end.X, end.Y);
+  layer->AddObject(std::move(line), true);
+  return true;
+}
+
+}  // namespace tessera

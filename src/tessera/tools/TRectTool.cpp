@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/map/TTessera.h>
+#include <tessera/objects/TRectangle.h>
+#include <tessera/tools/TRectTool.h>
+
+namespace tessera {
+
+TRectTool::TRectTool(QObject *parent) : TCustomRectTool(parent) {
+  SetDisplayName(QStringLiteral("Rectangle Tool"));
+  SetCursor(crCross);
+}
+
+bool TRectTool::GetEnabled() const {
+  return TCustomRectTool::GetEnabled() && GetEditableLayer() != nullptr;
+}
+
+bool TRectTool::CreateObject() {
+  TMapLayer *layer = GetEditableLayer();
+  if (layer == nullptr || (X1 == X2 && Y1 == Y2)) return false;
+  const TViewport &viewport = GetTessera()->GetViewport();
+  const TMapPoint press = viewport.ScreenToMap(X1, Y1);
+  const TMapPoint release = viewport.ScreenToMap(X2, Y2);
+  auto rectangle = std::make_unique<TRectangle>();
+  rectangle->SetX0(press.X);
+  rectangle->SetY0(press.Y);
+  rectangle->SetX1(release.X);
+  rectangle->SetY1(release.Y);
+  layer->AddObject(std::move(rectangle), true);
+  return true;
+}
+
+}  // namespace tessera

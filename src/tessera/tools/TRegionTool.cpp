@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/layers/TMapLayer.h>
+#include <tessera/objects/TRegion.h>
+#include <tessera/tools/TRegionTool.h>
+
+namespace tessera {
+
+TRegionTool::TRegionTool(QObject *parent) : TCustomMultiPointTool(parent) {
+  SetDisplayName(QStringLiteral("Region Tool"));
+}
+
+void TRegionTool::Draw() {
+  std::vector<TPoint> ring = GetOutline();
+  if (!ring.empty()) ring.push_back(ring.front());
+  DrawInverted([&ring](TCanvas &canvas) { canvas.Polyline(ring); });
+}
+
+bool TRegionTool::CreateObject() {
+  constexpr std::size_t FewestPoints = 3;
+  const std::vector<TMapPoint> points = TakePoints();
+  TMapLayer *layer = GetEditableLayer();
+  if (layer == nullptr || points.size() < FewestPoints) return false;
+  auto region = std::make_unique<TRegion>();
+  TMapPoints &ring = region->GetParts().Add().GetPoints();
+  for (const TMapPoint &point : points) ring.Add(point.X, point.Y);
+  ring.Add(points.front().X, points.front().Y);
+  layer->AddObject(std::move(region), true);
+  return true;
+}
+
+}  // namespace tessera

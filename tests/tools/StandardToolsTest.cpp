@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: MIT
+// What the standard tools make of clicks and drags.
+#include "../map/MapFixture.h"
+#include "../support/MapInput.h"
+
+#include <tessera/StdMapTools.h>
+#include <tessera/graphics/TCanvas.h>
+#include <tessera/objects/TGeoCircle.h>
+#include <tessera/objects/TRectangle.h>
+#include <tessera/objects/TSymbol.h>
+
+#include <stdexcept>
+
+namespace tessera::test {
+namespace {
+
+/// A tool on the map of 200 x 100 pixels whose pixel (x, y) shows the map point (x, 100 - y).
+class StandardToolsTest : public MapFixture {
+ protected:
+  template <class Kind>
+  void Use(Kind &tool) {
+    tool.SetTessera(&map);
+    tool.SetActive(true);
+    QObject::connect(&tool, &TCustomMapTool::OnComplete, &map, [this] { ++completed; });
+  }
+  TMapLayer *AddEditableLayer() {
+    TMapLayer *layer = AddLayer();
+    layer->SetEditable(true);
+    return layer;
+  }
+  /// The vertices of an object's only part, as text.
+  static std::string Vertices(const TCustomMapObject &object) {
+    EXPECT_EQ(object.GetParts().GetCount(), 1);
+    std::string text;
+    for (const TMapPoint &point : object.GetParts().GetFirst().GetPoints().Points()) {
+      text += QString::asprintf("%g,%g ", point.X, point.Y).toStdString();
+    }
+    return text;
+  }
+
+  MapInput input{map};
+  int completed = 0;
+};
+
+TEST_F(StandardToolsTest, SelectsTheObjectUnderAClick) {
+  TSelectionTool tool;
+  Use(tool);
+  TCustomMapObject *red = AddSquare(AddLayer(), 20, 20, 40, clRed);
+  TCustomMapObject *blue = AddSquare(AddLayer(), 40, 40, 40, clBlue);
+  TCustomMapObject *green = AddSquare(AddLayer(), 40, 40, 40, clNavy);
+  Repainted();
+  const auto selected = [this] {
+    return std::vector(map.GetSelection()->Items().begin(), map.GetSelection()->Items().end());
+  };
+  using Objects = std::vector<TCustomMapObject *>;
+  const QPoint onRed(30, 70);
+  const QPoint onAll(50, 50);
+  input.Click(onRed, {}, Qt::RightButton);
+  EXPECT_EQ(selected(), Objects{});
+  input.Click(onRed);
+  EXPECT_EQ(selected(), Objects{red});
+  input.Click(onAll, Qt::ShiftModifier);
+  EXPECT_EQ(selected(), (Objects{red, green}));
+  input.Click(onRed, Qt::ShiftModifier);
+  EXPECT_EQ(selected(), Objects{green});
+  for (const auto &[count, hit] : {std::pair{1, blue}, {2, red}, {0, green}, {1, blue}}) {
+    input.Click(onAll, Qt::ControlModifier);
+    EXPECT_EQ(map.GetCtrlClickCount(), count);
+    EXPECT_EQ(selected(), Objects{hit});
+  }
+  input.Click({150, 10});
+  EXPECT_EQ(selected(), Objects{});
+  EXPECT_EQ(map.GetCtrlClickCount(), 0);
+  input.DoubleClick(onRed);
+  EXPECT_EQ(selected(), Objects{red});
+  EXPECT_EQ(completed, 0);
+}
+
+TEST_F(StandardToolsTest, ZoomsInByAClickOrIntoARectangle) {
+  TZoomInTool tool;
+  Use(tool);
+  struct ZoomCase {
+    double zoom;
+    QPoint from, to;
+    double newZoom, centerX, centerY;
+  };
+  for (const auto &[zoom, from, to, newZoom, centerX, centerY] :
+       {ZoomCase{1.5, {100, 50}, {100, 50}, 3, 100, 50}, ZoomCase{60, {100, 50}, {100, 50}, 100, 100, 50},
+        ZoomCase{1.25, {120, 60}, {130, 60}, 2.5, 120, 42}, ZoomCase{100, {120, 60}, {120, 60}, 100, 100, 50},
+        ZoomCase{2, {110, 60}, {101, 50}, 20, 103, 47.5}, ZoomCase{0.5, {90, 40}, {91, 40}, 1, 0, 0}}) {
+    LookAt(100, 50, zoom);
+    input.Drag(from, to);
+    EXPECT_EQ(map.GetZoom(), newZoom);
+    EXPECT_EQ(map.GetCenterX(), centerX) << zoom;
+    EXPECT_EQ(map.GetCenterY(), centerY) << zoom;
+  }
+  EXPECT_EQ(completed, 6) << "also where the zoom stays";
+}
+
+TEST_F(StandardToolsTest, ZoomsOutByAClickOrIntoARectangle) {
+  TZoomOutTool tool;
+  Use(tool);
+  map.SetMinZoom(0.25);
+  for (const auto &[zoom, from, to, newZoom] : {std::tuple{8., QPoint(9, 9), QPoint(9, 9), 4.},
+                                                {0.3, {9, 9}, {9, 9}, 0.25},
+                                                {8., {10, 10}, {60, 20}, 2.},
+                                                {8., {100, 90}, {50, 80}, 0.4},
+                                                {8., {10, 90}, {60, 10}, 2.},
+                                                {8., {10, 10}, {11, 10}, 0.25}}) {
+    LookAt(100, 50, zoom);
+    input.Drag(from, to);
+    EXPECT_DOUBLE_EQ(map.GetZoom(), newZoom);
+  }
+  LookAt(10, 20, 2);
+  input.Click({30, 40});
+  EXPECT_EQ(map.GetCenterX(), 0) << "back at zoom 1";
+  EXPECT_EQ(map.GetCenterY(), 0);
+}
+
+TEST_F(StandardToolsTest, PansByTheWayOfADrag) {
+  TPanTool tool;
+  Use(tool);
+  AddSquare(AddLayer(), 20, 20, 40, clRed);
+  map.SetColor(clNavy);
+  map.GetCanvas().Brush().SetStyle(TBrushStyle::bsClear);
+  const QImage before = Repainted();
+  input.Press({40, 50});
+  input.MoveTo({70, 40});
+  const QImage dragged = Shown();
+  EXPECT_EQ(dragged.copy(30, 0, 170, 90), before.copy(0, 10, 170, 90));
+  EXPECT_EQ(dragged.pixel(10, 50), Pixel(clNavy));
+  EXPECT_EQ(dragged.pixel(100, 95), Pixel(clNavy));
+  EXPECT_EQ(map.GetCenterX(), 100) << "nothing has moved yet";
+  input.MoveTo({10, 60});
+  EXPECT_EQ(Shown().pixel(190, 50), Pixel(clNavy));
+  EXPECT_EQ(Shown().pixel(50, 5), Pixel(clNavy));
+  input.MoveTo({70, 40});
+  input.Release({70, 40});
+  EXPECT_EQ(map.GetCenterX(), 70);
+  EXPECT_EQ(map.GetCenterY(), 40);
+  EXPECT_EQ(Shown(), dragged);
+  input.Drag({40, 50}, {40, 50});
+  EXPECT_EQ(map.GetCenterX(), 70);
+  EXPECT_EQ(completed, 0);
+}
+
+TEST_F(StandardToolsTest, DrawsALineAndARectangleFromPressToRelease) {
+  TMapLayer *layer = AddEditableLayer();
+  TLineTool line;
+  TRectTool rectangle;
+  Use(line);
+  input.Drag({40, 50}, {40, 50});
+  EXPECT_EQ(layer->GetObjectCount(), 0);
+  EXPECT_EQ(completed, 1);
+  input.Drag({60, 50}, {40, 30}, Qt::RightButton);
+  input.Drag({60, 50}, {40, 30});
+  ASSERT_EQ(layer->GetObjectCount(), 1);
+  EXPECT_NE(dynamic_cast<TPolyline *>(layer->First()), nullptr);
+  EXPECT_EQ(Vertices(*layer->First()), "60,50 40,70 ");
+  Use(rectangle);
+  input.Drag({60, 90}, {40, 70});
+  EXPECT_NE(dynamic_cast<TRectangle *>(layer->Last()), nullptr);
+  EXPECT_EQ(Vertices(*layer->Last()), "60,10 40,30 ") << "the corner of the press is the first";
+  EXPECT_EQ(Shown().pixel(40, 80), Pixel(clBlack)) << "at once";
+  EXPECT_EQ(completed, 3);
+}
+
+TEST_F(StandardToolsTest, ClicksPolylinesAndRegionsTogether) {
+  TMapLayer *layer = AddEditableLayer();
+  TPolylineTool line;
+  TRegionTool region;
+  Use(line);
+  input.DoubleClick({40, 50});
+  EXPECT_EQ(layer->GetObjectCount(), 0) << "one vertex is no line";
+  EXPECT_FALSE(line.GetInGesture());
+  input.Click({10, 90});
+  input.MoveTo({20, 20}, Qt::NoButton);
+  input.Click({5, 5}, {}, Qt::RightButton);
+  input.Click({20, 80});
+  input.DoubleClick({30, 90});
+  ASSERT_EQ(layer->GetObjectCount(), 1);
+  EXPECT_EQ(Vertices(*layer->First()), "10,10 20,20 30,10 ");
+  input.DoubleClick({5, 5}, Qt::RightButton);
+  Use(region);
+  input.Click({10, 90});
+  map.SetCenterX(110);
+  input.DoubleClick({10, 80});
+  EXPECT_EQ(layer->GetObjectCount(), 1) << "two vertices are no region";
+  input.Click({10, 90});
+  map.SetCenterX(100);
+  input.Click({20, 80});
+  input.DoubleClick({30, 90});
+  ASSERT_EQ(layer->GetObjectCount(), 2);
+  EXPECT_EQ(Vertices(*layer->Last()), "20,10 20,20 30,10 20,10 ") << "vertices stay where the view was";
+  EXPECT_EQ(completed, 4);
+}
+
+TEST_F(StandardToolsTest, PutsSymbolsAndCirclesWhereItIsClicked) {
+  TMapLayer *layer = AddEditableLayer();
+  map.GetOptions()->SetDefaultSymbolShape(40);
+  map.GetOptions()->SetDefaultSymbolFont(TFont(QStringLiteral("Symbols"), 20));
+  TSymbolTool symbol;
+  TCircleTool circle;
+  Use(symbol);
+  input.Click({30, 40}, {}, Qt::MiddleButton);
+  input.DoubleClick({30, 40});
+  ASSERT_EQ(layer->GetObjectCount(), 2) << "one for the press, one for the double click";
+  for (int i = 0; i < 2; ++i) {
+    auto *drawn = dynamic_cast<TSymbol *>(layer->GetObjects(i));
+    ASSERT_NE(drawn, nullptr);
+    EXPECT_EQ(Vertices(*drawn), "30,60 ");
+    EXPECT_EQ(drawn->GetShape(), 40);
+    EXPECT_EQ(drawn->GetFont(), map.GetOptions()->GetDefaultSymbolFont());
+  }
+  Use(circle);
+  input.Click({50, 60});
+  const auto *drawn = dynamic_cast<TGeoCircle *>(layer->Last());
+  ASSERT_NE(drawn, nullptr);
+  EXPECT_EQ(drawn->GetCenterX(), 50);
+  EXPECT_EQ(drawn->GetCenterY(), 40);
+  EXPECT_EQ(drawn->GetRadius(), TGeoCircle::DefaultRadius);
+  EXPECT_EQ(completed, 3);
+}
+
+TEST_F(StandardToolsTest, DrawsOnlyIntoAnEditableLayer) {
+  AddLayer();
+  TLineTool line;
+  TRectTool rectangle;
+  TPolylineTool polyline;
+  TRegionTool region;
+  TSymbolTool symbol;
+  TCircleTool circle;
+  TTextTool text;
+  for (TCustomMapTool *tool :
+       std::initializer_list<TCustomMapTool *>{&line, &rectangle, &polyline, &region, &symbol, &circle, &text}) {
+    Use(*tool);
+    EXPECT_FALSE(tool->GetEnabled());
+    input.Click({10, 10});
+    input.Drag({60, 90}, {40, 70});
+    input.DoubleClick({80, 70});
+    input.Key(Qt::Key_Return);
+    EXPECT_EQ(map.GetLayers()->First()->GetObjectCount(), 0);
+    map.GetLayers()->First()->SetEditable(true);
+    EXPECT_TRUE(tool->GetEnabled());
+    map.GetLayers()->First()->SetEditable(false);
+  }
+  EXPECT_TRUE(messages.isEmpty());
+}
+
+TEST_F(StandardToolsTest, SurvivesHandlersThatTakeEverythingAway) {
+  TMapLayer *layer = AddEditableLayer();
+  const auto draw = [this] {
+    input.Drag({60, 90}, {40, 70});
+    input.Click({80, 20});
+    input.Click({70, 20});
+    input.DoubleClick({80, 70});
+    input.Key(Qt::Key_Return);
+  };
+  for (const auto make :
+       std::initializer_list<TCustomMapTool *(*)()>{[] { return static_cast<TCustomMapTool *>(new TLineTool); },
+                                                    [] { return static_cast<TCustomMapTool *>(new TPolylineTool); },
+                                                    [] { return static_cast<TCustomMapTool *>(new TSymbolTool); },
+                                                    [] { return static_cast<TCustomMapTool *>(new TTextTool); },
+                                                    [] { return static_cast<TCustomMapTool *>(new TZoomInTool); }}) {
+    std::unique_ptr<TCustomMapTool> tool(make());
+    Use(*tool);
+    const auto deletes = QObject::connect(&map, &TTessera::OnAddObject, &map, [layer] { layer->DeleteObjects(); });
+    draw();
+    EXPECT_EQ(layer->GetObjectCount(), 0);
+    QObject::disconnect(deletes);
+    messages.clear();
+    const auto throws = QObject::connect(tool.get(), &TCustomMapTool::OnComplete, &map, [] { throw 1; });
+    const auto throwsToo = QObject::connect(&map, &TTessera::OnAddObject, &map, [] { throw 2; });
+    draw();
+    EXPECT_FALSE(messages.isEmpty());
+    EXPECT_FALSE(tool->GetInGesture());
+    QObject::disconnect(throws);
+    QObject::disconnect(throwsToo);
+    messages.clear();
+    QObject::connect(tool.get(), &TCustomMapTool::OnComplete, &map, [&tool] { tool.reset(); });
+    draw();
+    EXPECT_EQ(tool, nullptr);
+    EXPECT_TRUE(messages.isEmpty());
+    layer->DeleteObjects();
+  }
+}
+
+}  // namespace
+}  // namespace tessera::test
