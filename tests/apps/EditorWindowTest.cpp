@@ -1,50 +1,23 @@
 // SPDX-License-Identifier: MIT
-#include "MapFiles.h"
+#include "EditorFixture.h"
 
 #include <apps/common/FileFilters.h>
-#include <apps/common/ProgramSetup.h>
-#include <apps/editor/MessageBar.h>
-#include <apps/editor/StatusPanel.h>
-#include <apps/editor/TEditorWindow.h>
 #include <tessera/objects/TCircle.h>
 
-#include <QApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
-#include <gtest/gtest.h>
 
 namespace tessera::apps {
 namespace {
 
 using test::MapFileNamed;
 
-class EditorWindowTest : public testing::Test {
+class EditorWindowTest : public EditorFixture {
  protected:
-  EditorWindowTest() {
-    window.show();
-    QApplication::processEvents();
-  }
-  /// Opens files and lets the window settle.
-  void Open(const QStringList &files) {
-    window.OpenFiles(files);
-    QApplication::processEvents();
-  }
-  [[nodiscard]] static QByteArray BytesOf(const QString &path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
-  [[nodiscard]] QString PathOf(const char *name) const { return folder.filePath(QString::fromLatin1(name)); }
-
   const QString squares = MapFileNamed("squares.mif");
   const QString cover = MapFileNamed("cover.mif");
-  const QTemporaryDir folder;
-  const TStandardProviders providers;
-  TEditorWindow window;
-  TTessera &map = window.GetMap();
-  MessageBar &messages = window.GetMessageBar();
 };
 
 TEST_F(EditorWindowTest, OpensFilesBottomFirstAndShowsThemWholeIfTheyAreTheFirst) {
@@ -58,7 +31,7 @@ TEST_F(EditorWindowTest, OpensFilesBottomFirstAndShowsThemWholeIfTheyAreTheFirst
   Open({squares});
   EXPECT_EQ(map.GetCenterX(), 3);
   EXPECT_EQ(window.GetStatusPanel().GetZoom(), u"Zoom 5");
-  window.FitAll();
+  map.ShowAll();
   EXPECT_EQ(map.GetCenterX(), 10);
   EXPECT_EQ(messages.GetCount(), 0);
 }
@@ -121,31 +94,31 @@ TEST_F(EditorWindowTest, AsksBeforeALayerReplacesItsSourceThatItDoesNotHoldWhole
   TMapLayer &layer = *map.GetLayers()->First();
   QStringList asked;
   bool answer = false;
-  window.SetLossQuestion([&](const QString &, const QStringList &losses) {
+  window.GetFiles().Questions().goOnLosing = [&](const QString &, const QStringList &losses) {
     asked = losses;
     return answer;
-  });
-  EXPECT_FALSE(window.SaveLayer(layer, own));
+  };
+  EXPECT_FALSE(window.GetFiles().SaveTo(layer, own));
   EXPECT_TRUE(asked.value(0).startsWith(u"all that comes after this error in line 18"));
   EXPECT_EQ(BytesOf(own), before);
-  EXPECT_EQ(window.ProposeFileFor(layer), PathOf("own-1.mif"));
+  EXPECT_EQ(LayerFiles::ProposeFileFor(layer), PathOf("own-1.mif"));
 
   asked.clear();
-  EXPECT_TRUE(window.SaveLayer(layer, PathOf("own-1.mif"))) << "another file loses nothing";
+  EXPECT_TRUE(window.GetFiles().SaveTo(layer, PathOf("own-1.mif"))) << "another file loses nothing";
   EXPECT_EQ(asked, QStringList());
-  EXPECT_FALSE(window.SaveLayer(layer, own)) << "it still lacks what it was not read of the first";
+  EXPECT_FALSE(window.GetFiles().SaveTo(layer, own)) << "it still lacks what it was not read of the first";
   answer = true;
-  EXPECT_TRUE(window.SaveLayer(layer, own));
+  EXPECT_TRUE(window.GetFiles().SaveTo(layer, own));
   EXPECT_NE(BytesOf(own), before);
   asked.clear();
-  EXPECT_TRUE(window.SaveLayer(layer, own));
+  EXPECT_TRUE(window.GetFiles().SaveTo(layer, own));
   EXPECT_FALSE(asked.join(u' ').contains(u"error")) << "the file holds no more than the layer now";
 }
 
 TEST_F(EditorWindowTest, TellsWhatASavedFileDoesNotHold) {
   TMapLayer &layer = *map.GetLayers()->Add(QString(), QStringLiteral("round"));
   layer.NewObject<TCircle>();
-  EXPECT_TRUE(window.SaveLayer(layer, PathOf("round.mif")));
+  EXPECT_TRUE(window.GetFiles().SaveTo(layer, PathOf("round.mif")));
   QApplication::processEvents();
   EXPECT_TRUE(messages.GetText().contains(u"without their shape: 1"));
 }
@@ -153,6 +126,8 @@ TEST_F(EditorWindowTest, TellsWhatASavedFileDoesNotHold) {
 TEST_F(EditorWindowTest, ExportsThePictureAsShownIfItCan) {
   Open({squares});
   EXPECT_TRUE(window.ExportPicture(PathOf("map.png")));
+  EXPECT_TRUE(window.ExportPicture(PathOf("map.pdf")));
+  EXPECT_TRUE(BytesOf(PathOf("map.pdf")).startsWith("%PDF"));
   const QImage picture(PathOf("map.png"));
   ASSERT_EQ(picture.size(), map.size());
   int x = 0;
@@ -160,7 +135,7 @@ TEST_F(EditorWindowTest, ExportsThePictureAsShownIfItCan) {
   map.MapToScreen(1, 9, x, y, false);
   EXPECT_EQ(picture.pixel(x, y), qRgb(255, 0, 0));
   EXPECT_FALSE(window.ExportPicture(PathOf("none/map.png")));
-  EXPECT_FALSE(window.SaveLayer(*map.GetLayers()->First(), PathOf("copy.none")));
+  EXPECT_FALSE(window.GetFiles().SaveTo(*map.GetLayers()->First(), PathOf("copy.none")));
 }
 
 TEST(MessageBarTest, ShowsQueuedMessagesOneByOneAndEachOnceOnly) {

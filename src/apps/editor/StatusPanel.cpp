@@ -21,8 +21,14 @@ int DecimalsOf(const TViewport &viewport) {
 
 }  // namespace
 
-StatusPanel::StatusPanel(const TTessera &map, QWidget *parent)
-    : QWidget(parent), m_summary(new QLabel(this)), m_coordinates(new QLabel(this)), m_zoom(new QLabel(this)) {
+StatusPanel::StatusPanel(TTessera &map, QWidget *parent)
+    : QWidget(parent),
+      m_summary(new QLabel(this)),
+      m_editing(new QLabel(this)),
+      m_selection(new QLabel(this)),
+      m_coordinates(new QLabel(this)),
+      m_zoom(new QLabel(this)),
+      m_follower(map, [this](TMapDataLinkEvent, TObject *) { m_refresh.start(); }) {
   m_summary->setTextFormat(Qt::PlainText);
   // A long summary does not keep the window from becoming narrow.
   m_summary->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -31,9 +37,12 @@ StatusPanel::StatusPanel(const TTessera &map, QWidget *parent)
   row->setSpacing(2 * row->spacing());
   row->addWidget(m_summary, 1);
   row->addWidget(new ProgressPanel(map, this));
-  row->addWidget(m_coordinates);
-  row->addWidget(m_zoom);
+  for (QLabel *label : {m_editing, m_selection, m_coordinates, m_zoom}) row->addWidget(label);
   ShowZoom(map);
+  ShowLayersAndSelection(map);
+  // Many notices, of a big selection say, are one change here.
+  m_refresh.setSingleShot(true);
+  connect(&m_refresh, &QTimer::timeout, &map, [this, &map] { ShowLayersAndSelection(map); });
   connect(&map, &TTessera::OnZoom, this, [this](const TTessera *sender) { ShowZoom(*sender); });
   connect(&map, &TTessera::OnMouseMove, this, [this](const TTessera *sender, TShiftState, int x, int y) {
     m_cursor = QPoint(x, y);
@@ -56,6 +65,19 @@ QString StatusPanel::GetCoordinates() const {
 }
 QString StatusPanel::GetZoom() const {
   return m_zoom->text();
+}
+
+QString StatusPanel::GetEditing() const {
+  return m_editing->text();
+}
+QString StatusPanel::GetSelection() const {
+  return m_selection->text();
+}
+
+void StatusPanel::ShowLayersAndSelection(const TTessera &map) {
+  const TMapLayer *layer = map.GetLayers()->GetEditableLayer();
+  m_editing->setText(layer == nullptr ? tr("Nothing editable") : tr("Editing %1").arg(layer->GetName()));
+  m_selection->setText(tr("Selected: %1").arg(map.GetSelection()->GetCount()));
 }
 
 void StatusPanel::ShowCoordinates(const TTessera &map) {

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tessera/map/TTessera.h>
+#include <apps/editor/MapFollower.h>
 
 #include <QPoint>
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -12,13 +13,13 @@ class QLabel;
 
 namespace tessera::apps {
 
-/// What a status bar shows of a map: what the last load came to, the progress of loading, the map point under the
-/// cursor, and the zoom.
+/// What a status bar shows of a map: what the last load came to, the progress of loading, the editable layer, how many
+/// objects are selected, the map point under the cursor, and the zoom.
 class StatusPanel : public QWidget {
   Q_OBJECT
 
  public:
-  explicit StatusPanel(const TTessera &map, QWidget *parent = nullptr);
+  explicit StatusPanel(TTessera &map, QWidget *parent = nullptr);
 
   /// Shows one line; what does not fit can be read as a tool tip.
   void SetSummary(const QString &text);
@@ -26,15 +27,22 @@ class StatusPanel : public QWidget {
   [[nodiscard]] QString GetSummary() const;
   [[nodiscard]] QString GetCoordinates() const;
   [[nodiscard]] QString GetZoom() const;
+  [[nodiscard]] QString GetEditing() const;
+  [[nodiscard]] QString GetSelection() const;
 
  private:
+  void ShowLayersAndSelection(const TTessera &map);
   void ShowCoordinates(const TTessera &map);
   void ShowZoom(const TTessera &map);
 
   QLabel *m_summary;
+  QLabel *m_editing;
+  QLabel *m_selection;
   QLabel *m_coordinates;
   QLabel *m_zoom;
   std::optional<QPoint> m_cursor;  // where it was last seen on the map
+  QTimer m_refresh;
+  MapFollower m_follower;
 };
 
 }  // namespace tessera::apps

@@ -1,26 +1,27 @@
 // SPDX-License-Identifier: MIT
-#include <apps/common/FileFilters.h>
 #include <apps/common/PictureFile.h>
+#include <apps/editor/EditorTools.h>
+#include <apps/editor/LayerFiles.h>
+#include <apps/editor/LayerPanel.h>
 #include <apps/editor/MessageBar.h>
+#include <apps/editor/NewLayerDialog.h>
+#include <apps/editor/OptionsDialog.h>
+#include <apps/editor/RecentFiles.h>
 #include <apps/editor/StatusPanel.h>
 #include <apps/editor/TEditorWindow.h>
 #include <tessera/base/Exceptions.h>
-#include <tessera/layers/MapFiles.h>
-#include <tessera/providers/CustomFormatProvider.h>
 
-#include <QDir>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDockWidget>
 #include <QDragEnterEvent>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QInputDialog>
-#include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
-#include <QPushButton>
+#include <QSettings>
 #include <QStatusBar>
-
-#include <utility>
 
 namespace tessera::apps {
 namespace {
@@ -28,10 +29,16 @@ namespace {
 /// The wheel's limits: from the data as a thumbnail to a millionth of it.
 constexpr double MinZoom = 1.0 / 64;
 constexpr double MaxZoom = 1 << 20;
+constexpr int PickTolerancePx = 4;
 
 constexpr QSize InitialSize(1000, 700);
 
-const QString BetweenFilters = QStringLiteral(";;");
+QString GeometryKey() {
+  return QStringLiteral("window/geometry");
+}
+QString StateKey() {
+  return QStringLiteral("window/state");
+}
 
 QStringList LocalFilesOf(const QMimeData &data) {
   QStringList files;
@@ -41,59 +48,36 @@ QStringList LocalFilesOf(const QMimeData &data) {
   return files;
 }
 
-QStringList MapFilters() {
-  return ToNameFilters(FormatProviders == nullptr ? QString() : FormatProviders->GetFilter());
-}
-
-/// Asks for the name of a file to write, which gets the ending of the first filter when it has none; empty when the
-/// person thinks better of it.
-QString AskForFileToWrite(QWidget *parent, const QString &title, const QString &proposal, const QStringList &filters) {
-  QFileDialog dialog(parent, title);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setNameFilters(filters);
-  dialog.setDefaultSuffix(DefaultEnding(filters.value(0)));
-  dialog.selectFile(proposal);
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
-
-/// Asks in a dialog whose answer is no unless the person says otherwise.
-bool AskInDialog(QWidget *parent, const QString &question, const QStringList &losses) {
-  QMessageBox dialog(QMessageBox::Warning, TEditorWindow::tr("Save layer"), question, QMessageBox::Cancel, parent);
-  const QPushButton *replace = dialog.addButton(TEditorWindow::tr("&Replace"), QMessageBox::DestructiveRole);
-  dialog.setDefaultButton(QMessageBox::Cancel);
-  dialog.setInformativeText(losses.join(u'\n'));
-  dialog.exec();
-  return dialog.clickedButton() == replace;
-}
-
-/// Shows the busy cursor as long as it lives.
-class WaitCursor {
- public:
-  WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-  WaitCursor(const WaitCursor &) = delete;
-  WaitCursor &operator=(const WaitCursor &) = delete;
-};
-
 }  // namespace
 
 TEditorWindow::TEditorWindow(QWidget *parent)
-    : QMainWindow(parent), m_map(new TTessera), m_messageBar(new MessageBar), m_statusPanel(new StatusPanel(*m_map)) {
+    : QMainWindow(parent),
+      m_map(new TTessera),
+      m_messageBar(new MessageBar),
+      m_files(new LayerFiles(*this, *m_map)),
+      m_tools(new EditorTools(*m_map, this)),
+      m_layers(new LayerPanel(*m_map, m_files->GetUnsaved())),
+      m_statusPanel(new StatusPanel(*m_map)),
+      m_recent(new RecentFiles(tr("Open &recent"), this)) {
   setWindowTitle(tr("Tessera editor"));
   setAcceptDrops(true);
   setCentralWidget(MakeCentralWidget());
+  auto *dock = new QDockWidget(tr("Layers"), this);
+  dock->setObjectName(QStringLiteral("layers"));
+  dock->setWidget(m_layers);
+  addDockWidget(Qt::LeftDockWidgetArea, dock);
   statusBar()->addWidget(m_statusPanel, 1);
+  SetUpMap();
   MakeMenus();
-  m_map->SetMinZoom(MinZoom);
-  m_map->SetMaxZoom(MaxZoom);
-  m_map->setMouseTracking(true);
-  m_map->setFocus();
+  connect(m_files, &LayerFiles::Done, m_statusPanel, &StatusPanel::SetSummary);
+  connect(m_files, &LayerFiles::Failed, m_messageBar, &MessageBar::Post);
+  connect(m_files, &LayerFiles::Used, m_recent, &RecentFiles::Add);
+  connect(m_recent, &RecentFiles::Chosen, m_files, [this](const QString &file) { m_files->Open({file}); });
   m_sinkBefore = SetMessageSink([bar = m_messageBar](const QString &text) { bar->Post(text); });
-  m_askAboutLosses = [this](const QString &question, const QStringList &losses) {
-    return AskInDialog(this, question, losses);
-  };
   resize(InitialSize);
+  const QSettings settings;
+  restoreGeometry(settings.value(GeometryKey()).toByteArray());
+  restoreState(settings.value(StateKey()).toByteArray());
 }
 
 TEditorWindow::~TEditorWindow() {
@@ -111,113 +95,113 @@ QWidget *TEditorWindow::MakeCentralWidget() {
   return pane;
 }
 
-void TEditorWindow::MakeMenus() {
-  // Shortcuts have a modifier: plain keys belong to the map.
-  QMenu *file = menuBar()->addMenu(tr("&File"));
-  file->addAction(tr("&Open…"), QKeySequence::Open, this, &TEditorWindow::AskForFilesToOpen);
-  file->addSeparator();
-  file->addAction(tr("&Save layer as…"), QKeySequence::Save, this, &TEditorWindow::AskWhereToSaveLayer);
-  file->addAction(tr("&Export picture…"), QKeySequence(Qt::CTRL | Qt::Key_E), this,
-                  &TEditorWindow::AskWhereToExportPicture);
-  file->addSeparator();
-  file->addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
-  QMenu *view = menuBar()->addMenu(tr("&View"));
-  view->addAction(tr("Fit &all"), QKeySequence(Qt::CTRL | Qt::Key_0), this, &TEditorWindow::FitAll);
+void TEditorWindow::SetUpMap() {
+  m_map->SetMinZoom(MinZoom);
+  m_map->SetMaxZoom(MaxZoom);
+  m_map->SetPickTolerancePx(PickTolerancePx);
+  m_map->GetNavigation()->SetWheelKeepsPlace(true);
+  m_map->GetNavigation()->SetWheelAddsUp(true);
+  m_map->setFocus();
+  // Plain keys belong to the map, also those that are shortcuts elsewhere in the window.
+  connect(m_map, &TTessera::OnKeyDown, this, [this](TTessera *, int &key) {
+    if (key == Qt::Key_Delete && !m_tools->AreKeysInUse()) DeleteSelected();
+  });
 }
 
-void TEditorWindow::OpenFiles(const QStringList &fileNames) {
-  const WaitCursor cursor;
-  const bool wasEmpty = m_map->GetLayers()->GetCount() == 0;
-  for (const QString &fileName : fileNames) {
-    const TLoadedFile loaded = LoadMapFile(*m_map->GetLayers(), fileName);
-    if (!loaded.error.isEmpty()) m_messageBar->Post(loaded.error);
-    for (const QString &warning : loaded.warnings) m_messageBar->Post(warning);
-    if (loaded.layer != nullptr) {
-      m_statusPanel->SetSummary(QFileInfo(fileName).fileName() + QStringLiteral(": ") + loaded.report.Summary());
-    }
+TMapLayer *TEditorWindow::GetCurrentLayer() const {
+  return m_layers->GetCurrentLayer();
+}
+
+void TEditorWindow::WithLayer(const std::function<void(TMapLayer &layer)> &command) {
+  if (TMapLayer *layer = GetCurrentLayer()) {
+    command(*layer);
+  } else {
+    m_messageBar->Post(tr("There is no layer."));
   }
-  if (wasEmpty) FitAll();
 }
 
-bool TEditorWindow::SaveLayer(TMapLayer &layer, const QString &fileName) {
-  const QStringList losses = LossesOfSaving(layer, fileName);
-  const QString name = QFileInfo(fileName).fileName();
-  if (!losses.isEmpty() && !m_askAboutLosses(tr("Replacing %1 by this layer loses:").arg(name), losses)) return false;
-  const WaitCursor cursor;
-  const TSavedFile saved = SaveMapFile(layer, fileName);
-  for (const QString &warning : saved.warnings) m_messageBar->Post(warning);
-  return ReportWriting(fileName, saved.error);
+TMapLayer *TEditorWindow::AddLayer(const QString &name, const TDataFields &fields) {
+  TMapLayer *layer = m_map->GetLayers()->Add(QString(), name);
+  if (layer == nullptr) return nullptr;
+  layer->GetFields().Assign(fields);
+  layer->SetEditable(true);
+  m_files->GetUnsaved().Note(*layer);
+  return layer;
 }
 
-QString TEditorWindow::ProposeFileFor(const TMapLayer &layer) {
-  const QString own = layer.GetFileName();
-  if (LossesOfSaving(layer, own).isEmpty()) return own;
-  const QFileInfo file(own);
-  const QString ending = file.suffix();
-  for (int i = 1;; ++i) {
-    const QString copy =
-        file.dir().filePath(QStringLiteral("%1-%2.%3").arg(file.completeBaseName()).arg(i).arg(ending));
-    if (!QFileInfo::exists(copy)) return copy;
+void TEditorWindow::DeleteSelected() {
+  const TMapLayer *editable = m_map->GetLayers()->GetEditableLayer();
+  std::vector<TCustomMapObject *> doomed;
+  for (TCustomMapObject *object : m_map->GetSelection()->Items()) {
+    if (editable != nullptr && object->GetLayer() == editable) doomed.push_back(object);
   }
+  const auto left = int(m_map->GetSelection()->Items().size() - doomed.size());
+  if (left > 0) m_messageBar->Post(tr("%n selected object(s) stay, for their layer is not editable.", nullptr, left));
+  if (!doomed.empty()) m_map->GetLayers()->GetEditableLayer()->DeleteObjects(doomed);
 }
 
 bool TEditorWindow::ExportPicture(const QString &fileName) {
   const WaitCursor cursor;
+  QString error;
   try {
     m_map->PaintMapToBitmap();
-  } catch (const std::exception &error) {
-    return ReportWriting(fileName, MessageOf(error));
+    error = SaveMapPicture(*m_map, fileName);
+  } catch (const std::exception &failure) {
+    error = MessageOf(failure);
   }
+  if (error.isEmpty()) {
+    m_statusPanel->SetSummary(tr("%1 is written").arg(QFileInfo(fileName).fileName()));
+  } else {
+    m_messageBar->Post(error);
+  }
+  return error.isEmpty();
+}
+
+void TEditorWindow::CopyPicture() {
   TBitmap picture;
   m_map->AssignToBitmap(picture);
-  return ReportWriting(fileName, SavePicture(picture.GetImage(), fileName));
+  QGuiApplication::clipboard()->setImage(picture.GetImage());
 }
 
-bool TEditorWindow::ReportWriting(const QString &fileName, const QString &error) {
-  if (!error.isEmpty()) {
-    m_messageBar->Post(error);
-    return false;
-  }
-  m_statusPanel->SetSummary(tr("%1 is written").arg(QFileInfo(fileName).fileName()));
-  return true;
+void TEditorWindow::MoveLayer(int by) {
+  WithLayer([this, by](const TMapLayer &layer) {
+    const int from = m_map->GetLayers()->IndexOf(&layer);
+    const int to = from + by;
+    if (to >= 0 && to < m_map->GetLayers()->GetCount()) m_map->GetLayers()->Move(from, to);
+  });
 }
 
-void TEditorWindow::FitAll() {
-  m_map->ShowAll();
-}
-
-void TEditorWindow::AskForFilesToOpen() {
-  QStringList filters = MapFilters();
-  filters.prepend(ToCommonNameFilter(filters));
-  const QStringList files =
-      QFileDialog::getOpenFileNames(this, tr("Open map files"), QString(), filters.join(BetweenFilters));
-  if (!files.isEmpty()) OpenFiles(files);
-}
-
-TMapLayer *TEditorWindow::AskForLayer() {
-  const TMapLayers &layers = *m_map->GetLayers();
-  if (layers.GetCount() <= 1) return layers.GetCount() == 1 ? layers.First() : nullptr;
-  QStringList names;
-  for (int i = layers.GetCount() - 1; i >= 0; --i) {
-    names.append(QStringLiteral("%1. %2").arg(i + 1).arg(layers.GetLayer(i)->GetName()));
-  }
-  bool isChosen = false;
-  const QString chosen =
-      QInputDialog::getItem(this, tr("Save layer"), tr("Layer, the top one first:"), names, 0, false, &isChosen);
-  return isChosen ? layers.GetLayer(layers.GetCount() - 1 - int(names.indexOf(chosen))) : nullptr;
-}
-
-void TEditorWindow::AskWhereToSaveLayer() {
-  if (m_map->GetLayers()->GetCount() == 0) m_messageBar->Post(tr("There is no layer to save."));
-  TMapLayer *layer = AskForLayer();
-  if (layer == nullptr) return;
-  const QString file = AskForFileToWrite(this, tr("Save layer as"), ProposeFileFor(*layer), MapFilters());
-  if (!file.isEmpty()) SaveLayer(*layer, file);
+void TEditorWindow::AskForNewLayer() {
+  NewLayerDialog dialog(this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  TDataFields fields;
+  dialog.AddFieldsTo(fields);
+  AddLayer(dialog.GetLayerName(), fields);
 }
 
 void TEditorWindow::AskWhereToExportPicture() {
   const QString file = AskForFileToWrite(this, tr("Export picture"), QStringLiteral("map.png"), {PictureNameFilter()});
   if (!file.isEmpty()) ExportPicture(file);
+}
+
+void TEditorWindow::AskForRotation() {
+  constexpr double FullTurnDeg = 360;
+  bool isChosen = false;
+  const double angleDeg = QInputDialog::getDouble(this, tr("Rotate map"), tr("Angle, clockwise, in degrees:"),
+                                                  m_map->GetRotationAngle(), -FullTurnDeg, FullTurnDeg, 2, &isChosen);
+  if (isChosen) m_map->RotateMap(m_map->GetCenterX(), m_map->GetCenterY(), angleDeg);
+}
+
+void TEditorWindow::AskForOptions() {
+  OptionsDialog(*m_map->GetOptions(), this).exec();
+}
+
+void TEditorWindow::closeEvent(QCloseEvent *event) {
+  event->setAccepted(m_files->SettleAll());
+  if (!event->isAccepted()) return;
+  QSettings settings;
+  settings.setValue(GeometryKey(), saveGeometry());
+  settings.setValue(StateKey(), saveState());
 }
 
 void TEditorWindow::dragEnterEvent(QDragEnterEvent *event) {
@@ -228,7 +212,7 @@ void TEditorWindow::dropEvent(QDropEvent *event) {
   event->acceptProposedAction();
   // The program that the files come from waits for the end of this event, but need not wait for the loading.
   QMetaObject::invokeMethod(
-      this, [this, files = LocalFilesOf(*event->mimeData())] { OpenFiles(files); }, Qt::QueuedConnection);
+      m_files, [this, files = LocalFilesOf(*event->mimeData())] { m_files->Open(files); }, Qt::QueuedConnection);
 }
 
 }  // namespace tessera::apps

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/ProgramSetup.h>
+#include <apps/editor/LayerFiles.h>
 #include <apps/editor/TEditorWindow.h>
 
 #include <QApplication>
@@ -12,7 +13,7 @@ namespace {
 /// Opens the files once the window stands on the screen, so that loading shows its progress there.
 void OpenOnceShown(tessera::apps::TEditorWindow &window, const QStringList &files) {
   if (window.windowHandle()->isExposed()) {
-    window.OpenFiles(files);
+    window.GetFiles().Open(files);
     return;
   }
   constexpr int IntervalMs = 10;
@@ -23,6 +24,7 @@ void OpenOnceShown(tessera::apps::TEditorWindow &window, const QStringList &file
 
 int main(int argc, char **argv) {
   QApplication application(argc, argv);
+  QApplication::setOrganizationName(QStringLiteral("tessera"));
   QApplication::setApplicationName(QStringLiteral("tessera-editor"));
   QApplication::setApplicationVersion(QStringLiteral(TESSERA_VERSION));
   tessera::apps::UseDecimalPoint();

@@ -92,9 +92,7 @@ int RunRender(const QStringList &arguments) {
   } else {
     map.PaintMapToBitmap();
   }
-  TBitmap picture;
-  map.AssignToBitmap(picture);
-  if (const QString error = SavePicture(picture.GetImage(), options->picture); !error.isEmpty()) {
+  if (const QString error = SaveMapPicture(map, options->picture); !error.isEmpty()) {
     PrintComplaint(error);
     return esFailed;
   }

@@ -19,6 +19,7 @@ class TTessera;
 /// platform: input, painting.
 class TESSERA_WIDGETS_EXPORT TTesseraEvents : public QWidget {
   Q_OBJECT
+  Q_MOC_INCLUDE(<tessera / map / TTessera.h>)
 
  public:
   using QWidget::QWidget;

@@ -28,7 +28,7 @@ TBounds ExtentFor(const detail::ViewFit &fit, const QSize &clientPx) {
   // Far from the origin narrower extents would have bounds that doubles cannot tell apart.
   constexpr double NarrowestPart = 0x1p-40;
   const long double width = fit.width > 0 ? fit.width : 1;
-  const long double halfWidth = std::max<long double>(
+  const auto halfWidth = std::max<long double>(
       {width / 2, std::fabs(fit.centerX) * NarrowestPart, std::fabs(fit.centerY) * NarrowestPart});
   const long double halfHeight = halfWidth * clientPx.height() / clientPx.width();
   return {Held(fit.centerX - halfWidth), Held(fit.centerY - halfHeight), Held(fit.centerX + halfWidth),

@@ -143,7 +143,7 @@ void InputRouter::Type(const QString &text) {
 }
 
 void InputRouter::InputMethod(const QInputMethodEvent &event) {
-  const QString preedit = event.preeditString();
+  const QString &preedit = event.preeditString();
   int cursor = int(preedit.size());
   for (const auto &attribute : event.attributes()) {
     if (attribute.type == QInputMethodEvent::Cursor) cursor = attribute.start;

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include <apps/common/FileFilters.h>
+#include <apps/editor/LayerFiles.h>
+#include <tessera/layers/MapFiles.h>
+#include <tessera/providers/CustomFormatProvider.h>
+
+#include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace tessera::apps {
+namespace {
+
+const QString BetweenFilters = QStringLiteral(";;");
+
+QStringList MapFilters() {
+  return ToNameFilters(FormatProviders == nullptr ? QString() : FormatProviders->GetFilter());
+}
+
+/// Asks in a dialog whose answer is no unless the person says otherwise.
+bool AskAboutLosses(QWidget *parent, const QString &question, const QStringList &losses) {
+  QMessageBox dialog(QMessageBox::Warning, LayerFiles::tr("Save layer"), question, QMessageBox::Cancel, parent);
+  const QPushButton *replace = dialog.addButton(LayerFiles::tr("&Replace"), QMessageBox::DestructiveRole);
+  dialog.setDefaultButton(QMessageBox::Cancel);
+  dialog.setInformativeText(losses.join(u'\n'));
+  dialog.exec();
+  return dialog.clickedButton() == replace;
+}
+
+FileQuestions::Unsaved AskAboutUnsaved(QWidget *parent, const TMapLayer &layer) {
+  const auto answer = QMessageBox::question(
+      parent, LayerFiles::tr("Unsaved changes"),
+      LayerFiles::tr("The layer %1 has changes that are not saved. Save them?").arg(layer.GetName()),
+      QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+  if (answer == QMessageBox::Save) return FileQuestions::Unsaved::Save;
+  return answer == QMessageBox::Discard ? FileQuestions::Unsaved::Discard : FileQuestions::Unsaved::Cancel;
+}
+
+}  // namespace
+
+WaitCursor::WaitCursor() {
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+WaitCursor::~WaitCursor() {
+  QGuiApplication::restoreOverrideCursor();
+}
+
+QString AskForFileToWrite(QWidget *parent, const QString &title, const QString &proposal, const QStringList &filters) {
+  QFileDialog dialog(parent, title);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setNameFilters(filters);
+  dialog.setDefaultSuffix(DefaultEnding(filters.value(0)));
+  dialog.selectFile(proposal);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+LayerFiles::LayerFiles(QWidget &window, TTessera &map)
+    : QObject(&window), m_window(window), m_map(map), m_unsaved(map) {
+  m_questions.goOnLosing = [this](const QString &question, const QStringList &losses) {
+    return AskAboutLosses(&m_window, question, losses);
+  };
+  m_questions.aboutUnsaved = [this](const TMapLayer &layer) { return AskAboutUnsaved(&m_window, layer); };
+  m_questions.whereToSave = [this](const TMapLayer &layer) {
+    return AskForFileToWrite(&m_window, tr("Save layer as"), ProposeFileFor(layer), MapFilters());
+  };
+}
+
+void LayerFiles::Open(const QStringList &fileNames) {
+  const WaitCursor cursor;
+  const bool wasEmpty = m_map.GetLayers()->GetCount() == 0;
+  for (const QString &fileName : fileNames) {
+    const TLoadedFile loaded = LoadMapFile(*m_map.GetLayers(), fileName);
+    if (!loaded.error.isEmpty()) Q_EMIT Failed(loaded.error);
+    for (const QString &warning : loaded.warnings) Q_EMIT Failed(warning);
+    if (loaded.layer == nullptr) continue;
+    Q_EMIT Done(QFileInfo(fileName).fileName() + QStringLiteral(": ") + loaded.report.Summary());
+    Q_EMIT Used(fileName);
+  }
+  if (wasEmpty) m_map.ShowAll();
+}
+
+bool LayerFiles::SaveTo(TMapLayer &layer, const QString &fileName) {
+  const QStringList losses = LossesOfSaving(layer, fileName);
+  const QString name = QFileInfo(fileName).fileName();
+  if (!losses.isEmpty() && !m_questions.goOnLosing(tr("Replacing %1 by this layer loses:").arg(name), losses)) {
+    return false;
+  }
+  const WaitCursor cursor;
+  const TSavedFile saved = SaveMapFile(layer, fileName);
+  for (const QString &warning : saved.warnings) Q_EMIT Failed(warning);
+  if (!saved.error.isEmpty()) {
+    Q_EMIT Failed(saved.error);
+    return false;
+  }
+  m_unsaved.NoteSaved(layer);
+  Q_EMIT Done(tr("%1 is written").arg(name));
+  Q_EMIT Used(fileName);
+  return true;
+}
+
+bool LayerFiles::Save(TMapLayer &layer) {
+  const QString own = layer.GetFileName();
+  return own.isEmpty() || !LossesOfSaving(layer, own).isEmpty() ? SaveAs(layer) : SaveTo(layer, own);
+}
+
+bool LayerFiles::SaveAs(TMapLayer &layer) {
+  const QString file = m_questions.whereToSave(layer);
+  return !file.isEmpty() && SaveTo(layer, file);
+}
+
+bool LayerFiles::Settle(TMapLayer &layer) {
+  if (!m_unsaved.Has(layer)) return true;
+  switch (m_questions.aboutUnsaved(layer)) {
+    case FileQuestions::Unsaved::Save:
+      return Save(layer);
+    case FileQuestions::Unsaved::Discard:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool LayerFiles::SettleAll() {
+  for (TMapLayer *layer : m_unsaved.GetLayers()) {
+    // A dialog lets everything else go on meanwhile.
+    if (m_map.GetLayers()->IndexOf(layer) >= 0 && !Settle(*layer)) return false;
+  }
+  return true;
+}
+
+bool LayerFiles::Close(TMapLayer &layer) {
+  if (!Settle(layer)) return false;
+  const int index = m_map.GetLayers()->IndexOf(&layer);
+  if (index >= 0) m_map.GetLayers()->Delete(index);
+  return true;
+}
+
+QString LayerFiles::ProposeFileFor(const TMapLayer &layer) {
+  const QString own = layer.GetFileName();
+  if (own.isEmpty()) return layer.GetName();
+  if (LossesOfSaving(layer, own).isEmpty()) return own;
+  const QFileInfo file(own);
+  const QString ending = file.suffix();
+  for (int i = 1;; ++i) {
+    const QString copy =
+        file.dir().filePath(QStringLiteral("%1-%2.%3").arg(file.completeBaseName()).arg(i).arg(ending));
+    if (!QFileInfo::exists(copy)) return copy;
+  }
+}
+
+void LayerFiles::AskForFilesToOpen() {
+  QStringList filters = MapFilters();
+  filters.prepend(ToCommonNameFilter(filters));
+  const QStringList files =
+      QFileDialog::getOpenFileNames(&m_window, tr("Open map files"), QString(), filters.join(BetweenFilters));
+  if (!files.isEmpty()) Open(files);
+}
+
+}  // namespace tessera::apps

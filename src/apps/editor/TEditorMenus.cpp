@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+// The menus and tool bars of the editor's window.
+#include <apps/editor/EditorTools.h>
+#include <apps/editor/LayerFiles.h>
+#include <apps/editor/MapPrinting.h>
+#include <apps/editor/RecentFiles.h>
+#include <apps/editor/TEditorWindow.h>
+#include <apps/editor/ThemedIcon.h>
+
+#include <QActionGroup>
+#include <QMenuBar>
+#include <QToolBar>
+
+namespace tessera::apps {
+namespace {
+
+QIcon Icon(const char *name) {
+  return ThemedIcon(QString::fromLatin1(name));
+}
+
+QKeySequence WithCtrl(Qt::Key key) {
+  return QKeyCombination(Qt::CTRL, key);
+}
+QKeySequence WithCtrlShift(Qt::Key key) {
+  return QKeyCombination(Qt::CTRL | Qt::SHIFT, key);
+}
+
+struct WheelMode {
+  const char *text;
+  bool keepsPlace;
+  TTessera::TWheelMouseZoomType type;
+};
+constexpr WheelMode WheelModes[] = {
+    {QT_TRANSLATE_NOOP("TEditorWindow", "The place under the &pointer"), true, TTessera::wmCenter},
+    {QT_TRANSLATE_NOOP("TEditorWindow", "The &middle of the view"), false, TTessera::wmCenter},
+    {QT_TRANSLATE_NOOP("TEditorWindow", "The first &selected object"), false, TTessera::wmSelected},
+};
+
+}  // namespace
+
+void TEditorWindow::MakeMenus() {
+  // Shortcuts have a modifier: plain keys belong to the map.
+  MakeFileMenu();
+  MakeEditMenu();
+  MakeViewMenu();
+  MakeLayerMenu();
+  MakeToolMenu();
+}
+
+void TEditorWindow::MakeFileMenu() {
+  QMenu *menu = menuBar()->addMenu(tr("&File"));
+  QToolBar *bar = addToolBar(tr("Files"));
+  bar->setObjectName(QStringLiteral("files"));
+  bar->addAction(
+      menu->addAction(Icon("new-layer"), tr("&New layer…"), QKeySequence::New, this, &TEditorWindow::AskForNewLayer));
+  bar->addAction(
+      menu->addAction(Icon("open"), tr("&Open…"), QKeySequence::Open, m_files, &LayerFiles::AskForFilesToOpen));
+  menu->addMenu(m_recent);
+  menu->addSeparator();
+  bar->addAction(menu->addAction(Icon("save"), tr("&Save layer"), QKeySequence::Save, this,
+                                 [this] { WithLayer([this](TMapLayer &layer) { m_files->Save(layer); }); }));
+  menu->addAction(tr("Save layer &as…"), WithCtrlShift(Qt::Key_S), this,
+                  [this] { WithLayer([this](TMapLayer &layer) { m_files->SaveAs(layer); }); });
+  menu->addAction(tr("&Close layer"), QKeySequence::Close, this,
+                  [this] { WithLayer([this](TMapLayer &layer) { m_files->Close(layer); }); });
+  menu->addSeparator();
+  menu->addAction(tr("&Export picture…"), WithCtrl(Qt::Key_E), this, &TEditorWindow::AskWhereToExportPicture);
+  menu->addAction(tr("Print pre&view…"), this, [this] { PreviewPrint(*m_map, this); });
+  menu->addAction(tr("&Print…"), QKeySequence::Print, this, [this] { AskAndPrint(*m_map, this); });
+  menu->addSeparator();
+  menu->addAction(tr("&Quit"), WithCtrl(Qt::Key_Q), this, &QWidget::close);
+}
+
+void TEditorWindow::MakeEditMenu() {
+  QMenu *menu = menuBar()->addMenu(tr("&Edit"));
+  menu->addAction(Icon("delete"), tr("&Delete selected objects"), QKeySequence::Delete, this,
+                  &TEditorWindow::DeleteSelected);
+  menu->addAction(tr("Select &nothing"), WithCtrlShift(Qt::Key_A), this, [this] { m_map->GetSelection()->Clear(); });
+  menu->addAction(tr("&Copy picture"), WithCtrlShift(Qt::Key_C), this, &TEditorWindow::CopyPicture);
+  menu->addSeparator();
+  menu->addAction(tr("New &objects…"), this, &TEditorWindow::AskForOptions);
+}
+
+void TEditorWindow::MakeViewMenu() {
+  QMenu *menu = menuBar()->addMenu(tr("&View"));
+  menu->addAction(Icon("fit-all"), tr("Fit &all"), WithCtrl(Qt::Key_0), this, [this] { m_map->ShowAll(); });
+  menu->addAction(tr("Fit &layer"), WithCtrl(Qt::Key_L), this,
+                  [this] { WithLayer([this](const TMapLayer &layer) { m_map->ShowLayer(layer); }); });
+  menu->addAction(tr("Fit &selection"), WithCtrl(Qt::Key_J), this, [this] { m_map->GetSelection()->Zoom(); });
+  menu->addSeparator();
+  menu->addAction(tr("&Rotate…"), WithCtrl(Qt::Key_R), this, &TEditorWindow::AskForRotation);
+  menu->addAction(tr("Rotate &back"), WithCtrlShift(Qt::Key_R), this, [this] {
+    m_map->UnRotate();
+    m_map->DoUpdate(true);
+  });
+  menu->addSeparator();
+  MakeWheelMenu(*menu);
+}
+
+void TEditorWindow::MakeWheelMenu(QMenu &view) {
+  QMenu *menu = view.addMenu(tr("The &wheel keeps"));
+  auto *group = new QActionGroup(menu);
+  for (const WheelMode &mode : WheelModes) {
+    QAction *action = group->addAction(menu->addAction(tr(mode.text)));
+    action->setCheckable(true);
+    connect(action, &QAction::triggered, m_map, [this, &mode] {
+      m_map->GetNavigation()->SetWheelKeepsPlace(mode.keepsPlace);
+      m_map->SetZoomType(mode.type);
+    });
+  }
+  group->actions().first()->setChecked(true);
+}
+
+void TEditorWindow::MakeLayerMenu() {
+  QMenu *menu = menuBar()->addMenu(tr("&Layer"));
+  menu->addAction(tr("Edit or &stop editing"), WithCtrl(Qt::Key_D), this,
+                  [this] { WithLayer([](TMapLayer &layer) { layer.SetEditable(!layer.GetEditable()); }); });
+  menu->addAction(tr("&Label or stop labelling"), this,
+                  [this] { WithLayer([](TMapLayer &layer) { layer.SetAutoLabel(!layer.GetAutoLabel()); }); });
+  menu->addSeparator();
+  menu->addAction(tr("Move &up"), WithCtrl(Qt::Key_PageUp), this, [this] { MoveLayer(1); });
+  menu->addAction(tr("Move &down"), WithCtrl(Qt::Key_PageDown), this, [this] { MoveLayer(-1); });
+}
+
+void TEditorWindow::MakeToolMenu() {
+  QMenu *menu = menuBar()->addMenu(tr("&Tools"));
+  QToolBar *bar = addToolBar(tr("Tools"));
+  bar->setObjectName(QStringLiteral("tools"));
+  menu->addActions(m_tools->GetActions());
+  bar->addActions(m_tools->GetActions());
+}
+
+}  // namespace tessera::apps

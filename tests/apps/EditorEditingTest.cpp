@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+// Drawing, selecting, deleting and saving with the editor, by hand as it were.
+#include "../support/MapInput.h"
+#include "EditorFixture.h"
+
+#include <apps/editor/NewLayerDialog.h>
+#include <apps/editor/OptionsDialog.h>
+#include <apps/editor/RecentFiles.h>
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QPainter>
+#include <QSpinBox>
+#include <QSvgRenderer>
+#include <QTableWidget>
+
+namespace tessera::apps {
+namespace {
+
+using test::MapFileNamed;
+using Unsaved = FileQuestions::Unsaved;
+
+class EditorEditingTest : public EditorFixture {
+ protected:
+  EditorEditingTest() {
+    map.ShowBounds({0, 0, 40, 30});
+    window.GetFiles().Questions().aboutUnsaved = [this](const TMapLayer &layer) {
+      asked << layer.GetName();
+      return answer;
+    };
+    window.GetFiles().Questions().whereToSave = [this](const TMapLayer &) { return whereToSave; };
+  }
+  TMapLayer *AddLayer() {
+    TDataFields fields;
+    fields.Add(QStringLiteral("Name"), TDataType::dtString, 20);
+    return window.AddLayer(QStringLiteral("drawn"), fields);
+  }
+  /// Chooses a tool as the tool bar does.
+  void Use(int number) {
+    window.GetTools().GetActions().at(number)->trigger();
+    QApplication::processEvents();
+  }
+  void DrawOneOfEachKind() {
+    Use(4);
+    input.Drag({50, 50}, {150, 90});
+    Use(5);
+    input.Click({200, 60});
+    input.Click({250, 90});
+    input.DoubleClick({300, 60});
+    Use(6);
+    input.Drag({50, 150}, {150, 220});
+    Use(7);
+    input.Click({200, 150});
+    input.Click({290, 150});
+    input.DoubleClick({250, 220});
+    Use(8);
+    input.Click({400, 200});
+    Use(9);
+    input.Click({350, 60});
+    Use(10);
+    input.Click({60, 300});
+    input.Type(QStringLiteral("Река 1"));
+    input.Key(Qt::Key_Return);
+    Use(0);
+  }
+  QAction *ActionNamed(const char *text) {
+    for (QAction *action : window.findChildren<QAction *>()) {
+      if (action->text() == QLatin1String(text)) return action;
+    }
+    return nullptr;
+  }
+
+  test::MapInput input{map};
+  QStringList asked;
+  Unsaved answer = Unsaved::Cancel;
+  QString whereToSave = PathOf("drawn.mif");
+};
+
+TEST_F(EditorEditingTest, DrawsOneOfEachKindSavesAndOpensThemAgain) {
+  for (int tool : {4, 10}) EXPECT_FALSE(window.GetTools().GetActions().at(tool)->isEnabled()) << "nothing to draw into";
+  TMapLayer *layer = AddLayer();
+  QApplication::processEvents();
+  EXPECT_EQ(window.GetStatusPanel().GetEditing(), QStringLiteral("Editing drawn"));
+  DrawOneOfEachKind();
+  ASSERT_EQ(layer->GetObjectCount(), 7);
+  EXPECT_TRUE(window.GetFiles().GetUnsaved().Has(*layer));
+  ActionNamed("&Save layer")->trigger();
+  QApplication::processEvents();
+  EXPECT_TRUE(
+      messages.GetText().endsWith(QStringLiteral("geodesic circles and the like, written as plain regions: 1")));
+  EXPECT_FALSE(window.GetFiles().GetUnsaved().Has(*layer));
+
+  ActionNamed("&Close layer")->trigger();
+  EXPECT_EQ(map.GetLayers()->GetCount(), 0);
+  map.ShowBounds({0, 0, 40, 30});
+  Open({whereToSave});
+  ASSERT_EQ(map.GetLayers()->GetCount(), 1);
+  const TMapLayer &opened = *map.GetLayers()->First();
+  EXPECT_EQ(opened.GetObjectCount(), 6) << "texts of such a file are not read";
+  EXPECT_EQ(opened.GetFields().GetFields(0).GetName(), QStringLiteral("Name"));
+  EXPECT_EQ(asked, QStringList());
+  EXPECT_EQ(window.findChild<RecentFiles *>()->GetFiles(), QStringList{whereToSave});
+}
+
+TEST_F(EditorEditingTest, DeletesTheSelectedObjectsOfTheEditableLayerOnly) {
+  Open({MapFileNamed("squares.mif")});
+  TMapLayer *squares = map.GetLayers()->First();
+  const int before = squares->GetObjectCount();
+  TMapLayer *layer = AddLayer();
+  DrawOneOfEachKind();
+  map.GetSelection()->Add(layer->First(), true);
+  map.GetSelection()->Add(squares->First(), false);
+  QApplication::processEvents();
+  EXPECT_EQ(window.GetStatusPanel().GetSelection(), QStringLiteral("Selected: 2"));
+  input.Key(Qt::Key_Delete);
+  QApplication::processEvents();
+  EXPECT_EQ(layer->GetObjectCount(), 6);
+  EXPECT_EQ(squares->GetObjectCount(), before);
+  EXPECT_TRUE(messages.GetText().contains(QStringLiteral("not editable")));
+  Use(10);
+  input.Click({60, 300});
+  input.Type(QStringLiteral("ab"));
+  input.Key(Qt::Key_Home);
+  map.GetSelection()->Add(layer->First(), true);
+  input.Key(Qt::Key_Delete);
+  EXPECT_EQ(layer->GetObjectCount(), 6) << "the key is the text's";
+}
+
+TEST_F(EditorEditingTest, AsksBeforeUnsavedChangesAreLost) {
+  TMapLayer *layer = AddLayer();
+  DrawOneOfEachKind();
+  EXPECT_FALSE(window.close());
+  ActionNamed("&Close layer")->trigger();
+  EXPECT_EQ(asked, (QStringList{QStringLiteral("drawn"), QStringLiteral("drawn")}));
+  EXPECT_EQ(map.GetLayers()->GetCount(), 1);
+  answer = Unsaved::Save;
+  whereToSave.clear();
+  EXPECT_FALSE(window.close()) << "it was not said where to";
+  whereToSave = PathOf("drawn.mif");
+  EXPECT_TRUE(window.close());
+  EXPECT_TRUE(QFile::exists(whereToSave));
+  asked.clear();
+  window.show();
+  EXPECT_TRUE(window.close()) << "everything is saved";
+  layer->First()->SetPen(TPen());
+  answer = Unsaved::Discard;
+  window.show();
+  EXPECT_TRUE(window.close());
+  EXPECT_EQ(asked, QStringList{QStringLiteral("drawn")}) << "a new pen is a change";
+}
+
+TEST_F(EditorEditingTest, TakesOverWhatTheDialogsSay) {
+  NewLayerDialog dialog;
+  auto *table = dialog.findChild<QTableWidget *>();
+  dialog.AddRow();
+  dialog.AddRow();
+  table->item(1, 0)->setText(QStringLiteral("Built"));
+  auto *type = qobject_cast<QComboBox *>(table->cellWidget(1, 1));
+  type->setCurrentIndex(type->findText(QStringLiteral("Date")));
+  TDataFields fields;
+  dialog.AddFieldsTo(fields);
+  ASSERT_EQ(fields.GetCount(), 2) << "a row without a name is none";
+  EXPECT_EQ(fields.GetFields(1).GetDataType(), TDataType::dtDate);
+
+  OptionsDialog options(*map.GetOptions());
+  for (QSpinBox *box : options.findChildren<QSpinBox *>()) {
+    if (box->suffix() == QStringLiteral(" px")) box->setValue(7);
+  }
+  options.accept();
+  EXPECT_EQ(map.GetOptions()->GetDefaultPen().GetWidth(), 7);
+  EXPECT_EQ(map.GetOptions()->GetDefaultSymbolShape(), 58);
+  EXPECT_EQ(map.GetOptions()->GetDefaultTextFont(), TTesseraOptions().GetDefaultTextFont());
+}
+
+TEST_F(EditorEditingTest, ExportsADrawingThatLooksLikeThePicture) {
+  AddLayer();
+  map.GetOptions()->SetDefaultBrush(TBrush::FromQBrush(Qt::green));
+  DrawOneOfEachKind();
+  EXPECT_TRUE(window.ExportPicture(PathOf("map.png")));
+  EXPECT_TRUE(window.ExportPicture(PathOf("map.svg")));
+  const QImage picture = QImage(PathOf("map.png")).convertToFormat(QImage::Format_RGB32);
+  QImage drawing(picture.size(), QImage::Format_RGB32);
+  drawing.fill(Qt::white);
+  QPainter painter(&drawing);
+  QSvgRenderer(PathOf("map.svg")).render(&painter);
+  for (const QPoint &at : {QPoint(100, 180), QPoint(245, 170), QPoint(20, 20)}) {
+    EXPECT_EQ(drawing.pixel(at), picture.pixel(at)) << at.x();
+  }
+  const auto inkIn = [](const QImage &image, const QRect &rect) {
+    int ink = 0;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+      for (int x = rect.left(); x <= rect.right(); ++x) ink += image.pixel(x, y) != qRgb(255, 255, 255);
+    }
+    return ink;
+  };
+  // A line, a symbol, a text.
+  for (const QRect &rect : {QRect(60, 40, 80, 60), QRect(335, 45, 30, 30), QRect(60, 280, 90, 20)}) {
+    EXPECT_GT(inkIn(drawing, rect), inkIn(picture, rect) / 2);
+    EXPECT_LT(inkIn(drawing, rect), inkIn(picture, rect) * 3) << "softened edges are broader";
+  }
+  window.CopyPicture();
+  EXPECT_EQ(QApplication::clipboard()->image().size(), picture.size());
+}
+
+}  // namespace
+}  // namespace tessera::apps
