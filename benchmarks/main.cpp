@@ -7,6 +7,7 @@
 #include "GdalReference.h"
 #include "HeapUse.h"
 #include "IndexBench.h"
+#include "InputBench.h"
 #include "LabelBench.h"
 #include "TesseraSide.h"
 
@@ -184,8 +185,9 @@ void DescribeOptions(QCommandLineParser &parser) {
       {QStringLiteral("runs"), QStringLiteral("Run each side <n> times; pictures thrice as often."),
        QStringLiteral("n"), QStringLiteral("3")},
       {QStringLiteral("sets"),
-       QStringLiteral("Measure only these of the sets L, R, P, T (labels), E (editing) and C (circles)."),
-       QStringLiteral("letters"), QStringLiteral("LRPTEC")},
+       QStringLiteral(
+           "Measure only these of the sets L, R, P, T (labels), E (editing), H (input, on L) and C (circles)."),
+       QStringLiteral("letters"), QStringLiteral("LRPTEHC")},
       {QStringLiteral("data"), QStringLiteral("Keep the sets in <directory>."), QStringLiteral("directory"),
        QDir::temp().filePath(QStringLiteral("tessera-bench"))},
       {QStringLiteral("draw"), QStringLiteral("Measure drawing only.")},
@@ -224,8 +226,12 @@ void MeasureOtherSets(const QCommandLineParser &parser, const Settings &settings
     settings.KeepPicture(labels.ReferencePicture(), QStringLiteral("T reference"));
   }
   if (sets.contains(u'C')) MeasureCircles(PictureSize, table, settings.fastRuns);
-  if (settings.drawsOnly || !sets.contains(u'E')) return;
+  if (settings.drawsOnly) return;
   const QString directory = parser.value(QStringLiteral("data"));
+  if (sets.contains(u'H')) {
+    InputBench(EnsureSet(BenchSet::Regions, ScaleOf(parser), directory), PictureSize, table).Run(settings.fastRuns);
+  }
+  if (!sets.contains(u'E')) return;
   const QString points = EnsureSet(BenchSet::Points, ScaleOf(parser), directory);
   EditBench editing(PictureSize, table);
   editing.MeasureNextPicture(EnsureSet(BenchSet::Regions, ScaleOf(parser), directory), settings.fastRuns);

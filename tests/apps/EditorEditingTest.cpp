@@ -104,6 +104,7 @@ TEST_F(EditorEditingTest, DrawsOneOfEachKindSavesAndOpensThemAgain) {
 
 TEST_F(EditorEditingTest, DeletesTheSelectedObjectsOfTheEditableLayerOnly) {
   Open({MapFileNamed("squares.mif")});
+  EXPECT_EQ(window.GetCurrentLayer(), map.GetLayers()->First());
   TMapLayer *squares = map.GetLayers()->First();
   const int before = squares->GetObjectCount();
   TMapLayer *layer = AddLayer();
@@ -112,6 +113,7 @@ TEST_F(EditorEditingTest, DeletesTheSelectedObjectsOfTheEditableLayerOnly) {
   map.GetSelection()->Add(squares->First(), false);
   QApplication::processEvents();
   EXPECT_EQ(window.GetStatusPanel().GetSelection(), QStringLiteral("Selected: 2"));
+  EXPECT_EQ(window.GetCurrentLayer(), layer) << "the one that came last";
   input.Key(Qt::Key_Delete);
   QApplication::processEvents();
   EXPECT_EQ(layer->GetObjectCount(), 6);

@@ -75,6 +75,7 @@ TEST(TDataFieldsTest, KeepsValuesWithTheirColumns) {
   fields.Insert(1, QStringLiteral("New"), TDataType::dtFloat, 0);
   fields.Delete(0);
   std::vector<std::pair<QString, TDataValue>> columns;
+  columns.reserve(3);
   for (int i = 0; i < 3; ++i) columns.emplace_back(fields.GetFields(i).GetName(), fields.GetFields(i).GetValue());
   EXPECT_EQ(columns, (decltype(columns){
                          {QStringLiteral("New"), {}}, {QStringLiteral("Lanes"), 1}, {QStringLiteral("Built"), 2}}));

@@ -80,7 +80,7 @@ class TViewportArrayTest : public testing::Test {
  protected:
   /// The double nearest to where the position on the screen lies on the map, or a neighbour of it.
   double Near(long double position, int clientSize, long double scale, double center) {
-    const double exact = double((position - clientSize / 2.0L) / scale + center);
+    const auto exact = double((position - clientSize / 2.0L) / scale + center);
     const int side = m_random.Whole(-1, 1);
     return side == 0 ? exact : std::nextafter(exact, side * Infinity);
   }

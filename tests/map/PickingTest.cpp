@@ -2,6 +2,9 @@
 #include "MapFixture.h"
 
 #include <tessera/base/DebugTrace.h>
+#include <tessera/objects/TCircle.h>
+#include <tessera/objects/TSprite.h>
+#include <tessera/objects/TText.h>
 
 #include <QSignalSpy>
 
@@ -109,25 +112,40 @@ TCustomMapObject *PlainHit(const TTessera &map, double x, double y) {
   return nullptr;
 }
 
-TEST_F(PickingTest, FindsInOnePassWhatThePlainSearchFinds) {
+// For the rows "click" of the benchmarks.
+TEST_F(PickingTest, FindsAmongTheObjectsNearWhatThePlainSearchFinds) {
   std::mt19937 random(8);
   const auto below = [&random](int end) { return int(std::uniform_int_distribution<>(0, end - 1)(random)); };
-  for (int i = 0; i < 5; ++i) {
+  for (int i = 0; i < 6; ++i) {
     TMapLayer *layer = AddLayer();
-    for (int k = 0; k < 40; ++k) AddSquare(layer, below(180), below(80), 5 + below(30), clRed);
+    for (int k = 0; k < 25; ++k) AddSquare(layer, below(180), below(80), 5 + below(30), clRed);
+    for (int k = 0; k < 10; ++k) {
+      auto *symbol = layer->NewObject<TSymbol>();
+      symbol->SetShape(40);
+      symbol->MoveTo(below(200), below(100));
+      auto *circle = layer->NewObject<TCircle>();
+      circle->SetX(below(200));
+      circle->SetY(below(100));
+      circle->SetRadius(below(12));
+    }
+    if (i == 1) layer->NewObject<TSprite>()->SetX(100);
+    if (i == 2) layer->NewObject<TText>()->SetText(QStringLiteral("text"));
     if (i == 3) layer->SetSelectable(false);
   }
   Repainted();
   map.GetLayers()->Exchange(0, 4);
-  for (int i = 0; i < 500; ++i) {
-    const double x = below(200);
-    const double y = below(100);
-    map.SetCtrlClickCount(below(4));
+  for (int i = 0; i < 600; ++i) {
+    const double x = below(400) / 2.;
+    const double y = below(200) / 2.;
+    map.SetCtrlClickCount(below(5));
     const TCustomMapObject *hit = PlainHit(map, x, y);
-    map.SelectObjectAt(x, y, false);
-    map.GetSelection()->Clear();
     map.SelectObjectAt(x, y, true);
-    EXPECT_EQ(Selected().empty() ? nullptr : Selected()[0], hit);
+    EXPECT_EQ(Selected().empty() ? nullptr : Selected()[0], hit) << x << ' ' << y;
+    // What is near changes with the size of symbols and with every move.
+    TMapLayer *layer = map.GetLayers()->GetLayer(below(6));
+    TCustomMapObject *object = layer->GetObjects(below(layer->GetObjectCount()));
+    object->SetFont(TFont(QStringLiteral("Symbols"), below(60)));
+    if (auto *symbol = dynamic_cast<TSymbol *>(object)) symbol->MoveTo(below(200), below(100));
   }
 }
 

@@ -217,7 +217,8 @@ TEST(ScreenOutlinerTest, DoesNotTrustBoundsThatAreTooSmall) {
   TViewFlags flags;
   flags.UseGeneralization = false;
   detail::ScreenOutliner outliner(ViewOf(100, 100), flags);
-  for (double x = 99; x < 105; x += 0.25) {
+  for (int quarters = 4 * 99; quarters < 4 * 105; ++quarters) {
+    const double x = quarters / 4.0;
     const Points points{{50, 50}, {x, 50}, {50, 70}};
     Outline outline;
     outliner.PartToScreen(points, {50, 50, 60, 60}, outline);

@@ -11,7 +11,7 @@ namespace tessera::test {
 namespace {
 
 /// A map that can say that its picture is being rebuilt.
-struct TRebuildingHost : TFakeMapHost {
+struct TRebuildingHost final : TFakeMapHost {
   bool isBusy = false;
   [[nodiscard]] bool GetIsBusy() const override { return isBusy; }
 };

@@ -14,8 +14,8 @@ namespace {
 /// Accepts the files with one extension, and does nothing with them.
 class TTestProvider : public TCustomFormatProvider {
  public:
-  explicit TTestProvider(const QString &extension, QObject *parent = nullptr)
-      : TCustomFormatProvider(parent), m_extension(extension) {}
+  explicit TTestProvider(QString extension, QObject *parent = nullptr)
+      : TCustomFormatProvider(parent), m_extension(std::move(extension)) {}
 
   QString GetDescription() const override { return m_extension + QStringLiteral(" files"); }
   QString GetFilter() const override { return m_extension + QStringLiteral("|*.") + m_extension; }

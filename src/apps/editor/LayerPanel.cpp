@@ -4,6 +4,8 @@
 
 #include <QSignalBlocker>
 
+#include <utility>
+
 namespace tessera::apps {
 
 LayerPanel::LayerPanel(TTessera &map, const UnsavedChanges &unsaved, QWidget *parent)
@@ -40,7 +42,8 @@ void LayerPanel::Fill() {
   while (count() > layers.GetCount()) delete takeItem(count() - 1);
   while (count() < layers.GetCount()) addItem(QString());
   for (int row = 0; row < count(); ++row) ShowLayer(*item(row), *layers.GetLayer(LayerIndexOf(row)));
-  setCurrentRow(chosen < 0 || chosen >= count() ? 0 : LayerIndexOf(chosen));
+  const bool keepsChoice = !std::exchange(m_isLayerNew, false) && chosen >= 0 && chosen < count();
+  setCurrentRow(keepsChoice ? LayerIndexOf(chosen) : 0);
 }
 
 void LayerPanel::TakeOver(const QListWidgetItem *item) {

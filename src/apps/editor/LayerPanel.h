@@ -11,7 +11,8 @@ namespace tessera::apps {
 class UnsavedChanges;
 
 /// The layers of the map, the top one first: which are shown (their check box), which is editable (bold), which have
-/// unsaved changes (a star), and which one the commands of the window are about.
+/// unsaved changes (a star), and which one the commands of the window are about:
+/// the one that came last, or was chosen since.
 class LayerPanel : public QListWidget {
   Q_OBJECT
 
@@ -30,6 +31,7 @@ class LayerPanel : public QListWidget {
   TTessera &m_map;
   const UnsavedChanges &m_unsaved;
   QTimer m_refresh;
+  bool m_isLayerNew = false;  // the top one, since the list was last filled
   MapFollower m_follower;
 };
 

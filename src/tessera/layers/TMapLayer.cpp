@@ -104,6 +104,7 @@ void TMapLayer::NoteGeometry(TCustomMapObject &object) {
 }
 
 void TMapLayer::NoteChange(TCustomMapObject &object, TMapDataLinkEvent event) {
+  if (event == mdlObjectStyleChanged) m_objects->NoteStyle(object);
   TMapHost *map = GetMapHost();
   if (map && !map->GetIsLoading()) map->TraceMapEvent(event, &object);
 }

@@ -166,6 +166,9 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   /// order of its cells, and the answer is whether there were candidates. @throws ERangeError when the index is stale
   /// and names an object beyond the count.
   bool GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) const;
+  /// Fills `ids` with the objects, in order, that may lie within so many client pixels of a map point: all of which
+  /// ContainsPoint says so, and others. All of them without a map.
+  void GetIdsNear(const TMapPoint &point, int distancePx, TCardinalArray &ids) const;
   /// Draws the objects in view, unless the layer is hidden or out of its zoom range. Where a stale index names objects
   /// that are not there, the others are drawn, and the message sink is told once.
   void Paint();

@@ -11,6 +11,8 @@
 #include <QScopeGuard>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace tessera {
 namespace {
@@ -84,6 +86,22 @@ bool TMapLayer::FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, int 
 
 bool TMapLayer::GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) const {
   return FindIdsInRect(rect, ids, nullptr);
+}
+
+void TMapLayer::GetIdsNear(const TMapPoint &point, int distancePx, TCardinalArray &ids) const {
+  ids.Clear();
+  m_objects->UpdateExtents();
+  const std::optional<int> reachPx = m_objects->GetPickReachPx();
+  constexpr double Infinity = std::numeric_limits<double>::infinity();
+  TBounds near{-Infinity, -Infinity, Infinity, Infinity};
+  if (reachPx && GetMapHost()) {
+    const auto scale = std::fabs(double(GetMapHost()->GetViewport().GetScale().Kx));
+    const double reach = (double(*reachPx) + distancePx) / scale;
+    near = {point.X - reach, point.Y - reach, point.X + reach, point.Y + reach};
+  }
+  for (std::size_t id = 0; id < m_objects->GetCount(); ++id) {
+    if (m_objects->RelationOf(id, near) != Relation::Apart) ids.Add(std::uint32_t(id));
+  }
 }
 
 void TMapLayer::Paint() {

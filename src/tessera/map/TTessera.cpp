@@ -53,7 +53,7 @@ TTessera::TTessera(QWidget *parent) : TTesseraEvents(parent), d(std::make_unique
   d->options = std::make_unique<TTesseraOptions>();
   d->tools = std::make_unique<TMapToolsManager>();
   d->selectionPattern = QSharedPointer<TBitmap>::create(MakeSelectionPattern());
-  resize(sizeHint());
+  resize(TTessera::sizeHint());
   d->layers->SetMap(this);
   d->selection->SetMap(this);
   d->displayed->SetMap(this);

@@ -5,7 +5,10 @@
 #include <tessera/map/detail/TesseraPrivate.h>
 #include <tessera/objects/TMapScopes.h>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace tessera {
 namespace {
@@ -13,14 +16,17 @@ namespace {
 /// A map point, with the box about it that an object need only touch to be hit.
 class Pick {
  public:
-  Pick(const TViewport &viewport, double x, double y, int tolerancePx) : m_x(x), m_y(y), m_isWide(tolerancePx > 0) {
-    if (!m_isWide) return;
-    const double reach = double(std::fabs(tolerancePx / viewport.GetScale().Kx));
+  Pick(const TViewport &viewport, double x, double y, int tolerancePx)
+      : m_point{x, y}, m_tolerancePx(std::max(tolerancePx, 0)) {
+    if (m_tolerancePx == 0) return;
+    const auto reach = double(std::fabs(tolerancePx / viewport.GetScale().Kx));
     m_box = {x - reach, y - reach, x + reach, y + reach};
   }
 
+  [[nodiscard]] const TMapPoint &GetPoint() const { return m_point; }
+  [[nodiscard]] int GetTolerancePx() const { return m_tolerancePx; }
   [[nodiscard]] bool Hits(const TCustomMapObject &object) const {
-    return object.ContainsPoint(m_x, m_y) || (m_isWide && Touches(object));
+    return object.ContainsPoint(m_point.X, m_point.Y) || (m_tolerancePx > 0 && Touches(object));
   }
 
  private:
@@ -29,29 +35,27 @@ class Pick {
            object.WithinRect(m_box.MinX, m_box.MinY, m_box.MaxX, m_box.MaxY);
   }
 
-  double m_x;
-  double m_y;
-  bool m_isWide;
+  TMapPoint m_point;
+  int m_tolerancePx;
   TBounds m_box{};
 };
 
-/// What a layer counts for in picking: its index, so that the topmost counts most; -1 where it does not count.
-using LayerRank = std::function<int(const TMapLayer &layer)>;
-
-/// Calls `visit` for every displayed object with the rank of its layer, in their order, unless the layer does not
-/// count. Objects of a layer stand together, so that layers are seldom asked.
-template <typename Visit>
-void ForEachRanked(const TDisplayedObjects &displayed, const LayerRank &rankOf, Visit &&visit) {
-  const TMapLayer *layer = nullptr;
-  int rank = -1;
-  for (TCustomMapObject *object : displayed.Items()) {
-    const auto *itsLayer = object->GetLayer<TMapLayer>();
-    if (itsLayer != layer) {
-      layer = itsLayer;
-      rank = layer == nullptr ? -1 : rankOf(*layer);
-    }
-    if (rank >= 0) visit(*object, rank);
+/// The objects of a layer that the picture shows and that are hit, in the order of the displayed objects.
+std::vector<TCustomMapObject *> HitsIn(const TMapLayer &layer, const TDisplayedObjects &displayed, const Pick &pick) {
+  TCardinalArray near;
+  layer.GetIdsNear(pick.GetPoint(), pick.GetTolerancePx(), near);
+  std::vector<std::pair<int, TCustomMapObject *>> hits;
+  for (const std::uint32_t id : near.Ids()) {
+    TCustomMapObject *object = layer.GetObjects(int(id));
+    const int place = displayed.IndexOf(object);
+    if (place >= 0 && pick.Hits(*object)) hits.emplace_back(place, object);
   }
+  // The spatial index may have had them drawn in an order of its own.
+  std::sort(hits.begin(), hits.end());
+  std::vector<TCustomMapObject *> objects;
+  objects.reserve(hits.size());
+  for (const auto &[place, object] : hits) objects.push_back(object);
+  return objects;
 }
 
 QString NameOf(const TMapLayers &layers, int index) {
@@ -70,16 +74,12 @@ void TTessera::SelectObjectAt(double x, double y, bool exclusive) {
 
   const Pick pick(GetViewport(), x, y, d->pickTolerancePx);
   TCustomMapObject *hit = nullptr;
-  int hitRank = -1;
-  const auto rankOf = [&](const TMapLayer &layer) {
-    const int index = layer.GetSelectable() ? d->layers->IndexOf(&layer) : -1;
-    return index <= top ? index : -1;
-  };
-  ForEachRanked(*d->displayed, rankOf, [&](TCustomMapObject &object, int rank) {
-    if (rank <= hitRank || !pick.Hits(object)) return;
-    hit = &object;
-    hitRank = rank;
-  });
+  for (int i = std::min(top, d->layers->GetCount() - 1); i >= 0 && hit == nullptr; --i) {
+    const TMapLayer &layer = *d->layers->GetLayer(i);
+    if (!layer.GetSelectable()) continue;
+    const std::vector<TCustomMapObject *> hits = HitsIn(layer, *d->displayed, pick);
+    if (!hits.empty()) hit = hits.front();
+  }
   if (hit == nullptr) return d->selection->Clear();
   if (!d->selection->Holds(hit)) {
     d->selection->Add(hit, exclusive);
@@ -96,18 +96,15 @@ void TTessera::SelectObjectsAt(double x, double y, bool clearFirst) {
     if (clearFirst) d->selection->Clear();
 
     const Pick pick(GetViewport(), x, y, d->pickTolerancePx);
-    std::vector<std::vector<THandle<TCustomMapObject>>> hits(std::size_t(d->layers->GetCount()));
-    const auto rankOf = [&](const TMapLayer &layer) {
-      return layer.GetSelectableFlag() ? d->layers->IndexOf(&layer) : -1;
-    };
-    ForEachRanked(*d->displayed, rankOf, [&](TCustomMapObject &object, int rank) {
-      if (pick.Hits(object)) hits[std::size_t(rank)].emplace_back(&object);
-    });
-    for (auto layer = hits.rbegin(); layer != hits.rend(); ++layer) {
-      for (const auto &object : *layer) {
-        // A handler may have destroyed the object or taken it off the map.
-        if (object && object->GetMap() == this) d->selection->Add(object.Get(), false);
-      }
+    std::vector<THandle<TCustomMapObject>> hits;
+    for (int i = d->layers->GetCount() - 1; i >= 0; --i) {
+      const TMapLayer &layer = *d->layers->GetLayer(i);
+      if (!layer.GetSelectableFlag()) continue;
+      for (TCustomMapObject *object : HitsIn(layer, *d->displayed, pick)) hits.emplace_back(object);
+    }
+    for (const auto &object : hits) {
+      // A handler may have destroyed the object or taken it off the map.
+      if (object && object->GetMap() == this) d->selection->Add(object.Get(), false);
     }
     if (GetFastSelection()) Q_EMIT OnUpdate(this);
   }

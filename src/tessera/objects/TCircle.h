@@ -33,6 +33,7 @@ class TESSERA_CORE_EXPORT TCircle : public TCustomMapObject {
   /// Whether the square about the circle lies in the rectangle, borders included.
   bool WithinRect(double x1, double y1, double x2, double y2) const override;
   [[nodiscard]] std::optional<TBounds> GetExtent() const override;
+  [[nodiscard]] std::optional<int> GetPickReachPx() const override { return 0; }
 
   /// Reading the centre of a circle without a vertex gives it one at (0, 0).
   [[nodiscard]] double GetX() { return GetAnchor().X; }

@@ -72,6 +72,9 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
   /// without vertices and, here, for any kind that does not say otherwise. A kind that refines a rectangle test refines
   /// this as well.
   [[nodiscard]] virtual std::optional<TBounds> GetExtent() const { return std::nullopt; }
+  /// How far beyond the extent, in client pixels, ContainsPoint may still say yes; none when that is not known, as
+  /// here. A kind that refines ContainsPoint refines this as well.
+  [[nodiscard]] virtual std::optional<int> GetPickReachPx() const { return std::nullopt; }
   /// What spares a spatial index the question whether this object contains a cell. A kind that refines ContainsPoint or
   /// Contains refines this as well. Division of cells ends for a Refined kind on the assumption that a figure that
   /// holds the corners of a cell holds all of it.

@@ -26,6 +26,7 @@ class TESSERA_CORE_EXPORT TRectangle : public TCustomMapObject {
   /// intersect it, which is intended; a layer then does not draw the rectangle.
   bool IntersectsRect(double x1, double y1, double x2, double y2) const override;
   [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
+  [[nodiscard]] std::optional<int> GetPickReachPx() const override { return 0; }
 
   /// The smaller and the larger coordinate of the two corners. Reading or setting one gives a rectangle without corners
   /// the missing ones, at (0, 0).

@@ -21,6 +21,7 @@ class TESSERA_CORE_EXPORT TRegion : public TCustomMapObject {
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
+  [[nodiscard]] std::optional<int> GetPickReachPx() const override { return 0; }
   [[nodiscard]] TBoxContainment GetBoxContainment() const override { return TBoxContainment::ByBounds; }
 
  private:

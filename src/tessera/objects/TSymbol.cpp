@@ -5,6 +5,7 @@
 #include <tessera/objects/TSymbol.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace tessera {
 
@@ -62,14 +63,23 @@ void TSymbol::DrawSelection() {
   canvas.Pen().SetMode(TPenMode::pmCopy);
 }
 
+std::int64_t TSymbol::GetReachPx() const {
+  constexpr int MarginPx = 2;
+  return GetFont().GetSize() / 2 + MarginPx;
+}
+
+std::optional<int> TSymbol::GetPickReachPx() const {
+  constexpr int RoundingPx = 1;  // of two points to pixels
+  return int(std::clamp<std::int64_t>(GetReachPx() + RoundingPx, 0, std::numeric_limits<int>::max()));
+}
+
 bool TSymbol::ContainsPoint(double x, double y) const {
   if (GetMapHost() == nullptr) return true;
-  constexpr int MarginPx = 2;
   const TViewport &viewport = GetMapHost()->GetViewport();
   const TMapPoint position = GetAnchor();
   const TPoint own = viewport.MapToScreen(position.X, position.Y);
   const TPoint asked = viewport.MapToScreen(x, y);
-  const std::int64_t reach = GetFont().GetSize() / 2 + MarginPx;
+  const std::int64_t reach = GetReachPx();
   return std::abs(std::int64_t(asked.x()) - own.x()) <= reach && std::abs(std::int64_t(asked.y()) - own.y()) <= reach;
 }
 

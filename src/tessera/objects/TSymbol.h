@@ -28,6 +28,7 @@ class TESSERA_CORE_EXPORT TSymbol : public TCustomMapObject {
   bool WithinRect(double x1, double y1, double x2, double y2) const override;
   bool ContainsRect(double x1, double y1, double x2, double y2) const override;
   [[nodiscard]] std::optional<TBounds> GetExtent() const override;
+  [[nodiscard]] std::optional<int> GetPickReachPx() const override;
   [[nodiscard]] TBoxContainment GetBoxContainment() const override { return TBoxContainment::Never; }
 
   /// Moves the symbol; its bounds stay until UpdateBounds.
@@ -46,6 +47,9 @@ class TESSERA_CORE_EXPORT TSymbol : public TCustomMapObject {
   void SetShape(int shape);
 
  private:
+  /// How far from the point a click still hits.
+  [[nodiscard]] std::int64_t GetReachPx() const;
+
   int m_shape = NoShape;
 };
 

@@ -31,6 +31,7 @@ class TESSERA_CORE_EXPORT TText : public TSymbol {
   void DrawSelection() override;
   /// Whether the point lies, on the screen, in GetTextRect, borders included. False without a map.
   bool ContainsPoint(double x, double y) const override;
+  [[nodiscard]] std::optional<int> GetPickReachPx() const override { return std::nullopt; }
   [[nodiscard]] TObjectFont GetFontKind() const override { return TObjectFont::Text; }
   /// Another font calls onFontChange.
   void SetFont(const TFont &font) override;

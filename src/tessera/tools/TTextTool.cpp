@@ -42,7 +42,7 @@ TTextTool::TTextTool(QObject *parent)
 }
 
 TTextTool::~TTextTool() {
-  TTextTool::Abandon();
+  StopTyping();
 }
 
 bool TTextTool::GetEnabled() const {
@@ -215,9 +215,13 @@ void TTextTool::Done() {
 }
 
 void TTextTool::Abandon() {
-  m_blink.stop();
   m_isSecondPressDue = false;
-  if (!GetInGesture()) return;
+  StopTyping();
+}
+
+void TTextTool::StopTyping() {
+  m_blink.stop();
+  if (!m_typing->IsRunning()) return;
   m_typing->End();
   m_text.clear();
   m_preedit.clear();

@@ -68,6 +68,7 @@ class TESSERA_WIDGETS_EXPORT TTextTool : public TCustomMapTool {
   /// The text with what the input method is composing in its place.
   [[nodiscard]] QString GetShownText() const;
   void PutText(TMapLayer &layer, const QString &text);
+  void StopTyping();
   void ShowChange();
   void StandCaret();
 

@@ -164,8 +164,14 @@ void ObjectStore::Merge(std::vector<std::pair<std::size_t, Owned>> &&objects) {
   m_boxes = std::move(boxes);
 }
 
+void ObjectStore::NoteStyle(const TCustomMapObject &object) {
+  const std::optional<int> reachPx = object.GetPickReachPx();
+  m_pickReachPx = reachPx && m_pickReachPx ? std::optional(std::max(*reachPx, *m_pickReachPx)) : std::nullopt;
+}
+
 ObjectStore::Box ObjectStore::BoxOf(TCustomMapObject &object) {
   object.m_isExtentKnown = true;
+  NoteStyle(object);
   const std::optional<TBounds> extent = object.GetExtent();
   if (!extent) return {-Infinity, -Infinity, Infinity, Infinity};
   return {RoundDown(extent->MinX), RoundDown(extent->MinY), RoundUp(extent->MaxX), RoundUp(extent->MaxY)};

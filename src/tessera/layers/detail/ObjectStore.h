@@ -56,6 +56,11 @@ class TESSERA_CORE_EXPORT ObjectStore {
   void NoteGeometry(TCustomMapObject &object);
   /// Brings the extents up to date with the objects.
   void UpdateExtents();
+  /// The farthest that an object reaches beyond its extent: see TCustomMapObject::GetPickReachPx. None when some object
+  /// does not tell. @pre the extents are up to date
+  [[nodiscard]] std::optional<int> GetPickReachPx() const { return m_pickReachPx; }
+  /// The style of an object has changed, on which its reach depends.
+  void NoteStyle(const TCustomMapObject &object);
   /// How the object at `index` lies to a rectangle with its corners in order. Near the border, and for objects that do
   /// not tell their extent, it is not known. @pre the extents are up to date
   [[nodiscard]] Relation RelationOf(std::size_t index, const TBounds &rect) const {
@@ -74,7 +79,7 @@ class TESSERA_CORE_EXPORT ObjectStore {
     float minX, minY, maxX, maxY;
   };
   static constexpr std::size_t NoSlot = SIZE_MAX;
-  static Box BoxOf(TCustomMapObject &object);
+  Box BoxOf(TCustomMapObject &object);
   [[nodiscard]] std::size_t SlotOf(const TCustomMapObject &object) const;
   static void NoteSlot(const TCustomMapObject &object, std::size_t slot);
   void CloseGaps() const;
@@ -83,7 +88,8 @@ class TESSERA_CORE_EXPORT ObjectStore {
   const TObjectLayer &m_layer;
   // Slots, of which some may be gaps.
   mutable std::vector<Owned> m_objects;
-  mutable std::vector<Box> m_boxes;  // of the first so many slots
+  mutable std::vector<Box> m_boxes;      // of the first so many slots
+  std::optional<int> m_pickReachPx = 0;  // never shrinks
   mutable std::size_t m_gaps = 0;
   mutable std::size_t m_shift = 0;                   // how far the object found last had moved; below 0 it wraps around
   std::vector<THandle<TCustomMapObject>> m_changed;  // those whose box is out of date, and perhaps others
