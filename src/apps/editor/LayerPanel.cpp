@@ -9,10 +9,10 @@
 namespace tessera::apps {
 
 LayerPanel::LayerPanel(TTessera &map, const UnsavedChanges &unsaved, QWidget *parent)
-    : QListWidget(parent),
-      m_map(map),
-      m_unsaved(unsaved),
-      m_follower(map, [this](TMapDataLinkEvent, TObject *) { m_refresh.start(); }) {
+    : QListWidget(parent), m_map(map), m_unsaved(unsaved), m_follower(map, [this](TMapDataLinkEvent event, TObject *) {
+        m_isLayerNew = m_isLayerNew || event == mdlAfterAddLayer;
+        m_refresh.start();
+      }) {
   // Many notices, of many objects say, are one change here.
   m_refresh.setSingleShot(true);
   connect(&m_refresh, &QTimer::timeout, this, &LayerPanel::Fill);
