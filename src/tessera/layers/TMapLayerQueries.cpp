@@ -99,9 +99,7 @@ void TMapLayer::GetIdsNear(const TMapPoint &point, int distancePx, TCardinalArra
     const double reach = (double(*reachPx) + distancePx) / scale;
     near = {point.X - reach, point.Y - reach, point.X + reach, point.Y + reach};
   }
-  for (std::size_t id = 0; id < m_objects->GetCount(); ++id) {
-    if (m_objects->RelationOf(id, near) != Relation::Apart) ids.Add(std::uint32_t(id));
-  }
+  m_objects->FindMeeting(near, ids);
 }
 
 void TMapLayer::Paint() {

@@ -177,6 +177,17 @@ ObjectStore::Box ObjectStore::BoxOf(TCustomMapObject &object) {
   return {RoundDown(extent->MinX), RoundDown(extent->MinY), RoundUp(extent->MaxX), RoundUp(extent->MaxY)};
 }
 
+void ObjectStore::FindMeeting(const TBounds &rect, TCardinalArray &places) const {
+  const Box probe{RoundDown(rect.MinX), RoundDown(rect.MinY), RoundUp(rect.MaxX), RoundUp(rect.MaxY)};
+  for (std::size_t place = 0; place < m_boxes.size(); ++place) {
+    const Box &box = m_boxes[place];
+    // Without branches but one, for nearly all are apart.
+    const bool meets = bool(int(box.minX <= probe.maxX) & int(probe.minX <= box.maxX) & int(box.minY <= probe.maxY) &
+                            int(probe.minY <= box.maxY));
+    if (meets) places.Add(std::uint32_t(place));
+  }
+}
+
 void ObjectStore::NoteGeometry(TCustomMapObject &object) {
   constexpr std::size_t FewAmong = 4;
   if (m_boxes.empty()) return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tessera/base/TCardinalArray.h>
 #include <tessera/base/THandle.h>
 #include <tessera/objects/TCustomMapObject.h>
 
@@ -56,6 +57,9 @@ class TESSERA_CORE_EXPORT ObjectStore {
   void NoteGeometry(TCustomMapObject &object);
   /// Brings the extents up to date with the objects.
   void UpdateExtents();
+  /// Appends the places of those whose extent meets a rectangle, or comes within the rounding of floats, and of those
+  /// that do not tell their extent. @pre the extents are up to date
+  void FindMeeting(const TBounds &rect, TCardinalArray &places) const;
   /// The farthest that an object reaches beyond its extent: see TCustomMapObject::GetPickReachPx. None when some object
   /// does not tell. @pre the extents are up to date
   [[nodiscard]] std::optional<int> GetPickReachPx() const { return m_pickReachPx; }
