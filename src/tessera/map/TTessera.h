@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tessera/formats/TWorkspaceReport.h>
 #include <tessera/layers/TMapDataLink.h>
 #include <tessera/layers/TMapLayers.h>
 #include <tessera/layers/TSelection.h>
@@ -23,7 +24,7 @@ class TMapToolsManager;
 /// for the conversion between map units and client pixels.
 ///
 /// It tells what happens by the signals of TTesseraEvents. Everything runs in the thread of the user interface.
-class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
+class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   Q_OBJECT
   Q_PROPERTY(tessera::TTesseraOptions *Options READ GetOptions)
   Q_PROPERTY(QColor Color READ GetQColor WRITE SetQColor)
@@ -196,9 +197,12 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   [[nodiscard]] int GetPickTolerancePx() const;
   void SetPickTolerancePx(int tolerancePx);
 
-  void StartProgress(int min, int max, const QString &caption) override;
-  void ShowProgress(int position) override;
-  void StopProgress() override;
+  /// Opens a MapInfo workspace: a layer for every table that it shows and that has a file, on top of what is there,
+  /// each with the workspace's settings for it, and its centre. The zoom stays. A table whose file is not found is
+  /// passed over. The answer tells what was taken over.
+  /// @throws EConvertError for a centre or an editable layer that is no number; layers that were added stay.
+  TWorkspaceReport LoadWOR(const QString &fileName);
+
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
@@ -228,16 +232,6 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents, public TMapHost {
   detail::ScreenOutliner &GetOutliner() override;
   void TraceMapEvent(TMapDataLinkEvent event, TObject *sender) override;
   bool IsFollowed() const override;
-  void FireAddLayer(TMapLayer &layer) override;
-  void FireBeforeDelLayer(TMapLayer &layer, bool confirmDelete, bool &allowDelete) override;
-  void FireAfterDelLayer() override;
-  void FireAddObject(TCustomMapObject &object) override;
-  void FireBeforeRemoveObject(TCustomMapObject &object, bool &canRemove) override;
-  void FireAfterRemoveObject() override;
-  void FireDeleteObject(TCustomMapObject &object) override;
-  void FireAddSelection(TCustomMapObject &object) override;
-  void FireDelSelection(TCustomMapObject &object) override;
-  void FireUpdate() override;
   const TObjectStylePtr &GetDefaultStyle(TObjectFont font) const override;
 
   void SetView(double TViewport::*member, double value);

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tessera/base/Export.h>
 #include <tessera/base/TShiftState.h>
+#include <tessera/objects/TMapHost.h>
 
 #include <QWidget>
 
 namespace tessera {
 
-class TCustomMapObject;
-class TMapLayer;
 class TTessera;
 
 /// The events of the map control, as signals. In/out parameters are references, so connect their handlers directly.
@@ -17,12 +15,16 @@ class TTessera;
 /// A handler may do anything to the map's layers and objects; one of an input event may also delete the map. What it
 /// throws comes out of the call that led to the event, and ends in the message sink where that is an event of the
 /// platform: input, painting.
-class TESSERA_WIDGETS_EXPORT TTesseraEvents : public QWidget {
+class TESSERA_WIDGETS_EXPORT TTesseraEvents : public QWidget, public TMapHost {
   Q_OBJECT
   Q_MOC_INCLUDE(<tessera / map / TTessera.h>)
 
  public:
   using QWidget::QWidget;
+
+  void StartProgress(int min, int max, const QString &caption) override;
+  void ShowProgress(int position) override;
+  void StopProgress() override;
 
  Q_SIGNALS:
   void OnAddLayer(tessera::TTessera *sender, tessera::TMapLayer *layer);
@@ -56,6 +58,21 @@ class TESSERA_WIDGETS_EXPORT TTesseraEvents : public QWidget {
   void OnPaint(tessera::TTessera *sender);
   /// The screen picture has been drawn anew: what stood on it for a while, like a figure in XOR mode, is gone.
   void OnScreenRepainted(tessera::TTessera *sender);
+
+ private:
+  // What layers, objects and the selection tell is sent on.
+  void FireAddLayer(TMapLayer &layer) override;
+  void FireBeforeDelLayer(TMapLayer &layer, bool confirmDelete, bool &allowDelete) override;
+  void FireAfterDelLayer() override;
+  void FireAddObject(TCustomMapObject &object) override;
+  void FireBeforeRemoveObject(TCustomMapObject &object, bool &canRemove) override;
+  void FireAfterRemoveObject() override;
+  void FireDeleteObject(TCustomMapObject &object) override;
+  void FireAddSelection(TCustomMapObject &object) override;
+  void FireDelSelection(TCustomMapObject &object) override;
+  void FireUpdate() override;
+  /// Every one of these is the map control.
+  TTessera *Sender();
 };
 
 }  // namespace tessera

@@ -26,47 +26,6 @@ bool TTessera::IsFollowed() const {
   return d->dataLinks->GetCount() > 0;
 }
 
-void TTessera::FireAddLayer(TMapLayer &layer) {
-  Q_EMIT OnAddLayer(this, &layer);
-}
-void TTessera::FireBeforeDelLayer(TMapLayer &layer, bool confirmDelete, bool &allowDelete) {
-  Q_EMIT OnBeforeDelLayer(this, &layer, confirmDelete, allowDelete);
-}
-void TTessera::FireAfterDelLayer() {
-  Q_EMIT OnAfterDelLayer(this);
-}
-void TTessera::FireAddObject(TCustomMapObject &object) {
-  Q_EMIT OnAddObject(this, &object);
-}
-void TTessera::FireBeforeRemoveObject(TCustomMapObject &object, bool &canRemove) {
-  Q_EMIT OnBeforeRemoveObject(this, &object, canRemove);
-}
-void TTessera::FireAfterRemoveObject() {
-  Q_EMIT OnAfterRemoveObject(this);
-}
-void TTessera::FireDeleteObject(TCustomMapObject &object) {
-  Q_EMIT OnDeleteObject(&object);
-}
-void TTessera::FireAddSelection(TCustomMapObject &object) {
-  Q_EMIT OnAddSelection(this, &object);
-}
-void TTessera::FireDelSelection(TCustomMapObject &object) {
-  Q_EMIT OnDelSelection(this, &object);
-}
-void TTessera::FireUpdate() {
-  Q_EMIT OnUpdate(this);
-}
-
-void TTessera::StartProgress(int min, int max, const QString &caption) {
-  Q_EMIT OnStartProgress(this, min, max, caption);
-}
-void TTessera::ShowProgress(int position) {
-  Q_EMIT OnShowProgress(this, position);
-}
-void TTessera::StopProgress() {
-  Q_EMIT OnStopProgress(this);
-}
-
 const TObjectStylePtr &TTessera::GetDefaultStyle(TObjectFont font) const {
   return d->options->GetStyle(font);
 }
