@@ -8,6 +8,8 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
+
 namespace tessera {
 
 TLayerTableModel::TLayerTableModel(QObject *parent)
@@ -35,10 +37,15 @@ int TLayerTableModel::RowOf(const TCustomMapObject *object) const {
 }
 
 int TLayerTableModel::ColumnOf(int field) const {
-  for (std::size_t i = 0; i < m_columns.size(); ++i) {
-    if (m_columns[i].field == field) return int(i);
-  }
-  return -1;
+  const auto found =
+      std::find_if(m_columns.begin(), m_columns.end(), [field](const auto &column) { return column.field == field; });
+  return found == m_columns.end() ? -1 : int(found - m_columns.begin());
+}
+
+int TLayerTableModel::ColumnNamed(const QString &name) const {
+  const auto found =
+      std::find_if(m_columns.begin(), m_columns.end(), [&name](const auto &column) { return column.name == name; });
+  return found == m_columns.end() ? -1 : int(found - m_columns.begin());
 }
 
 int TLayerTableModel::rowCount(const QModelIndex &parent) const {

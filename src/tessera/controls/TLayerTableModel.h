@@ -58,8 +58,12 @@ class TESSERA_WIDGETS_EXPORT TLayerTableModel : public QAbstractTableModel {
   [[nodiscard]] int RowOf(const TCustomMapObject *object) const;
   /// The column of a field of the layer; -1 when it is not visible, or there is none.
   [[nodiscard]] int ColumnOf(int field) const;
+  /// The first column of that name; -1 when there is none.
+  [[nodiscard]] int ColumnNamed(const QString &name) const;
   /// Reads objects and columns anew and tells views of the difference.
   void Refresh();
+  /// Whether objects have come, gone or moved since the last Refresh, as far as the map has told.
+  [[nodiscard]] bool GetIsRefreshDue() const { return m_isRefreshDue; }
 
   /// Appends a column to the layer and to its objects. A text column of size 0 gets size 255. False, after OnRefused,
   /// when the name is blank or there already, letter case aside, or without a layer.
