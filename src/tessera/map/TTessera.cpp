@@ -2,6 +2,7 @@
 #include <tessera/base/GuardedCall.h>
 #include <tessera/base/MessageSink.h>
 #include <tessera/map/TTessera.h>
+#include <tessera/map/detail/MapAccessible.h>
 #include <tessera/map/detail/TesseraPrivate.h>
 
 #include <QApplication>
@@ -58,6 +59,7 @@ TTessera::TTessera(QWidget *parent) : TTesseraEvents(parent), d(std::make_unique
   d->selection->SetMap(this);
   d->displayed->SetMap(this);
   d->dataLinks->SetMap(this);
+  detail::InstallMapAccessibility();
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setAttribute(Qt::WA_InputMethodEnabled);
