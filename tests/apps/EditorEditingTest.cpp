@@ -6,6 +6,9 @@
 #include <apps/editor/NewLayerDialog.h>
 #include <apps/editor/OptionsDialog.h>
 #include <apps/editor/RecentFiles.h>
+#include <tessera/controls/LayerCtrl.h>
+#include <tessera/controls/LayersComboBox.h>
+#include <tessera/controls/TDataBrowser.h>
 
 #include <QClipboard>
 #include <QComboBox>
@@ -126,6 +129,26 @@ TEST_F(EditorEditingTest, DeletesTheSelectedObjectsOfTheEditableLayerOnly) {
   map.GetSelection()->Add(layer->First(), true);
   input.Key(Qt::Key_Delete);
   EXPECT_EQ(layer->GetObjectCount(), 6) << "the key is the text's";
+}
+
+TEST_F(EditorEditingTest, ChoosesTheEditableLayerAndShowsTheAttributesOfTheChosenOne) {
+  Open({MapFileNamed("squares.mif"), MapFileNamed("cover.mif")});
+  auto *choice = window.findChild<TLayersComboBox *>();
+  auto *list = window.findChild<TLayerControl *>();
+  auto *browser = window.findChild<TDataBrowser *>();
+  EXPECT_EQ(choice->currentIndex(), -1);
+  EXPECT_EQ(browser->GetLayer(), map.GetLayers()->Last());
+  map.GetLayers()->Move(0, 1);
+  QApplication::processEvents();
+  choice->setCurrentIndex(0);
+  Q_EMIT choice->activated(0);
+  EXPECT_EQ(map.GetLayers()->GetEditableLayer()->GetName(), QStringLiteral("squares")) << "as the choice says";
+  map.GetLayers()->First()->SetEditable(true);
+  QApplication::processEvents();
+  EXPECT_EQ(choice->currentText(), QStringLiteral("cover"));
+  list->SetItemIndex(1);
+  EXPECT_EQ(window.GetCurrentLayer()->GetName(), QStringLiteral("squares"));
+  EXPECT_EQ(browser->GetLayer(), window.GetCurrentLayer());
 }
 
 TEST_F(EditorEditingTest, AsksBeforeUnsavedChangesAreLost) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/FileFilters.h>
 #include <apps/editor/LayerFiles.h>
+#include <tessera/base/THandle.h>
 #include <tessera/layers/MapFiles.h>
 #include <tessera/providers/CustomFormatProvider.h>
 
@@ -66,6 +67,11 @@ LayerFiles::LayerFiles(QWidget &window, TTessera &map)
   m_questions.whereToSave = [this](const TMapLayer &layer) {
     return AskForFileToWrite(&m_window, tr("Save layer as"), ProposeFileFor(layer), MapFilters());
   };
+  // However a layer comes to be deleted.
+  connect(&map, &TTessera::OnBeforeDelLayer, this,
+          [this](TTessera *, TMapLayer *layer, bool confirmDelete, bool &allowDelete) {
+            if (confirmDelete && !Settle(*layer)) allowDelete = false;
+          });
 }
 
 void LayerFiles::Open(const QStringList &fileNames) {
@@ -113,9 +119,11 @@ bool LayerFiles::SaveAs(TMapLayer &layer) {
 
 bool LayerFiles::Settle(TMapLayer &layer) {
   if (!m_unsaved.Has(layer)) return true;
+  // A dialog lets everything else go on meanwhile.
+  const THandle<TMapLayer> handle(&layer);
   switch (m_questions.aboutUnsaved(layer)) {
     case FileQuestions::Unsaved::Save:
-      return Save(layer);
+      return handle && Save(layer);
     case FileQuestions::Unsaved::Discard:
       return true;
     default:
@@ -125,17 +133,17 @@ bool LayerFiles::Settle(TMapLayer &layer) {
 
 bool LayerFiles::SettleAll() {
   for (TMapLayer *layer : m_unsaved.GetLayers()) {
-    // A dialog lets everything else go on meanwhile.
     if (m_map.GetLayers()->IndexOf(layer) >= 0 && !Settle(*layer)) return false;
   }
   return true;
 }
 
-bool LayerFiles::Close(TMapLayer &layer) {
-  if (!Settle(layer)) return false;
-  const int index = m_map.GetLayers()->IndexOf(&layer);
-  if (index >= 0) m_map.GetLayers()->Delete(index);
-  return true;
+bool LayerFiles::Close(const TMapLayer &layer) {
+  TMapLayers &layers = *m_map.GetLayers();
+  const int index = layers.IndexOf(&layer);
+  const int count = layers.GetCount();
+  if (index >= 0) layers.Delete(index);
+  return layers.GetCount() < count;
 }
 
 QString LayerFiles::ProposeFileFor(const TMapLayer &layer) {

@@ -34,8 +34,9 @@ class LayerFiles : public QObject {
   /// Writes a layer to its own file, or, when that would lose something or there is none, where the person says.
   bool Save(TMapLayer &layer);
   bool SaveAs(TMapLayer &layer);
-  /// Closes a layer once its unsaved changes are saved or given up. False when the person thinks better of it.
-  bool Close(TMapLayer &layer);
+  /// Deletes a layer once its unsaved changes are saved or given up, which is asked whenever a layer of the map is to
+  /// be deleted. False when the person thinks better of it.
+  bool Close(const TMapLayer &layer);
   /// Settles the unsaved changes of all layers. False when the person thinks better of it.
   bool SettleAll();
   void AskForFilesToOpen();

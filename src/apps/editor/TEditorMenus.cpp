@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The menus and tool bars of the editor's window.
 #include <apps/editor/EditorTools.h>
+#include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
 #include <apps/editor/MapPrinting.h>
 #include <apps/editor/RecentFiles.h>
@@ -95,6 +96,7 @@ void TEditorWindow::MakeViewMenu() {
   });
   menu->addSeparator();
   MakeWheelMenu(*menu);
+  menu->addActions(m_docks->GetActions());
 }
 
 void TEditorWindow::MakeWheelMenu(QMenu &view) {
@@ -128,6 +130,8 @@ void TEditorWindow::MakeToolMenu() {
   bar->setObjectName(QStringLiteral("tools"));
   menu->addActions(m_tools->GetActions());
   bar->addActions(m_tools->GetActions());
+  bar->addSeparator();
+  bar->addWidget(m_docks->MakeEditableLayerChoice());
 }
 
 }  // namespace tessera::apps

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/PictureFile.h>
 #include <apps/editor/EditorTools.h>
+#include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
-#include <apps/editor/LayerPanel.h>
 #include <apps/editor/MessageBar.h>
 #include <apps/editor/NewLayerDialog.h>
 #include <apps/editor/OptionsDialog.h>
@@ -13,7 +13,6 @@
 
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -56,21 +55,19 @@ TEditorWindow::TEditorWindow(QWidget *parent)
       m_messageBar(new MessageBar),
       m_files(new LayerFiles(*this, *m_map)),
       m_tools(new EditorTools(*m_map, this)),
-      m_layers(new LayerPanel(*m_map, m_files->GetUnsaved())),
+      m_docks(new LayerDocks(*this, *m_map)),
       m_statusPanel(new StatusPanel(*m_map)),
       m_recent(new RecentFiles(tr("Open &recent"), this)) {
-  setWindowTitle(tr("Tessera editor"));
+  setWindowTitle(tr("Tessera editor[*]"));
   setAcceptDrops(true);
   setCentralWidget(MakeCentralWidget());
-  auto *dock = new QDockWidget(tr("Layers"), this);
-  dock->setObjectName(QStringLiteral("layers"));
-  dock->setWidget(m_layers);
-  addDockWidget(Qt::LeftDockWidgetArea, dock);
   statusBar()->addWidget(m_statusPanel, 1);
   SetUpMap();
   MakeMenus();
   connect(m_files, &LayerFiles::Done, m_statusPanel, &StatusPanel::SetSummary);
   connect(m_files, &LayerFiles::Failed, m_messageBar, &MessageBar::Post);
+  connect(&m_files->GetUnsaved(), &UnsavedChanges::Changed, this,
+          [this] { setWindowModified(!m_files->GetUnsaved().GetLayers().empty()); });
   connect(m_files, &LayerFiles::Used, m_recent, &RecentFiles::Add);
   connect(m_recent, &RecentFiles::Chosen, m_files, [this](const QString &file) { m_files->Open({file}); });
   m_sinkBefore = SetMessageSink([bar = m_messageBar](const QString &text) { bar->Post(text); });
@@ -109,7 +106,7 @@ void TEditorWindow::SetUpMap() {
 }
 
 TMapLayer *TEditorWindow::GetCurrentLayer() const {
-  return m_layers->GetCurrentLayer();
+  return m_docks->GetCurrentLayer();
 }
 
 void TEditorWindow::WithLayer(const std::function<void(TMapLayer &layer)> &command) {

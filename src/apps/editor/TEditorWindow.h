@@ -10,7 +10,7 @@ namespace tessera::apps {
 
 class EditorTools;
 class LayerFiles;
-class LayerPanel;
+class LayerDocks;
 class MessageBar;
 class RecentFiles;
 class StatusPanel;
@@ -33,7 +33,7 @@ class TEditorWindow : public QMainWindow {
   [[nodiscard]] EditorTools &GetTools() const { return *m_tools; }
   [[nodiscard]] MessageBar &GetMessageBar() const { return *m_messageBar; }
   [[nodiscard]] StatusPanel &GetStatusPanel() const { return *m_statusPanel; }
-  /// The layer that the commands are about: the one chosen in the list; none without layers.
+  /// The layer that the commands are about: the one chosen in the list, or the top one; none without layers.
   [[nodiscard]] TMapLayer *GetCurrentLayer() const;
 
   /// Makes an empty, editable layer on top.
@@ -71,7 +71,7 @@ class TEditorWindow : public QMainWindow {
   MessageBar *m_messageBar;
   LayerFiles *m_files;
   EditorTools *m_tools;
-  LayerPanel *m_layers;
+  LayerDocks *m_docks;
   StatusPanel *m_statusPanel;
   RecentFiles *m_recent;
   TMessageSink m_sinkBefore;

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <apps/editor/MapFollower.h>
+
+#include <QMainWindow>
+
+namespace tessera {
+class TDataBrowser;
+class TLayerControl;
+class TLayersComboBox;
+}  // namespace tessera
+
+namespace tessera::apps {
+
+/// The panels about the layers of the editor's map: their list, in which one is chosen, and the attributes of that one.
+class LayerDocks : public QObject {
+  Q_OBJECT
+
+ public:
+  LayerDocks(QMainWindow &window, TTessera &map);
+
+  /// The layer chosen in the list, which a layer is at once when it comes; otherwise the top one, none without layers.
+  [[nodiscard]] TMapLayer *GetCurrentLayer() const;
+  /// Show and hide the panels.
+  [[nodiscard]] QList<QAction *> GetActions() const { return m_actions; }
+  /// A choice of the layer that is drawn into, in step with the map.
+  [[nodiscard]] QWidget *MakeEditableLayerChoice();
+
+ private:
+  void AddDock(QMainWindow &window, Qt::DockWidgetArea area, const QString &title, const char *name, QWidget *panel);
+  void Follow(TMapDataLinkEvent event);
+  void ChooseTopLayer();
+  void ShowEditableLayer();
+
+  TTessera &m_map;
+  TLayerControl *m_layers;
+  TDataBrowser *m_browser;
+  TLayersComboBox *m_editable = nullptr;
+  QList<QAction *> m_actions;
+  MapFollower m_follower;
+};
+
+}  // namespace tessera::apps
