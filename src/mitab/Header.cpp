@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "Header.h"
+
+#include <cpl_conv.h>
+#include <cpl_string.h>
+#include <cpl_vsi.h>
+
+#include <algorithm>
+#include <charconv>
+#include <memory>
+#include <vector>
+
+namespace tessera::mitab {
+namespace {
+
+constexpr std::size_t MostLines = 2000;
+constexpr int LongestLine = 10000;
+
+bool IsWord(const std::string &word, const char *expected) {
+  return EQUAL(word.c_str(), expected);
+}
+
+/// Words and numbers; what stands in quotes is one word, brackets and commas only separate.
+std::vector<std::string> WordsOf(const std::string &line) {
+  const CPLStringList words(CSLTokenizeString2(line.c_str(), " \t(),;", CSLT_HONOURSTRINGS));
+  std::vector<std::string> answer;
+  for (int i = 0; i < words.size(); ++i) answer.emplace_back(words[i]);
+  return answer;
+}
+
+int NumberAt(const std::vector<std::string> &words, std::size_t at) {
+  int number = 0;
+  if (at < words.size()) std::from_chars(words[at].data(), words[at].data() + words[at].size(), number);
+  return number;
+}
+
+ColumnType TypeNamed(const std::string &word) {
+  constexpr const char *Names[] = {"",      "Char", "Integer", "SmallInt", "Decimal",
+                                   "Float", "Date", "Logical", "Time",     "DateTime"};
+  for (int i = 1; i <= LastColumnType; ++i) {
+    if (IsWord(word, Names[i])) return ColumnType(i);
+  }
+  return ColumnType::None;
+}
+
+/// Reads the lines of a definition one after the other.
+class HeaderReader {
+ public:
+  /// False at the end of the definition.
+  bool Read(const std::string &line) {
+    const std::vector<std::string> words = WordsOf(line);
+    if (words.empty()) return true;
+    if (m_columnsLeft > 0) return ReadColumn(words);
+    if (IsWord(words[0], "Data") || IsWord(words[0], "begin_metadata")) return false;
+    ReadStatement(line, words);
+    return true;
+  }
+
+  Header TakeHeader() {
+    for (const int index : m_uniques) MarkUnique(index);
+    return std::move(header);
+  }
+
+ private:
+  bool ReadColumn(const std::vector<std::string> &words) {
+    --m_columnsLeft;
+    Column column{.name = words[0], .type = words.size() > 1 ? TypeNamed(words[1]) : ColumnType::None};
+    column.width = NumberAt(words, 2);
+    column.precision = NumberAt(words, 3);
+    column.isIndexed =
+        std::any_of(words.begin() + 1, words.end(), [](const auto &word) { return IsWord(word, "Index"); });
+    header.columns.push_back(std::move(column));
+    return true;
+  }
+
+  void ReadStatement(const std::string &line, const std::vector<std::string> &words) {
+    for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+      if (IsWord(words[i], "Charset") || IsWord(words[i], "!charset")) header.charset = words[i + 1];
+    }
+    if (IsWord(words[0], "Fields") || IsWord(words[0], "Columns")) m_columnsLeft = NumberAt(words, 1);
+    if (IsWord(words[0], "CoordSys")) ReadCoordSys(line);
+    if (IsWord(words[0], "Index") || IsWord(words[0], "Unique")) MarkColumns(words);
+  }
+
+  void ReadCoordSys(const std::string &line) {
+    constexpr std::size_t WordLength = 8;
+    const std::size_t begin = line.find_first_not_of(" \t") + WordLength;
+    const std::size_t bounds = CPLString(line).ifind("Bounds");
+    header.coordSys = CPLString(line.substr(begin, bounds == std::string::npos ? bounds : bounds - begin)).Trim();
+  }
+
+  /// Those of a .mif file stand before its columns.
+  void MarkColumns(const std::vector<std::string> &words) {
+    for (std::size_t i = 1; i < words.size(); ++i) {
+      m_uniques.push_back(IsWord(words[0], "Unique") ? NumberAt(words, i) : -NumberAt(words, i));
+    }
+  }
+  void MarkUnique(int index) {
+    const auto at = std::size_t(std::abs(index)) - 1;
+    if (at >= header.columns.size()) return;
+    header.columns[at].isIndexed = true;
+    header.columns[at].isUnique |= index > 0;
+  }
+
+  Header header;
+  int m_columnsLeft = 0;
+  std::vector<int> m_uniques;  // negative those that are only indexed
+};
+
+}  // namespace
+
+Header ReadHeader(const std::string &fileName) {
+  const std::unique_ptr<VSILFILE, int (*)(VSILFILE *)> file(VSIFOpenL(fileName.c_str(), "rb"), VSIFCloseL);
+  if (!file) return {};
+  HeaderReader reader;
+  for (std::size_t i = 0; i < MostLines; ++i) {
+    const char *line = CPLReadLine2L(file.get(), LongestLine, nullptr);
+    if (line == nullptr || !reader.Read(line)) break;
+  }
+  CPLReadLineL(nullptr);  // gives back its buffer
+  return reader.TakeHeader();
+}
+
+std::optional<std::string> EncodingOf(const std::string &charset) {
+  static const struct {
+    const char *charset;
+    const char *encoding;
+  } rows[] = {
+      {"Neutral", ""},
+      {"WindowsLatin1", "CP1252"},
+      {"WindowsLatin2", "CP1250"},
+      {"WindowsCyrillic", "CP1251"},
+      {"WindowsGreek", "CP1253"},
+      {"WindowsTurkish", "CP1254"},
+      {"WindowsHebrew", "CP1255"},
+      {"WindowsArabic", "CP1256"},
+      {"WindowsBalticRim", "CP1257"},
+      {"WindowsVietnamese", "CP1258"},
+      {"WindowsThai", "CP874"},
+      {"WindowsJapanese", "CP932"},
+      {"WindowsSimpChinese", "CP936"},
+      {"WindowsTradChinese", "CP950"},
+      {"WindowsKorean", "CP949"},
+      {"ISO8859_1", "ISO-8859-1"},
+      {"ISO8859_2", "ISO-8859-2"},
+      {"ISO8859_3", "ISO-8859-3"},
+      {"ISO8859_4", "ISO-8859-4"},
+      {"ISO8859_5", "ISO-8859-5"},
+      {"ISO8859_6", "ISO-8859-6"},
+      {"ISO8859_7", "ISO-8859-7"},
+      {"ISO8859_8", "ISO-8859-8"},
+      {"ISO8859_9", "ISO-8859-9"},
+      {"CodePage437", "CP437"},
+      {"CodePage850", "CP850"},
+      {"CodePage852", "CP852"},
+      {"CodePage855", "CP855"},
+      {"CodePage857", "CP857"},
+      {"CodePage860", "CP860"},
+      {"CodePage861", "CP861"},
+      {"CodePage863", "CP863"},
+      {"CodePage864", "CP864"},
+      {"CodePage865", "CP865"},
+      {"CodePage869", "CP869"},
+  };
+  for (const auto &row : rows) {
+    if (EQUAL(row.charset, charset.c_str())) return row.encoding;
+  }
+  return std::nullopt;
+}
+
+}  // namespace tessera::mitab
