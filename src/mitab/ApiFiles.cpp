@@ -65,13 +65,8 @@ MITAB_API int mitab_c_set_quick_spatial_index_mode(void *handle) {
   return handle != nullptr && TableOf(handle)->SetQuickIndex() ? 0 : -1;
 }
 
-/// Beyond the interface: the character set of a file, as MapInfo names it. Where this entry point is, names, values and
-/// texts go in and out in UTF-8; those of a Neutral file as they stand.
-MITAB_API const char *tessera_mitab_get_charset(void *handle) {
-  return handle == nullptr ? "" : TableOf(handle)->GetCharset().c_str();
-}
-
 /// Beyond the interface: chooses the character set of a new file, before its first object. 0, or -1 for an unknown one.
+/// Where this entry point is, names, values and texts go in and out in UTF-8; those of a Neutral file as they stand.
 MITAB_API int tessera_mitab_set_charset(void *handle, const char *charset) {
   return handle != nullptr && TableOf(handle)->SetCharset(TextOf(charset)) ? 0 : -1;
 }

@@ -135,13 +135,12 @@ MITAB_API int mitab_c_get_text_vb(void *feature, char *text, int size) {
   return CopyText(mitab_c_get_text(feature), text, size);
 }
 
-MITAB_API void mitab_c_set_text_display(void *feature, double angleDeg, double height, double width, int fore, int back,
-                                        int justification, int spacing, int lineType) {
+MITAB_API void mitab_c_set_text_display(void *feature, double angleDeg, double height, double /*width*/, int fore,
+                                        int back, int justification, int spacing, int lineType) {
   Label *changed = LabelOf(feature);
   if (changed == nullptr) return;
   changed->angleDeg = angleDeg;
   if (height > 0) changed->height = height;
-  if (width > 0) changed->width = width;
   SetUnlessNegative(changed->fore, fore);
   SetUnlessNegative(changed->back, back);
   changed->usesBack |= back >= 0;
@@ -162,7 +161,7 @@ MITAB_API double mitab_c_get_text_height(void *feature) {
 
 MITAB_API double mitab_c_get_text_width(void *feature) {
   const Label *asked = LabelOf(feature);
-  return asked == nullptr ? 0 : asked->width;
+  return asked == nullptr ? 0 : TextWidth(*asked);
 }
 
 MITAB_API int mitab_c_get_text_fgcolor(void *feature) {

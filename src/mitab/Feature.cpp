@@ -47,10 +47,14 @@ int LineCount(const std::string &text) {
   return 1 + int(std::count(text.begin(), text.end(), '\n'));
 }
 
-double UsualTextWidth(const Label &label) {
-  constexpr double WidthToHeight = 0.6;
+double WidthToHeight(const std::string &text) {
+  constexpr double OfLetter = 0.6;
   const auto isLetter = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
-  return WidthToHeight * label.height * double(std::count_if(label.text.begin(), label.text.end(), isLetter));
+  return OfLetter * double(std::count_if(text.begin(), text.end(), isLetter));
+}
+
+double TextWidth(const Label &label) {
+  return label.height * WidthToHeight(label.text);
 }
 
 }  // namespace tessera::mitab

@@ -36,8 +36,7 @@ struct Symbol {
 struct Label {
   std::string text;
   double angleDeg = 0;
-  double height = 0;
-  double width = 0;
+  double height = 0;  ///< Of the box.
   int fore = 0;
   int back = 0xffffff;
   bool usesBack = false;
@@ -90,8 +89,10 @@ struct Feature {
 /// A new object of a kind, as the interface begins it.
 [[nodiscard]] std::unique_ptr<Feature> MakeFeature(Kind kind, std::shared_ptr<const Columns> columns);
 
-/// The width that is assumed for the box of a text: that of its letters on an average.
-[[nodiscard]] double UsualTextWidth(const Label &label);
+/// The width of the box of a text, which OGR neither tells nor takes: that of its letters on an average.
+[[nodiscard]] double TextWidth(const Label &label);
+/// How the width of the box of a text follows from its height.
+[[nodiscard]] double WidthToHeight(const std::string &text);
 /// Of a text of several lines.
 [[nodiscard]] int LineCount(const std::string &text);
 

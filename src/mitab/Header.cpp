@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Header.h"
 
+#include <tessera/formats/detail/MapInfoCharsets.h>
+
 #include <cpl_conv.h>
 #include <cpl_string.h>
 #include <cpl_vsi.h>
@@ -74,9 +76,6 @@ class HeaderReader {
   }
 
   void ReadStatement(const std::string &line, const std::vector<std::string> &words) {
-    for (std::size_t i = 0; i + 1 < words.size(); ++i) {
-      if (IsWord(words[i], "Charset") || IsWord(words[i], "!charset")) header.charset = words[i + 1];
-    }
     if (IsWord(words[0], "Fields") || IsWord(words[0], "Columns")) m_columnsLeft = NumberAt(words, 1);
     if (IsWord(words[0], "CoordSys")) ReadCoordSys(line);
     if (IsWord(words[0], "Index") || IsWord(words[0], "Unique")) MarkColumns(words);
@@ -122,48 +121,8 @@ Header ReadHeader(const std::string &fileName) {
 }
 
 std::optional<std::string> EncodingOf(const std::string &charset) {
-  static const struct {
-    const char *charset;
-    const char *encoding;
-  } rows[] = {
-      {"Neutral", ""},
-      {"WindowsLatin1", "CP1252"},
-      {"WindowsLatin2", "CP1250"},
-      {"WindowsCyrillic", "CP1251"},
-      {"WindowsGreek", "CP1253"},
-      {"WindowsTurkish", "CP1254"},
-      {"WindowsHebrew", "CP1255"},
-      {"WindowsArabic", "CP1256"},
-      {"WindowsBalticRim", "CP1257"},
-      {"WindowsVietnamese", "CP1258"},
-      {"WindowsThai", "CP874"},
-      {"WindowsJapanese", "CP932"},
-      {"WindowsSimpChinese", "CP936"},
-      {"WindowsTradChinese", "CP950"},
-      {"WindowsKorean", "CP949"},
-      {"ISO8859_1", "ISO-8859-1"},
-      {"ISO8859_2", "ISO-8859-2"},
-      {"ISO8859_3", "ISO-8859-3"},
-      {"ISO8859_4", "ISO-8859-4"},
-      {"ISO8859_5", "ISO-8859-5"},
-      {"ISO8859_6", "ISO-8859-6"},
-      {"ISO8859_7", "ISO-8859-7"},
-      {"ISO8859_8", "ISO-8859-8"},
-      {"ISO8859_9", "ISO-8859-9"},
-      {"CodePage437", "CP437"},
-      {"CodePage850", "CP850"},
-      {"CodePage852", "CP852"},
-      {"CodePage855", "CP855"},
-      {"CodePage857", "CP857"},
-      {"CodePage860", "CP860"},
-      {"CodePage861", "CP861"},
-      {"CodePage863", "CP863"},
-      {"CodePage864", "CP864"},
-      {"CodePage865", "CP865"},
-      {"CodePage869", "CP869"},
-  };
-  for (const auto &row : rows) {
-    if (EQUAL(row.charset, charset.c_str())) return row.encoding;
+  for (const auto &row : tessera::detail::MapInfoCharsets) {
+    if (EQUAL(row.name, charset.c_str())) return row.encoding;
   }
   return std::nullopt;
 }

@@ -10,8 +10,6 @@ namespace tessera::mitab {
 
 /// What the text of a .tab or .mif file says of its table that OGR does not hand on.
 struct Header {
-  /// A character set as MapInfo names it, such as WindowsCyrillic; "Neutral" when none is named.
-  std::string charset = "Neutral";
   /// The clause of a .mif file, without the word CoordSys and without its bounds.
   std::string coordSys;
   /// As they are told in the file, in order, with names in its character set.

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <numbers>
 
 namespace tessera::mitab {
 namespace {
@@ -75,7 +76,6 @@ void ReadLabel(const StyleText &style, Feature &feature) {
   label.back = style.Color("LABEL", "b", label.back);
   label.justification = Justification((std::max(int(style.Number("LABEL", "p")), 1) - 1) % Anchors);
   label.height = style.Number("LABEL", "s") / LetterToLine * LineCount(label.text);
-  label.width = UsualTextWidth(label);
   feature.font = style.Setting("LABEL", "f");
 }
 
@@ -133,6 +133,22 @@ int WritablePenWidth(int width) {
   // OGR takes up to ten points for pixels.
   if (points <= 10) return std::clamp(int(std::lround((width - FirstPointWidth) / 10.0 * PixelsOfPoint)), 1, MostPenPx);
   return FirstPointWidth + 10 * points;
+}
+
+void StraightenLabel(Feature &feature) {
+  constexpr double Degree = std::numbers::pi / 180;
+  Label &label = feature.label;
+  const double sine = std::sin(label.angleDeg * Degree);
+  const double cosine = std::cos(label.angleDeg * Degree);
+  const double given = label.height;
+  label.height = given / (WidthToHeight(label.text) * std::abs(sine) + std::abs(cosine));
+  OGRRawPoint &place = feature.parts.front().points.front();
+  const bool isOnLeftOrRight = sine * cosine >= 0;
+  if (isOnLeftOrRight) {
+    place.x += (label.height - given) * sine;
+  } else {
+    place.y += (given - label.height) * cosine;
+  }
 }
 
 Kind PointKindOf(const std::string &style) {

@@ -11,8 +11,12 @@ namespace tessera::mitab {
 [[nodiscard]] Kind PointKindOf(const std::string &style);
 
 /// Takes pen, brush, symbol, font and label from a style text of OGR, as far as objects of the kind have them. A label
-/// gets no more than OGR tells of its box, the height of its letters; the width is the usual one.
+/// gets what OGR tells of its box, the height.
 void ReadStyle(const std::string &style, Feature &feature);
+
+/// Takes the height of a turned text, which OGR has given as that of the upright box around it, and the place that it
+/// has worked out from that, as it does for .mif files, for what they are. @pre the object is a text
+void StraightenLabel(Feature &feature);
 
 /// The style text by which OGR writes the object; empty for one without a look.
 [[nodiscard]] std::string StyleOf(const Feature &feature);

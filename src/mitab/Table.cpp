@@ -2,6 +2,7 @@
 #include "Table.h"
 
 #include "Conversion.h"
+#include "Styles.h"
 
 #include <cpl_conv.h>
 #include <cpl_string.h>
@@ -78,8 +79,8 @@ std::unique_ptr<Table> Table::Open(const std::string &fileName) {
   table->m_dataset.reset(GDALDataset::Open(fileName.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, drivers));
   if (!table->m_dataset || table->m_dataset->GetLayerCount() == 0) return nullptr;
   table->m_layer = table->m_dataset->GetLayer(0);
+  if (HasExtension(fileName, "mif")) table->m_kind = FileKind::Mif;
   const Header header = ReadHeader(fileName);
-  table->m_charset = header.charset;
   table->m_coordSys = header.coordSys.empty() ? CoordSysOf(table->m_layer->GetSpatialRef()) : header.coordSys;
   table->FillColumns(header.columns);
   return table;
@@ -140,7 +141,7 @@ int Table::NextId(int lastId) {
 
 OGRFeatureUniquePtr Table::Fetch(int id) {
   if (m_next && m_next->GetFID() == id) return std::move(m_next);
-  if (!HasExtension(m_fileName, "mif")) {
+  if (m_kind == FileKind::Tab) {
     m_position = id;  // GDAL reads on from there
     return OGRFeatureUniquePtr(m_layer->GetFeature(id));
   }
@@ -151,7 +152,10 @@ OGRFeatureUniquePtr Table::Fetch(int id) {
 std::unique_ptr<Feature> Table::Read(int id) {
   if (m_isNew || m_layer == nullptr || id < 0) return nullptr;
   OGRFeatureUniquePtr row = Fetch(id);
-  return row ? FromOgr(std::move(row), m_columns) : nullptr;
+  if (!row) return nullptr;
+  auto feature = FromOgr(std::move(row), m_columns);
+  if (feature->kind == Kind::Text && m_kind == FileKind::Mif) StraightenLabel(*feature);
+  return feature;
 }
 
 bool Table::SetCharset(const std::string &charset) {

@@ -35,7 +35,6 @@ class Table {
   Table &operator=(const Table &) = delete;
 
   [[nodiscard]] const std::shared_ptr<const Columns> &GetColumns() const { return m_columns; }
-  [[nodiscard]] const std::string &GetCharset() const { return m_charset; }
   /// Empty when the table does not tell.
   [[nodiscard]] const std::string &GetCoordSys() const { return m_coordSys; }
 

@@ -5,6 +5,7 @@
 #include <tessera/base/MessageSink.h>
 #include <tessera/base/detail/StagedSet.h>
 #include <tessera/formats/SimpleMIFFormatProvider.h>
+#include <tessera/formats/detail/Companions.h>
 #include <tessera/formats/detail/MifReader.h>
 #include <tessera/formats/detail/MifStyles.h>
 #include <tessera/formats/detail/MifText.h>
@@ -18,22 +19,8 @@
 namespace tessera {
 namespace {
 
-/// The data file that belongs to a .mif file: the one with the extension .mid, or one that only differs in the case of
-/// these letters when just that is there.
 QString DataFileName(const QString &fileName) {
-  const qsizetype dot = fileName.lastIndexOf(u'.');
-  const QString bare = dot > fileName.lastIndexOf(u'/') ? fileName.first(dot) : fileName;
-  QString usual = bare + QStringLiteral(".mid");
-  if (QFileInfo::exists(usual)) return usual;
-  constexpr unsigned LetterCount = 3;
-  for (unsigned capitals = 1; capitals < 1U << LetterCount; ++capitals) {
-    QString extension = QStringLiteral("MID");
-    for (unsigned i = 0; i < LetterCount; ++i) {
-      if ((capitals >> i & 1U) == 0) extension[i] = extension[i].toLower();
-    }
-    if (QString other = bare + u'.' + extension; QFileInfo::exists(other)) return other;
-  }
-  return usual;
+  return detail::CompanionOf(fileName, QStringLiteral("mid"));
 }
 
 /// Tells the map, if there is one, of the end of progress, when it is left.

@@ -9,12 +9,6 @@
 namespace tessera {
 namespace {
 
-#if defined(Q_OS_WIN)
-constexpr const char *UsualLibrary = "mitab.dll";
-#else
-constexpr const char *UsualLibrary = "libmitab.so";
-#endif
-
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
 #define TESSERA_HAS_ADDRESS_SANITIZER
@@ -164,6 +158,14 @@ std::span<const MitabEntry> MitabEntries() {
   return Entries;
 }
 
+QString UsualMitabPath() {
+#ifdef Q_OS_WIN
+  return QStringLiteral("mitab.dll");
+#else
+  return QStringLiteral("libmitab.so");
+#endif
+}
+
 QFunctionPointer FindMitabEntry(const char *name) {
   return Library() ? Library()->resolve(name) : nullptr;
 }
@@ -194,7 +196,7 @@ int LoadLibrary(std::span<const detail::MitabEntry> entries) {
 
 }  // namespace
 
-QString LibPath = QString::fromLatin1(UsualLibrary);
+QString LibPath = detail::UsualMitabPath();
 int MITAB_LoadErr = MITAB_NoLibrary;
 
 void MITAB_load() {

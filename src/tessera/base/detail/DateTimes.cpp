@@ -21,26 +21,6 @@ QDate DayZero() {
   return {1899, 12, 30};
 }
 
-struct TMoment {
-  QDate date;
-  QTime time;
-};
-
-TMoment MomentOf(double value) {
-  static const auto firstDay = double(DayZero().daysTo(QDate(1, 1, 1)));
-  static const auto lastDay = double(DayZero().daysTo(QDate(9999, 12, 31)));
-  double days = std::trunc(value);
-  double milliseconds = std::round(std::fabs(value - days) * MillisecondsPerDay);
-  if (milliseconds == MillisecondsPerDay) {
-    days += 1;
-    milliseconds = 0;
-  }
-  if (!(days >= firstDay && days <= lastDay)) {
-    throw EConvertError(QStringLiteral("%1 is not a date and time").arg(FloatToStr(value)));
-  }
-  return {DayZero().addDays(qint64(days)), QTime::fromMSecsSinceStartOfDay(int(milliseconds))};
-}
-
 /// The short date format of the locale, with a year of four digits: one of two does not tell the century.
 QString DateFormat(const QLocale &locale) {
   QString format = locale.dateFormat(QLocale::ShortFormat);
@@ -63,6 +43,34 @@ QString TextOf(const QTime &time) {
 
 }  // namespace
 
+Moment MomentOf(double value) {
+  static const auto firstDay = double(DayZero().daysTo(QDate(1, 1, 1)));
+  static const auto lastDay = double(DayZero().daysTo(QDate(9999, 12, 31)));
+  double days = std::trunc(value);
+  double milliseconds = std::round(std::fabs(value - days) * MillisecondsPerDay);
+  if (milliseconds == MillisecondsPerDay) {
+    days += 1;
+    milliseconds = 0;
+  }
+  if (!(days >= firstDay && days <= lastDay)) {
+    throw EConvertError(QStringLiteral("%1 is not a date and time").arg(FloatToStr(value)));
+  }
+  return {DayZero().addDays(qint64(days)), QTime::fromMSecsSinceStartOfDay(int(milliseconds))};
+}
+
+double DaysOf(const QDate &date) {
+  return double(DayZero().daysTo(date));
+}
+
+double DaysOf(const QTime &time) {
+  return double(time.msecsSinceStartOfDay()) / MillisecondsPerDay;
+}
+
+double DaysOf(const Moment &moment) {
+  const double days = DaysOf(moment.date);
+  return days < 0 ? days - DaysOf(moment.time) : days + DaysOf(moment.time);
+}
+
 QString DateToStr(double value) {
   return TextOf(MomentOf(value).date);
 }
@@ -72,7 +80,7 @@ QString TimeToStr(double value) {
 }
 
 QString DateTimeToStr(double value) {
-  const TMoment moment = MomentOf(value);
+  const Moment moment = MomentOf(value);
   const bool isMidnight = moment.time.msecsSinceStartOfDay() == 0;
   return isMidnight ? TextOf(moment.date) : TextOf(moment.date) + u' ' + TextOf(moment.time);
 }
@@ -82,7 +90,7 @@ double StrToDate(QStringView text) {
   const QString trimmed = text.trimmed().toString();
   const QDate date = locale.toDate(trimmed, DateFormat(locale));
   if (!date.isValid()) ThrowConvertError(QStringLiteral("'%1' is not a valid date"), trimmed);
-  return double(DayZero().daysTo(date));
+  return DaysOf(date);
 }
 
 double StrToTime(QStringView text) {
@@ -90,7 +98,7 @@ double StrToTime(QStringView text) {
   QTime time = QTime::fromString(trimmed, QStringLiteral("H:m:s"));
   if (!time.isValid()) time = QTime::fromString(trimmed, QStringLiteral("H:m"));
   if (!time.isValid()) ThrowConvertError(QStringLiteral("'%1' is not a valid time"), trimmed);
-  return double(time.msecsSinceStartOfDay()) / MillisecondsPerDay;
+  return DaysOf(time);
 }
 
 }  // namespace tessera::detail

@@ -3,8 +3,10 @@
 
 #include <tessera/base/Export.h>
 
+#include <QDate>
 #include <QString>
 #include <QStringView>
+#include <QTime>
 
 namespace tessera::detail {
 
@@ -12,6 +14,18 @@ namespace tessera::detail {
 /// fraction still counts forwards: -1.25 is 06:00 on the day before. Resolution is a millisecond; the calendar is the
 /// proleptic Gregorian one. Texts follow the default QLocale: its short date format with the year in four digits, and
 /// the time of day as hours of 24, minutes and seconds ("09:05:30") in every locale, so that a text always reads back.
+
+struct Moment {
+  QDate date;
+  QTime time;
+};
+
+/// @throws EConvertError when `value` is not a moment between the years 1 and 9999.
+[[nodiscard]] TESSERA_CORE_EXPORT Moment MomentOf(double value);
+/// The moment as a real number. @pre the date and the time are valid
+[[nodiscard]] TESSERA_CORE_EXPORT double DaysOf(const QDate &date);
+[[nodiscard]] TESSERA_CORE_EXPORT double DaysOf(const QTime &time);
+[[nodiscard]] TESSERA_CORE_EXPORT double DaysOf(const Moment &moment);
 
 /// The date, without the time of day.
 /// @throws EConvertError when `value` is not a moment between the years 1 and 9999; so do the two below.

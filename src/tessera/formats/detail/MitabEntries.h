@@ -4,6 +4,7 @@
 #include <tessera/base/Export.h>
 
 #include <QByteArray>
+#include <QString>
 
 #include <span>
 
@@ -21,6 +22,9 @@ struct TESSERA_CORE_EXPORT MitabEntry {
 
 /// All that are bound, in that order; the one that tells the version is the first.
 [[nodiscard]] TESSERA_CORE_EXPORT std::span<const MitabEntry> MitabEntries();
+
+/// What LibPath is at first.
+[[nodiscard]] QString UsualMitabPath();
 
 /// An entry point beyond these, which only some builds of the library have; null without one, and without a library.
 [[nodiscard]] TESSERA_CORE_EXPORT QFunctionPointer FindMitabEntry(const char *name);

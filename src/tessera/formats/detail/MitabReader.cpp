@@ -1,0 +1,264 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/Exceptions.h>
+#include <tessera/formats/detail/MitabReader.h>
+#include <tessera/formats/detail/MitabShapes.h>
+#include <tessera/layers/TMapLayer.h>
+#include <tessera/objects/TCircle.h>
+#include <tessera/objects/TPolyline.h>
+#include <tessera/objects/TRectangle.h>
+#include <tessera/objects/TRegion.h>
+#include <tessera/objects/TText.h>
+
+#include <algorithm>
+
+namespace tessera::detail {
+namespace {
+
+/// Progress is shown whenever a further 256th of the objects has been read.
+constexpr int ProgressSteps = 256;
+/// Numbers of errors from here on are warnings.
+constexpr int FirstWarning = 500;
+/// Of a rectangle; a rounded one has more.
+constexpr int RectanglePoints = 5;
+
+std::vector<TMapPoint> PointsOf(mitab_feature feature, int part) {
+  std::vector<TMapPoint> points(std::size_t(std::max(mitab_c_get_vertex_count(feature, part), 0)));
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    points[i] = {mitab_c_get_vertex_x(feature, part, int(i)), mitab_c_get_vertex_y(feature, part, int(i))};
+  }
+  return points;
+}
+
+void AddPart(mitab_feature feature, int part, TParts &parts) {
+  const auto count = std::size_t(std::max(mitab_c_get_vertex_count(feature, part), 0));
+  parts.Add().GetPoints().AppendInPlace(count, [&](TMapPoint *point, TBounds &bounds) {
+    for (std::size_t i = 0; i < count; ++i, ++point) {
+      *point = {mitab_c_get_vertex_x(feature, part, int(i)), mitab_c_get_vertex_y(feature, part, int(i))};
+      bounds.Widen(point->X, point->Y);
+    }
+    return count;
+  });
+}
+
+void AddParts(mitab_feature feature, TParts &parts) {
+  for (int part = 0; part < mitab_c_get_parts(feature); ++part) AddPart(feature, part, parts);
+}
+
+}  // namespace
+
+/// What is made of each kind of object.
+struct MitabKindReaders {
+  struct Entry {
+    const char *name;
+    void (MitabReader::*read)(mitab_feature feature);
+  };
+  static constexpr Entry InOrder[] = {
+      {"None", &MitabReader::ReadPlace},
+      {"Point", &MitabReader::ReadPoints},
+      {"FontPoint", &MitabReader::ReadPoints},
+      {"CustomPoint", &MitabReader::ReadPoints},
+      {"Text", &MitabReader::ReadText},
+      {"Pline", &MitabReader::ReadLine},
+      {"Arc", &MitabReader::ReadLine},
+      {"Region", &MitabReader::ReadRegion},
+      {"Rectangle", &MitabReader::ReadRectangle},
+      {"Ellipse", &MitabReader::ReadEllipse},
+      {"Multipoint", &MitabReader::ReadPoints},
+      {"Collection", &MitabReader::ReadMembers},
+  };
+  static_assert(std::size(InOrder) == MitabReader::KindCount);
+};
+
+MitabReader::MitabReader(TMapLayer &layer, mitab_handle file, MitabText &text, TFormatReport &report)
+    : m_layer(layer),
+      m_watchedLayer(&layer),
+      m_map(*layer.GetMapHost()),
+      m_file(file),
+      m_report(report),
+      m_columns(file, text),
+      m_styles(m_map, text) {}
+
+void MitabReader::CheckLayer() const {
+  if (!m_watchedLayer) throw EInOutError(QStringLiteral("the layer was deleted while it was being loaded"));
+}
+
+void MitabReader::Read() {
+  const int count = mitab_c_get_feature_count(m_file);
+  m_map.StartProgress(0, count, QStringLiteral("Loading file"));
+  CheckLayer();
+  int nextProgress = 0;
+  int done = 0;
+  for (int id = -1; ReadNext(id); ++done) {
+    if (done < nextProgress) continue;
+    nextProgress = done + std::max(count / ProgressSteps, 1);
+    m_map.ShowProgress(std::min(done, count));
+    CheckLayer();
+  }
+  FinishReport();
+}
+
+bool MitabReader::ReadNext(int &id) {
+  const MitabNumbers numbers;
+  const int next = mitab_c_next_feature_id(m_file, id);
+  if (next <= id) {
+    CheckEnd();
+    return false;
+  }
+  id = next;
+  const MitabFeature feature(mitab_c_read_feature(m_file, id));
+  if (feature) {
+    ReadObject(feature.get());
+  } else {
+    ++m_unreadable;
+  }
+  return true;
+}
+
+void MitabReader::CheckEnd() {
+  // Other libraries keep the errors of earlier calls.
+  const int error = MitabRecodes() ? mitab_c_getlasterrorno() : 0;
+  if (error != 0 && error < FirstWarning) m_report.Fail(0, QString::fromUtf8(mitab_c_getlasterrormsg()).simplified());
+}
+
+void MitabReader::ReadObject(mitab_feature feature) {
+  const int kind = std::clamp(mitab_c_get_type(feature), 0, int(KindCount) - 1);
+  const std::size_t first = m_objects.size();
+  ++m_counts[std::size_t(kind)];
+  ReadShape(feature, kind);
+  if (m_objects.size() == first) ReadPlace(feature);
+  const std::string_view values = m_columns.ReadValues(feature);
+  for (std::size_t i = first; i < m_objects.size(); ++i) m_objects[i]->GetFields().SetRecord(values);
+}
+
+void MitabReader::ReadShape(mitab_feature feature, int kind) {
+  (this->*MitabKindReaders::InOrder[kind].read)(feature);
+}
+
+template <class Kind>
+Kind &MitabReader::Add(mitab_feature feature) {
+  auto object = std::make_unique<Kind>();
+  Kind &added = *object;
+  added.SetStyle(m_styles.StyleOf(feature));
+  m_objects.push_back(std::move(object));
+  return added;
+}
+
+void MitabReader::ReadPlace(mitab_feature feature) {
+  Add<TCustomMapObject>(feature);
+}
+
+void MitabReader::AddSymbol(const TMapPoint &place, mitab_feature feature) {
+  constexpr int UsualShape = 35;
+  auto &symbol = Add<TSymbol>(feature);
+  const int shape = mitab_c_get_symbol_no(feature);
+  symbol.SetShape(shape > 0 ? shape : UsualShape);
+  symbol.MoveTo(place.X, place.Y);
+}
+
+void MitabReader::ReadPoints(mitab_feature feature) {
+  for (int part = 0; part < mitab_c_get_parts(feature); ++part) {
+    for (const TMapPoint &place : PointsOf(feature, part)) AddSymbol(place, feature);
+  }
+}
+
+void MitabReader::ReadText(mitab_feature feature) {
+  auto &text = Add<TText>(feature);
+  const double angleDeg = mitab_c_get_text_angle(feature);
+  const double height = mitab_c_get_text_height(feature);
+  const TMapPoint anchor =
+      TextAnchor({mitab_c_get_vertex_x(feature, 0, 0), mitab_c_get_vertex_y(feature, 0, 0)}, angleDeg, height);
+  text.SetText(m_columns.TextOf(mitab_c_get_text(feature)));
+  text.SetAngle(angleDeg);
+  text.SetHeight(height);
+  text.SetWidth(mitab_c_get_text_width(feature));
+  text.MoveTo(anchor.X, anchor.Y);
+  if (mitab_c_get_text_justification(feature) != TABTJ_Left) ++m_justified;
+  if (mitab_c_get_text_spacing(feature) != TABTS_Single) ++m_spaced;
+  if (mitab_c_get_text_linetype(feature) != TABTL_NoLine) ++m_labelLines;
+}
+
+void MitabReader::ReadLine(mitab_feature feature) {
+  AddParts(feature, Add<TPolyline>(feature).GetParts());
+}
+
+void MitabReader::ReadRegion(mitab_feature feature) {
+  AddParts(feature, Add<TRegion>(feature).GetParts());
+}
+
+void MitabReader::ReadRectangle(mitab_feature feature) {
+  if (mitab_c_get_vertex_count(feature, 0) > RectanglePoints) return ReadRegion(feature);
+  TBounds bounds = TBounds::Empty();
+  for (const TMapPoint &corner : PointsOf(feature, 0)) bounds.Widen(corner.X, corner.Y);
+  auto &rectangle = Add<TRectangle>(feature);
+  rectangle.SetX0(bounds.MinX);
+  rectangle.SetY0(bounds.MinY);
+  rectangle.SetX1(bounds.MaxX);
+  rectangle.SetY1(bounds.MaxY);
+}
+
+void MitabReader::ReadEllipse(mitab_feature feature) {
+  const auto figure = CircleThrough(PointsOf(feature, 0));
+  if (!figure) return ReadRegion(feature);
+  auto &circle = Add<TCircle>(feature);
+  circle.SetX(figure->center.X);
+  circle.SetY(figure->center.Y);
+  circle.SetRadius(figure->radius);
+}
+
+void MitabReader::ReadMembers(mitab_feature feature) {
+  using Member = decltype(mitab_c_get_collection_region_ref);
+  for (const Member member : {mitab_c_get_collection_region_ref, mitab_c_get_collection_polyline_ref,
+                              mitab_c_get_collection_multipoint_ref}) {
+    const mitab_feature found = member == nullptr ? nullptr : member(feature);
+    if (found != nullptr) ReadShape(found, mitab_c_get_type(found));
+  }
+}
+
+void MitabReader::Deliver() {
+  CheckLayer();
+  m_columns.PutColumns(m_layer.GetFields());
+  CheckLayer();
+  m_layer.ReserveObjects(m_objects.size());
+  for (auto &object : m_objects) {
+    DeliverObject(std::move(object));
+    CheckLayer();
+  }
+}
+
+void MitabReader::DeliverObject(std::unique_ptr<TCustomMapObject> object) {
+  // A new object of a layer gets the map's tools and no values, and a text the box of its letters.
+  const TObjectStylePtr style = object->GetStyle();
+  const std::string values(object->GetFields().GetRecord().Bytes());
+  auto *text = dynamic_cast<TText *>(object.get());
+  const double width = text == nullptr ? 0 : text->GetWidth();
+  const double height = text == nullptr ? 0 : text->GetHeight();
+  const TCustomMapObject *given = object.get();
+  TCustomMapObject *added = m_layer.AddObject(std::move(object), false);
+  if (added != given) return;
+  added->SetStyle(style);
+  added->GetFields().SetRecord(values);
+  if (text == nullptr) return;
+  text->SetHeight(height);
+  text->SetWidth(width);
+}
+
+void MitabReader::FinishReport() {
+  for (std::size_t kind = 0; kind < KindCount; ++kind) {
+    if (m_counts[kind] > 0)
+      m_report.CountObject(QString::fromLatin1(MitabKindReaders::InOrder[kind].name), m_counts[kind]);
+  }
+  const auto lose = [this](qint64 count, const QString &words) {
+    if (count > 0) m_report.Lose(words.arg(count));
+  };
+  const auto countOf = [this](int kind) { return m_counts[std::size_t(kind)]; };
+  lose(m_unreadable, QStringLiteral("objects that cannot be read: %1"));
+  lose(countOf(TABFC_Arc), QStringLiteral("arcs, read as lines: %1"));
+  lose(countOf(TABFC_MultiPoint), QStringLiteral("multipoints, read as symbols: %1"));
+  lose(countOf(TABFC_Collection), QStringLiteral("collections, read as their members: %1"));
+  lose(m_justified, QStringLiteral("justifications of texts: %1"));
+  lose(m_spaced, QStringLiteral("line spacings of texts: %1"));
+  lose(m_labelLines, QStringLiteral("label lines of texts: %1"));
+  m_styles.ReportLosses(m_report);
+}
+
+}  // namespace tessera::detail
