@@ -2,6 +2,7 @@
 #include "Table.h"
 
 #include "Conversion.h"
+#include "NativeTypes.h"
 #include "Styles.h"
 
 #include <cpl_conv.h>
@@ -99,6 +100,9 @@ std::unique_ptr<Table> Table::Create(const std::string &fileName, FileKind kind,
 
 Table::~Table() {
   if (IsBeingDefined()) LayOut();
+  if (!m_isNew || !m_dataset) return;
+  m_dataset.reset();
+  static_cast<void>(GiveNativeTypes(m_fileName, m_kind, *m_columns));
 }
 
 void Table::FillColumns(const Columns &told) {
@@ -134,15 +138,23 @@ int Table::NextId(int lastId) {
   do {
     m_next.reset(m_layer->GetNextFeature());
     if (!m_next) return -1;
-    m_position = int(m_next->GetFID());
+    m_position = IdOf(*m_next);
   } while (m_position <= lastId);
   return m_position;
 }
 
+int Table::IdOf(const OGRFeature &row) {
+  const GIntBig id = row.GetFID();
+  // A seamless table gives numbers that say which of its files a row is from.
+  m_isCounted |= id > std::numeric_limits<int>::max();
+  return m_isCounted ? std::max(m_position, 0) + 1 : int(id);
+}
+
 OGRFeatureUniquePtr Table::Fetch(int id) {
-  if (m_next && m_next->GetFID() == id) return std::move(m_next);
-  if (m_kind == FileKind::Tab) {
+  if (m_next && m_position == id) return std::move(m_next);
+  if (m_kind == FileKind::Tab && !m_isCounted) {
     m_position = id;  // GDAL reads on from there
+    m_next.reset();
     return OGRFeatureUniquePtr(m_layer->GetFeature(id));
   }
   // GDAL does not find its way back in a text.

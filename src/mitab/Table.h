@@ -58,6 +58,7 @@ class Table {
   bool LayOut();
   void FillColumns(const Columns &told);
   OGRFeatureUniquePtr Fetch(int id);
+  [[nodiscard]] int IdOf(const OGRFeature &row);
 
   std::string m_fileName;
   GDALDatasetUniquePtr m_dataset;
@@ -67,6 +68,7 @@ class Table {
   std::string m_coordSys;
   OGRFeatureUniquePtr m_next;  ///< Read already, to know its id.
   int m_position = -1;         ///< The id up to which the layer has been read.
+  bool m_isCounted = false;    ///< Ids are those of the order, since OGR's own are too large.
   bool m_isNew = false;
   bool m_isQuick = false;
   FileKind m_kind = FileKind::Tab;

@@ -131,6 +131,8 @@ TEST_P(TMapInfoFilesTest, KeepsTheValuesOfEveryType) {
       {"DateTime", TDataType::dtDateTime, TDateTime{45351.5}, nullptr},
       {"Date", TDataType::dtDate, 45351.0, nullptr},
       {"Time", TDataType::dtTime, 0.75, nullptr},
+      {"Yes", TDataType::dtBoolean, true, "True"},
+      {"No", TDataType::dtBoolean, false, "False"},
       {"NoDate", TDataType::dtDate, {}, ""},
       {"TextInNumber", TDataType::dtInteger, QStringLiteral("17"), "17"},
   };
@@ -147,9 +149,10 @@ TEST_P(TMapInfoFilesTest, KeepsTheValuesOfEveryType) {
     const std::string expected =
         rows[i].read != nullptr ? rows[i].read : symbol->GetFields().GetFields(i).GetAsString().toStdString();
     EXPECT_EQ(ValueOf(0, i), expected);
+    EXPECT_EQ(read.GetFields().GetFields(i).GetDataType(), rows[i].type);
   }
+  EXPECT_EQ(saveLosses, "");
   EXPECT_EQ(read.GetFields().GetFields(0).GetSize(), 254);
-  EXPECT_EQ(read.GetFields().GetFields(5).GetDataType(), TDataType::dtDateTime);
 }
 
 TEST_P(TMapInfoFilesTest, KeepsATurnedTextWhereItIs) {
