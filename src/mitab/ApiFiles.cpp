@@ -76,7 +76,11 @@ MITAB_API int mitab_c_get_feature_count(void *handle) {
 }
 
 MITAB_API int mitab_c_next_feature_id(void *handle, int lastId) {
-  return handle == nullptr ? -1 : Guarded(-1, [&] { return TableOf(handle)->NextId(lastId); });
+  if (handle == nullptr) return -1;
+  const int id = Guarded(-1, [&] { return TableOf(handle)->NextId(lastId); });
+  // An error tells the caller that the end is none.
+  if (CPLGetLastErrorType() < CE_Failure) CPLErrorReset();
+  return id;
 }
 
 MITAB_API void *mitab_c_read_feature(void *handle, int id) {

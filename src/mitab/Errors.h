@@ -16,8 +16,6 @@ class QuietCall {
   ~QuietCall() { CPLPopErrorHandler(); }
   QuietCall(const QuietCall &) = delete;
   QuietCall &operator=(const QuietCall &) = delete;
-
-  [[nodiscard]] bool HasFailed() const { return CPLGetLastErrorType() >= CE_Failure; }
 };
 
 /// Does `work` and answers its result; what it throws becomes a posted error and the answer `failure`. No exception

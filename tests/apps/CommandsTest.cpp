@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "MapFiles.h"
 
+#include <QFile>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -143,7 +144,7 @@ TEST(InfoCommandTest, TellsTheSameAsJson) {
   ASSERT_EQ(LayersOf(run).size(), 1) << run.out;
   QJsonObject layer = LayersOf(run)[0].toObject();
   EXPECT_EQ(layer.take(u"file").toString(), file);
-  EXPECT_TRUE(layer.take(u"provider").toString().contains(u"MIF"));
+  EXPECT_TRUE(layer.take(u"provider").toString().contains(u"MapInfo"));
   const QByteArray expected = R"({
     "name": "squares", "objectCount": 3, "objects": {"TPolyline": 1, "TRegion": 2}, "parts": 4, "vertices": 18,
     "bounds": [0, 0, 20, 10], "error": null, "warnings": [],
@@ -182,6 +183,51 @@ TEST(InfoCommandTest, TellsHowItIsUsedAndRejectsWrongUsage) {
     const TProgramRun run = RunTessera(Words(arguments));
     EXPECT_EQ(run.status, 2) << arguments;
     EXPECT_EQ(run.CountOfErrorLines(), 1) << run.err;
+  }
+}
+
+const QString Convert = QStringLiteral("convert");
+
+TEST(ConvertCommandTest, WritesTheOtherFormatAndBack) {
+  const QTemporaryDir folder;
+  const QString table = folder.filePath(QStringLiteral("squares.tab"));
+  const QString text = folder.filePath(QStringLiteral("again.mif"));
+  const QString lossless = QStringLiteral("--allow-loss");
+  EXPECT_EQ(RunTessera({Convert, MapFileNamed("squares.mif"), table, lossless}).status, 0);
+  const TProgramRun back =
+      RunTessera({Convert, table, text, QStringLiteral("--charset"), QStringLiteral("WindowsLatin1")});
+  EXPECT_EQ(back.status, 0) << back.err;
+  EXPECT_EQ(back.out + back.err, "");
+  QFile written(text);
+  ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+  const QByteArray bytes = written.readAll();
+  EXPECT_TRUE(bytes.contains("Charset \"WindowsLatin1\"")) << bytes.constData();
+  EXPECT_TRUE(bytes.contains("\n5.5 5.25")) << bytes.constData();
+}
+
+TEST(ConvertCommandTest, TellsWhatGotLost) {
+  const QTemporaryDir folder;
+  const QString table = folder.filePath(QStringLiteral("defect.tab"));
+  const TProgramRun run = RunTessera({Convert, MapFileNamed("defect.mif"), table});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_TRUE(run.Complains("lost when read: all that comes after this error in line 18")) << run.err;
+  EXPECT_TRUE(QFile::exists(table));
+}
+
+TEST(ConvertCommandTest, ComplainsOfWhatItCannotDo) {
+  const QString squares = MapFileNamed("squares.mif");
+  const std::tuple<QStringList, int, const char *> rows[] = {
+      {{squares}, 2, "a file to read and one to write"},
+      {{squares, QStringLiteral("/tmp/a.shp")}, 2, "cannot be written"},
+      {{squares, QStringLiteral("a.tab"), QStringLiteral("--charset"), QStringLiteral("Klingon")},
+       2,
+       "no character set"},
+      {{QStringLiteral("missing.mif"), QStringLiteral("a.tab")}, 1, "there is no such file"},
+      {{squares, QStringLiteral("/nowhere/a.tab")}, 1, "/nowhere/a.tab"}};
+  for (const auto &[arguments, status, words] : rows) {
+    const TProgramRun run = RunTessera(QStringList{Convert} + arguments);
+    EXPECT_EQ(run.status, status);
+    EXPECT_TRUE(run.Complains(words)) << run.err;
   }
 }
 

@@ -2,7 +2,7 @@
 #include "EditorFixture.h"
 
 #include <apps/common/FileFilters.h>
-#include <tessera/objects/TCircle.h>
+#include <tessera/objects/TSprite.h>
 
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -117,10 +117,10 @@ TEST_F(EditorWindowTest, AsksBeforeALayerReplacesItsSourceThatItDoesNotHoldWhole
 
 TEST_F(EditorWindowTest, TellsWhatASavedFileDoesNotHold) {
   TMapLayer &layer = *map.GetLayers()->Add(QString(), QStringLiteral("round"));
-  layer.NewObject<TCircle>();
+  layer.NewObject<TSprite>();
   EXPECT_TRUE(window.GetFiles().SaveTo(layer, PathOf("round.mif")));
   QApplication::processEvents();
-  EXPECT_TRUE(messages.GetText().contains(u"without their shape: 1"));
+  EXPECT_TRUE(messages.GetText().contains(u"pictures of sprites, written as symbols: 1"));
 }
 
 TEST_F(EditorWindowTest, ExportsThePictureAsShownIfItCan) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tessera/formats/SimpleMIFFormatProvider.h>
+#include <apps/common/TMapInfoFiles.h>
 
 namespace tessera::apps {
 
@@ -11,7 +11,7 @@ void UseDecimalPoint();
 
 /// The formats that the programs know, available as long as this lives.
 struct TStandardProviders {
-  TSimpleMIFFormatProvider mif;
+  TMapInfoFiles mapInfo;
 };
 
 }  // namespace tessera::apps

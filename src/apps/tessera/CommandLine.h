@@ -9,7 +9,7 @@
 
 namespace tessera::apps {
 
-enum TExitStatus { esDone = 0, esFailed = 1, esWrongUsage = 2 };
+enum TExitStatus { esDone = 0, esFailed = 1, esWrongUsage = 2, esLossy = 3 };
 
 /// Arguments that cannot be followed; the text says which and why.
 class EUsageError : public std::runtime_error {
@@ -17,7 +17,7 @@ class EUsageError : public std::runtime_error {
   explicit EUsageError(const QString &message) : std::runtime_error(message.toStdString()) {}
 };
 
-/// What every command's help ends with.
+/// What the help of the commands that only read ends with.
 extern const char FilesHelp[];
 
 /// The parser of a command with an option for its help. `syntax` is what follows the options: "info FILE…".

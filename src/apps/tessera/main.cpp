@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/ProgramSetup.h>
 #include <apps/tessera/CommandLine.h>
+#include <apps/tessera/ConvertCommand.h>
 #include <apps/tessera/InfoCommand.h>
 #include <apps/tessera/RenderCommand.h>
 #include <tessera/base/Exceptions.h>
@@ -18,7 +19,8 @@ struct TCommand {
   int (*run)(const QStringList &arguments);
 };
 
-constexpr std::array Commands{TCommand{"info", RunInfo}, TCommand{"render", RunRender}};
+constexpr std::array Commands{TCommand{"info", RunInfo}, TCommand{"render", RunRender},
+                              TCommand{"convert", RunConvert}};
 
 constexpr char Help[] =
     "Usage: tessera COMMAND [options] FILE…\n"
@@ -28,6 +30,8 @@ constexpr char Help[] =
     "      tells what map files hold: objects, fields, bounds, defects\n"
     "  tessera render FILE… --out PICTURE [--size WxH] [--center X,Y] [--zoom Z | --fit] [--timings[=N]]\n"
     "      draws map files to a picture, the first at the bottom\n"
+    "  tessera convert IN OUT [--charset NAME] [--allow-loss]\n"
+    "      writes a map file in another format, and tells what got lost\n"
     "  tessera COMMAND --help\n"
     "      tells more about a command\n"
     "  tessera --version\n"

@@ -95,6 +95,10 @@ QUuid TMapInfoFormatProvider::GetGUID() const {
   return QUuid(QStringLiteral("{4AC2894A-85A3-4613-80D2-27DDCDFEA816}"));
 }
 
+bool TMapInfoFormatProvider::IsCharset(const QString &charset) {
+  return detail::MitabText(charset.toLatin1(), true).IsKnown();
+}
+
 bool TMapInfoFormatProvider::CanProcessFile(const QString &fileName) const {
   return HasEnding(fileName, QStringLiteral("mif")) || HasEnding(fileName, QStringLiteral("tab"));
 }
@@ -137,7 +141,7 @@ bool TMapInfoFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
     const QStringList names = FilesOf(fileName);
     detail::StagedSet files(names);
     const Workshop workshop(fileName);
-    const detail::MitabTarget target = detail::TargetFor(*layer, fileName, workshop.FileName(), report);
+    const detail::MitabTarget target = detail::TargetFor(*layer, {fileName, workshop.FileName(), m_charset}, report);
     const THandle<TMapLayer> watched(layer);
     const auto checkLayer = [&watched] {
       if (!watched) throw EInOutError(QStringLiteral("the layer was deleted while it was being saved"));
@@ -163,7 +167,8 @@ TFormatReport TMapInfoFormatProvider::TrySave(const TMapLayer &layer) const {
   try {
     NeedMitab();
     const Workshop workshop(layer.GetFileName());
-    const detail::MitabTarget target = detail::TargetFor(layer, layer.GetFileName(), workshop.FileName(), report);
+    const detail::MitabTarget target =
+        detail::TargetFor(layer, {layer.GetFileName(), workshop.FileName(), m_charset}, report);
     detail::MitabWriter(layer, target, report).Write([](int /*done*/) {});
   } catch (const std::exception &error) {
     report.Fail(0, MessageOf(error));

@@ -18,9 +18,17 @@ namespace tessera {
 /// The reverse is written, and geodesic circles as regions, sprites as symbols. GetReport tells what got lost.
 class TESSERA_CORE_EXPORT TMapInfoFormatProvider : public TCustomFormatProvider {
   Q_OBJECT
+  Q_PROPERTY(QString Charset READ GetCharset WRITE SetCharset)
 
  public:
   using TCustomFormatProvider::TCustomFormatProvider;
+
+  /// The character set of the files that are written, as MapInfo names it, such as WindowsLatin1; when empty, as at
+  /// first, the one that Save tells of.
+  [[nodiscard]] const QString &GetCharset() const { return m_charset; }
+  void SetCharset(const QString &charset) { m_charset = charset; }
+  /// Whether MapInfo has a character set of that name, in letters of any case, that can be written.
+  [[nodiscard]] static bool IsCharset(const QString &charset);
 
   [[nodiscard]] QString GetDescription() const override;
   [[nodiscard]] QString GetFilter() const override;
@@ -41,6 +49,9 @@ class TESSERA_CORE_EXPORT TMapInfoFormatProvider : public TCustomFormatProvider 
 
   /// Writes the layer to a temporary folder.
   [[nodiscard]] TFormatReport TrySave(const TMapLayer &layer) const override;
+
+ private:
+  QString m_charset;
 };
 
 }  // namespace tessera

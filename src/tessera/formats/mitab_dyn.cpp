@@ -9,12 +9,12 @@
 namespace tessera {
 namespace {
 
-#if defined(__has_feature)
+#if defined(__SANITIZE_ADDRESS__)
+#define TESSERA_HAS_ADDRESS_SANITIZER
+#elif defined(__has_feature)
 #if __has_feature(address_sanitizer)
 #define TESSERA_HAS_ADDRESS_SANITIZER
 #endif
-#elif defined(__SANITIZE_ADDRESS__)
-#define TESSERA_HAS_ADDRESS_SANITIZER
 #endif
 
 /// The library must find its own functions before those of the same names in another one of the process. The address

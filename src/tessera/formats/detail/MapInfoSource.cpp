@@ -24,21 +24,24 @@ QByteArray CoordSysOf(const QString &fileName) {
 
 }  // namespace
 
-MitabTarget TargetFor(const TMapLayer &layer, const QString &fileName, const QString &writtenName,
-                      TFormatReport &report) {
-  MitabTarget target{writtenName, UsualCoordSys, UsualCharset};
-  for (const QString &source : {layer.GetSource().fileName, layer.GetFileName(), fileName}) {
+MitabTarget TargetFor(const TMapLayer &layer, const MapInfoOrder &order, TFormatReport &report) {
+  MitabTarget target{order.writtenName, UsualCoordSys, UsualCharset};
+  for (const QString &source : {layer.GetSource().fileName, layer.GetFileName(), order.fileName}) {
     if (!IsMapInfoFile(source)) continue;
     if (const QByteArray coordSys = CoordSysOf(source); !coordSys.isEmpty()) target.coordSys = coordSys;
     target.charset = CharsetOf(source);
     break;
   }
+  if (!order.charset.isEmpty()) target.charset = order.charset.toLatin1();
   if (!MitabText(target.charset, true).IsKnown()) {
     report.Lose(
         QStringLiteral("the character set %1, which cannot be written").arg(QString::fromLatin1(target.charset)));
     target.charset = UsualCharset;
   }
-  if (!MitabRecodes()) target.charset = NeutralCharset;
+  if (!MitabRecodes()) {
+    report.Lose(QStringLiteral("the name of the character set, which the library cannot write"));
+    target.charset = NeutralCharset;
+  }
   return target;
 }
 

@@ -121,17 +121,21 @@ void MitabReader::CheckEnd() {
 }
 
 void MitabReader::ReadObject(mitab_feature feature) {
-  const int kind = std::clamp(mitab_c_get_type(feature), 0, int(KindCount) - 1);
   const std::size_t first = m_objects.size();
-  ++m_counts[std::size_t(kind)];
-  ReadShape(feature, kind);
+  ++m_counts[KindOf(feature)];
+  ReadShape(feature);
   if (m_objects.size() == first) ReadPlace(feature);
   const std::string_view values = m_columns.ReadValues(feature);
   for (std::size_t i = first; i < m_objects.size(); ++i) m_objects[i]->GetFields().SetRecord(values);
 }
 
-void MitabReader::ReadShape(mitab_feature feature, int kind) {
-  (this->*MitabKindReaders::InOrder[kind].read)(feature);
+std::size_t MitabReader::KindOf(mitab_feature feature) {
+  const int kind = mitab_c_get_type(feature);
+  return kind >= 0 && kind < int(KindCount) ? std::size_t(kind) : TABFC_NoGeom;
+}
+
+void MitabReader::ReadShape(mitab_feature feature) {
+  (this->*MitabKindReaders::InOrder[KindOf(feature)].read)(feature);
 }
 
 template <class Kind>
@@ -210,7 +214,7 @@ void MitabReader::ReadMembers(mitab_feature feature) {
   for (const Member member : {mitab_c_get_collection_region_ref, mitab_c_get_collection_polyline_ref,
                               mitab_c_get_collection_multipoint_ref}) {
     const mitab_feature found = member == nullptr ? nullptr : member(feature);
-    if (found != nullptr) ReadShape(found, mitab_c_get_type(found));
+    if (found != nullptr) ReadShape(found);
   }
 }
 

@@ -38,7 +38,8 @@ class MitabReader {
   /// Reads the next object; false at the end.
   bool ReadNext(int &id);
   void ReadObject(mitab_feature feature);
-  void ReadShape(mitab_feature feature, int kind);
+  [[nodiscard]] static std::size_t KindOf(mitab_feature feature);
+  void ReadShape(mitab_feature feature);
   void ReadPlace(mitab_feature feature);
   void ReadPoints(mitab_feature feature);
   void ReadText(mitab_feature feature);
