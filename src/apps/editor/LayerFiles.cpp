@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/FileFilters.h>
+#include <apps/common/MapOpening.h>
 #include <apps/editor/LayerFiles.h>
 #include <tessera/base/THandle.h>
 #include <tessera/layers/MapFiles.h>
@@ -78,14 +79,21 @@ void LayerFiles::Open(const QStringList &fileNames) {
   const WaitCursor cursor;
   const bool wasEmpty = m_map.GetLayers()->GetCount() == 0;
   for (const QString &fileName : fileNames) {
-    const TLoadedFile loaded = LoadMapFile(*m_map.GetLayers(), fileName);
-    if (!loaded.error.isEmpty()) Q_EMIT Failed(loaded.error);
-    for (const QString &warning : loaded.warnings) Q_EMIT Failed(warning);
-    if (loaded.layer == nullptr) continue;
-    Q_EMIT Done(QFileInfo(fileName).fileName() + QStringLiteral(": ") + loaded.report.Summary());
-    Q_EMIT Used(fileName);
+    bool isUsed = false;
+    for (const TLoadedFile &loaded : OpenMapFile(m_map, fileName)) {
+      TellOf(loaded);
+      isUsed = isUsed || loaded.layer != nullptr;
+    }
+    if (isUsed) Q_EMIT Used(fileName);
   }
   if (wasEmpty) m_map.ShowAll();
+}
+
+void LayerFiles::TellOf(const TLoadedFile &loaded) {
+  if (!loaded.error.isEmpty()) Q_EMIT Failed(loaded.error);
+  for (const QString &warning : loaded.warnings) Q_EMIT Failed(warning);
+  if (loaded.layer == nullptr) return;
+  Q_EMIT Done(QFileInfo(loaded.fileName).fileName() + QStringLiteral(": ") + loaded.report.Summary());
 }
 
 bool LayerFiles::SaveTo(TMapLayer &layer, const QString &fileName) {
@@ -161,6 +169,7 @@ QString LayerFiles::ProposeFileFor(const TMapLayer &layer) {
 
 void LayerFiles::AskForFilesToOpen() {
   QStringList filters = MapFilters();
+  filters.append(WorkspaceNameFilter());
   filters.prepend(ToCommonNameFilter(filters));
   const QStringList files =
       QFileDialog::getOpenFileNames(&m_window, tr("Open map files"), QString(), filters.join(BetweenFilters));

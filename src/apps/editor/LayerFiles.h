@@ -2,6 +2,7 @@
 #pragma once
 
 #include <apps/editor/UnsavedChanges.h>
+#include <tessera/layers/MapFiles.h>
 
 #include <QWidget>
 
@@ -26,7 +27,8 @@ class LayerFiles : public QObject {
  public:
   LayerFiles(QWidget &window, TTessera &map);
 
-  /// Loads files on top of what is open, the first lowest, and shows everything if nothing was open before.
+  /// Loads files and workspaces on top of what is open, the first lowest, and shows everything if nothing was open
+  /// before.
   void Open(const QStringList &fileNames);
   /// Writes a layer. Where it would replace its own source and something would be gone for good, it asks first. True on
   /// success.
@@ -55,6 +57,7 @@ class LayerFiles : public QObject {
   void Used(const QString &fileName);
 
  private:
+  void TellOf(const TLoadedFile &loaded);
   [[nodiscard]] bool Settle(TMapLayer &layer);
 
   QWidget &m_window;

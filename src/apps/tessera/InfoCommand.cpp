@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <apps/common/MapOpening.h>
 #include <apps/tessera/CommandLine.h>
 #include <apps/tessera/InfoCommand.h>
 #include <apps/tessera/LayerInfo.h>
@@ -27,19 +28,17 @@ int RunInfo(const QStringList &arguments) {
   QJsonArray layers;
   int status = esDone;
   for (const QString &file : files) {
-    const TLoadedFile loaded = LoadMapFile(*map.GetLayers(), file);
-    PrintComplaints(loaded);
-    if (loaded.layer == nullptr) {
-      status = esFailed;
-      continue;
+    for (const TLoadedFile &loaded : OpenMapFile(map, file)) {
+      PrintComplaints(loaded);
+      if (loaded.layer == nullptr) {
+        status = esFailed;
+      } else if (const TLayerInfo info = Inspect(*loaded.layer); asJson) {
+        layers.append(ToJson(loaded, info));
+      } else {
+        Print(ToText(loaded, info));
+      }
     }
-    const TLayerInfo info = Inspect(*loaded.layer);
-    if (asJson) {
-      layers.append(ToJson(loaded, info));
-    } else {
-      Print(ToText(loaded, info));
-    }
-    // One layer at a time is enough to hold.
+    // One file at a time is enough to hold.
     map.GetLayers()->Clear();
   }
   if (asJson) Print(QString::fromUtf8(QJsonDocument(QJsonObject{{QStringLiteral("layers"), layers}}).toJson()));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <apps/common/MapOpening.h>
 #include <apps/common/PictureFile.h>
 #include <apps/tessera/CommandLine.h>
 #include <apps/tessera/LayerInfo.h>
@@ -24,9 +25,10 @@ double MsSince(const QElapsedTimer &timer) {
 bool LoadAll(TTessera &map, const QStringList &files) {
   bool isWhole = true;
   for (const QString &file : files) {
-    const TLoadedFile loaded = LoadMapFile(*map.GetLayers(), file);
-    PrintComplaints(loaded);
-    isWhole = isWhole && loaded.layer != nullptr;
+    for (const TLoadedFile &loaded : OpenMapFile(map, file)) {
+      PrintComplaints(loaded);
+      isWhole = isWhole && loaded.layer != nullptr;
+    }
   }
   return isWhole;
 }

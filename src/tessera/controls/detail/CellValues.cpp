@@ -35,15 +35,7 @@ QTime TimeOf(double days) {
   return QTime::fromMSecsSinceStartOfDay(int(std::min(msecs, MsecsPerDay - 1)));
 }
 
-double DaysOf(const QDate &date) {
-  return double(DayZero().daysTo(date));
-}
-
-double DaysOf(const QTime &time) {
-  return time.msecsSinceStartOfDay() / MsecsPerDay;
-}
-
-double DaysOf(double date, double time) {
+double JoinedDays(double date, double time) {
   return date < 0 ? date - time : date + time;
 }
 
@@ -56,7 +48,7 @@ double TextToDateTime(const QString &text) {
   const QString neat = text.trimmed();
   const qsizetype timeAt = std::max(neat.lastIndexOf(u' '), neat.lastIndexOf(u'T'));
   if (timeAt < 0 || !neat.mid(timeAt).contains(u':')) return TextToDate(neat);
-  return DaysOf(TextToDate(neat.left(timeAt)), StrToTime(QStringView(neat).mid(timeAt + 1)));
+  return JoinedDays(TextToDate(neat.left(timeAt)), StrToTime(QStringView(neat).mid(timeAt + 1)));
 }
 
 ParsedCell Refused(const char *why, const QString &input) {
@@ -204,7 +196,7 @@ ParsedCell ParseCell(const CellColumn &column, const QVariant &input) {
   if (column.type == TDataType::dtTime && input.typeId() == QMetaType::QTime) return {DaysOf(input.toTime()), {}};
   if (column.type == TDataType::dtDateTime && input.typeId() == QMetaType::QDateTime) {
     const QDateTime moment = input.toDateTime();
-    return {TDateTime{DaysOf(DaysOf(moment.date()), DaysOf(moment.time()))}, {}};
+    return {TDateTime{JoinedDays(DaysOf(moment.date()), DaysOf(moment.time()))}, {}};
   }
   if (input.typeId() == QMetaType::Double) return ParseAnyText(column, FloatToStr(input.toDouble()));
   return ParseAnyText(column, input.toString());
