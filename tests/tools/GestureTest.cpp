@@ -240,6 +240,16 @@ TEST_P(GestureTest, DrawsRightWhateverModeTheCanvasWasLeftIn) {
   EXPECT_EQ(scene.Shown(), before);
 }
 
+TEST_P(GestureTest, StaysOutOfThePictureThatIsBeingMade) {
+  Begin();
+  const auto moves = QObject::connect(&scene.map, &TTessera::OnPaint, &scene.map, [this] { GoOn({60, 60}); });
+  scene.map.DoUpdate(true);
+  EXPECT_NE(scene.Shown(), plain.Shown());
+  QObject::disconnect(moves);
+  tool->Cancel();
+  EXPECT_EQ(scene.Shown(), plain.Shown());
+}
+
 TEST_P(GestureTest, EndsWithItsMap) {
   auto map = std::make_unique<Scene>();
   tool->SetTessera(&map->map);

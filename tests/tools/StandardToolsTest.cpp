@@ -9,6 +9,7 @@
 #include <tessera/objects/TRectangle.h>
 #include <tessera/objects/TSymbol.h>
 
+#include <array>
 #include <stdexcept>
 
 namespace tessera::test {
@@ -134,10 +135,14 @@ TEST_F(StandardToolsTest, PansByTheWayOfADrag) {
   input.MoveTo({10, 60});
   EXPECT_EQ(Shown().pixel(190, 50), Pixel(clNavy));
   EXPECT_EQ(Shown().pixel(50, 5), Pixel(clNavy));
+  AddSquare(map.GetLayers()->First(), 100, 50, 10, clBlue);
+  map.DoUpdate(true);
   input.MoveTo({70, 40});
+  EXPECT_EQ(Shown().pixel(135, 35), Pixel(clBlue)) << "what came meanwhile moves, too";
   input.Release({70, 40});
   EXPECT_EQ(map.GetCenterX(), 70);
   EXPECT_EQ(map.GetCenterY(), 40);
+  map.GetLayers()->First()->DeleteObjects(std::array{map.GetLayers()->First()->Last()});
   EXPECT_EQ(Shown(), dragged);
   input.Drag({40, 50}, {40, 50});
   EXPECT_EQ(map.GetCenterX(), 70);

@@ -12,6 +12,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace tessera::apps {
 namespace {
 
@@ -140,10 +142,9 @@ bool LayerFiles::Settle(TMapLayer &layer) {
 }
 
 bool LayerFiles::SettleAll() {
-  for (TMapLayer *layer : m_unsaved.GetLayers()) {
-    if (m_map.GetLayers()->IndexOf(layer) >= 0 && !Settle(*layer)) return false;
-  }
-  return true;
+  const std::vector<TMapLayer *> layers = m_unsaved.GetLayers();
+  return std::all_of(layers.begin(), layers.end(),
+                     [this](TMapLayer *layer) { return m_map.GetLayers()->IndexOf(layer) < 0 || Settle(*layer); });
 }
 
 bool LayerFiles::Close(const TMapLayer &layer) {
@@ -155,14 +156,13 @@ bool LayerFiles::Close(const TMapLayer &layer) {
 }
 
 QString LayerFiles::ProposeFileFor(const TMapLayer &layer) {
-  const QString own = layer.GetFileName();
+  const QString &own = layer.GetFileName();
   if (own.isEmpty()) return layer.GetName();
   if (LossesOfSaving(layer, own).isEmpty()) return own;
   const QFileInfo file(own);
   const QString ending = file.suffix();
   for (int i = 1;; ++i) {
-    const QString copy =
-        file.dir().filePath(QStringLiteral("%1-%2.%3").arg(file.completeBaseName()).arg(i).arg(ending));
+    QString copy = file.dir().filePath(QStringLiteral("%1-%2.%3").arg(file.completeBaseName()).arg(i).arg(ending));
     if (!QFileInfo::exists(copy)) return copy;
   }
 }

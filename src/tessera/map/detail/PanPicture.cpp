@@ -7,10 +7,12 @@
 namespace tessera::detail {
 
 void PanPicture::Take(TTessera &map) {
-  m_picture = map.GetCanvas().CopyOf(map.rect());
+  // While a new picture is being made there is none to take; what is shown is told when it is there.
+  m_picture = map.GetIsBusy() ? TBitmap() : map.GetCanvas().CopyOf(map.rect());
 }
 
 void PanPicture::ShowMoved(TTessera &map, const QPoint &by) const {
+  if (map.GetIsBusy()) return map.Invalidate();
   const int width = map.width();
   const int height = map.height();
   TCanvas &canvas = map.GetCanvas();
