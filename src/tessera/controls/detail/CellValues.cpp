@@ -14,29 +14,8 @@
 namespace tessera::detail {
 namespace {
 
-constexpr double MsecsPerDay = 24.0 * 60 * 60 * 1000;
-
 QString Told(const char *text) {
   return QCoreApplication::translate("TLayerTableModel", text);
-}
-
-QDate DayZero() {
-  return {1899, 12, 30};
-}
-
-// A date-time is whole days, and a time of day that counts forwards on either side of day zero.
-
-QDate DateOf(double days) {
-  return DayZero().addDays(qint64(std::trunc(days)));
-}
-
-QTime TimeOf(double days) {
-  const double msecs = std::round(std::fabs(days - std::trunc(days)) * MsecsPerDay);
-  return QTime::fromMSecsSinceStartOfDay(int(std::min(msecs, MsecsPerDay - 1)));
-}
-
-double JoinedDays(double date, double time) {
-  return date < 0 ? date - time : date + time;
 }
 
 double TextToDate(const QString &text) {
@@ -48,7 +27,8 @@ double TextToDateTime(const QString &text) {
   const QString neat = text.trimmed();
   const qsizetype timeAt = std::max(neat.lastIndexOf(u' '), neat.lastIndexOf(u'T'));
   if (timeAt < 0 || !neat.mid(timeAt).contains(u':')) return TextToDate(neat);
-  return JoinedDays(TextToDate(neat.left(timeAt)), StrToTime(QStringView(neat).mid(timeAt + 1)));
+  const double time = StrToTime(QStringView(neat).mid(timeAt + 1));
+  return DaysOf({MomentOf(TextToDate(neat.left(timeAt))).date, MomentOf(time).time});
 }
 
 ParsedCell Refused(const char *why, const QString &input) {
@@ -136,11 +116,11 @@ QVariant CellToVariant(const TDataValue &value, TDataType type) {
       case TDataType::dtDecimal:
         return ValueToReal(value);
       case TDataType::dtDateTime:
-        return QDateTime(DateOf(ValueToReal(value)), TimeOf(ValueToReal(value)));
+        return QDateTime(MomentOf(ValueToReal(value)).date, MomentOf(ValueToReal(value)).time);
       case TDataType::dtDate:
-        return DateOf(ValueToReal(value));
+        return MomentOf(ValueToReal(value)).date;
       case TDataType::dtTime:
-        return TimeOf(ValueToReal(value));
+        return MomentOf(ValueToReal(value)).time;
       case TDataType::dtBoolean:
         if (std::holds_alternative<bool>(value)) return std::get<bool>(value);
         break;
@@ -196,7 +176,7 @@ ParsedCell ParseCell(const CellColumn &column, const QVariant &input) {
   if (column.type == TDataType::dtTime && input.typeId() == QMetaType::QTime) return {DaysOf(input.toTime()), {}};
   if (column.type == TDataType::dtDateTime && input.typeId() == QMetaType::QDateTime) {
     const QDateTime moment = input.toDateTime();
-    return {TDateTime{JoinedDays(DaysOf(moment.date()), DaysOf(moment.time()))}, {}};
+    return {TDateTime{DaysOf({moment.date(), moment.time()})}, {}};
   }
   if (input.typeId() == QMetaType::Double) return ParseAnyText(column, FloatToStr(input.toDouble()));
   return ParseAnyText(column, input.toString());
