@@ -5,6 +5,7 @@
 #include "CircleBench.h"
 #include "EditBench.h"
 #include "GdalReference.h"
+#include "GridBench.h"
 #include "HeapUse.h"
 #include "IndexBench.h"
 #include "InputBench.h"
@@ -185,9 +186,9 @@ void DescribeOptions(QCommandLineParser &parser) {
       {QStringLiteral("runs"), QStringLiteral("Run each side <n> times; pictures thrice as often."),
        QStringLiteral("n"), QStringLiteral("3")},
       {QStringLiteral("sets"),
-       QStringLiteral(
-           "Measure only these of the sets L, R, P, T (labels), E (editing), H (input, on L) and C (circles)."),
-       QStringLiteral("letters"), QStringLiteral("LRPTEHC")},
+       QStringLiteral("Measure only these of the sets L, R, P, T (labels), E (editing), H (input, on L), B (the"
+                      " attribute grid, on P) and C (circles)."),
+       QStringLiteral("letters"), QStringLiteral("LRPTEHBC")},
       {QStringLiteral("data"), QStringLiteral("Keep the sets in <directory>."), QStringLiteral("directory"),
        QDir::temp().filePath(QStringLiteral("tessera-bench"))},
       {QStringLiteral("draw"), QStringLiteral("Measure drawing only.")},
@@ -230,6 +231,9 @@ void MeasureOtherSets(const QCommandLineParser &parser, const Settings &settings
   const QString directory = parser.value(QStringLiteral("data"));
   if (sets.contains(u'H')) {
     InputBench(EnsureSet(BenchSet::Regions, ScaleOf(parser), directory), PictureSize, table).Run(settings.fastRuns);
+  }
+  if (sets.contains(u'B')) {
+    MeasureGrid(EnsureSet(BenchSet::Points, ScaleOf(parser), directory), PictureSize, table, settings.fastRuns);
   }
   if (!sets.contains(u'E')) return;
   const QString points = EnsureSet(BenchSet::Points, ScaleOf(parser), directory);
