@@ -192,26 +192,33 @@ TEST(ConvertCommandTest, WritesTheOtherFormatAndBack) {
   const QTemporaryDir folder;
   const QString table = folder.filePath(QStringLiteral("squares.tab"));
   const QString text = folder.filePath(QStringLiteral("again.mif"));
-  const QString lossless = QStringLiteral("--allow-loss");
-  EXPECT_EQ(RunTessera({Convert, MapFileNamed("squares.mif"), table, lossless}).status, 0);
+  const TProgramRun there = RunTessera({Convert, MapFileNamed("squares.mif"), table});
+  EXPECT_EQ(there.status, 0) << there.err;
   const TProgramRun back =
       RunTessera({Convert, table, text, QStringLiteral("--charset"), QStringLiteral("WindowsLatin1")});
   EXPECT_EQ(back.status, 0) << back.err;
-  EXPECT_EQ(back.out + back.err, "");
+  EXPECT_EQ(there.err + back.out + back.err, "");
   QFile written(text);
   ASSERT_TRUE(written.open(QIODevice::ReadOnly));
   const QByteArray bytes = written.readAll();
   EXPECT_TRUE(bytes.contains("Charset \"WindowsLatin1\"")) << bytes.constData();
+  EXPECT_TRUE(bytes.contains("name Char(20)")) << bytes.constData();
   EXPECT_TRUE(bytes.contains("\n5.5 5.25")) << bytes.constData();
 }
 
 TEST(ConvertCommandTest, TellsWhatGotLost) {
   const QTemporaryDir folder;
-  const QString table = folder.filePath(QStringLiteral("defect.tab"));
-  const TProgramRun run = RunTessera({Convert, MapFileNamed("defect.mif"), table});
+  const QString text = folder.filePath(QStringLiteral("points.mif"));
+  const QString table = folder.filePath(QStringLiteral("points.tab"));
+  QFile file(text);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("Version 450\nColumns 1\n  A Integer\nData\n\nMultipoint 2\n1 1\n2 2\n");
+  file.close();
+  const TProgramRun run = RunTessera({Convert, text, table});
   EXPECT_EQ(run.status, 3);
-  EXPECT_TRUE(run.Complains("lost when read: all that comes after this error in line 18")) << run.err;
+  EXPECT_TRUE(run.Complains("lost when read: multipoints, read as symbols: 1")) << run.err;
   EXPECT_TRUE(QFile::exists(table));
+  EXPECT_EQ(RunTessera({Convert, text, table, QStringLiteral("--allow-loss")}).status, 0);
 }
 
 TEST(ConvertCommandTest, ComplainsOfWhatItCannotDo) {

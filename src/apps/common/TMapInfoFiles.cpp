@@ -9,10 +9,12 @@
 namespace tessera::apps {
 namespace {
 
+bool IsMif(const QString &fileName) {
+  return QFileInfo(fileName).suffix().compare(QStringLiteral("mif"), Qt::CaseInsensitive) == 0;
+}
+
 bool IsPlain(const QString &fileName) {
-  const bool isMif = QFileInfo(fileName).suffix().compare(QStringLiteral("mif"), Qt::CaseInsensitive) == 0;
-  if (!isMif) return false;
-  return HoldsOnlyPlainShapes(fileName, detail::CompanionOf(fileName, QStringLiteral("mid"))) || !detail::EnsureMitab();
+  return HoldsOnlyPlainShapes(fileName, detail::CompanionOf(fileName, QStringLiteral("mid")));
 }
 
 }  // namespace
@@ -24,7 +26,8 @@ TMapInfoFiles::TMapInfoFiles(QObject *parent) : TMapInfoFormatProvider(parent) {
 }
 
 bool TMapInfoFiles::Load(TMapLayer *layer, const QString &fileName) {
-  if (!IsPlain(fileName)) return TMapInfoFormatProvider::Load(layer, fileName);
+  const bool isForPlain = IsMif(fileName) && ((m_takesFastWay && IsPlain(fileName)) || !detail::EnsureMitab());
+  if (!isForPlain) return TMapInfoFormatProvider::Load(layer, fileName);
   m_plain.Load(layer, fileName);
   NewReport() = m_plain.GetReport();
   return GetReport().ok();

@@ -15,10 +15,14 @@ class TMapInfoFiles : public TMapInfoFormatProvider {
  public:
   explicit TMapInfoFiles(QObject *parent = nullptr);
 
+  /// Whether what the other provider reads is left to it, true at first. It does not keep the widths of columns.
+  void SetTakesFastWay(bool takes) { m_takesFastWay = takes; }
+
   bool Load(TMapLayer *layer, const QString &fileName) override;
 
  private:
   TSimpleMIFFormatProvider m_plain;
+  bool m_takesFastWay = true;
 };
 
 }  // namespace tessera::apps

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <apps/common/TMapInfoFiles.h>
 #include <apps/tessera/CommandLine.h>
 #include <apps/tessera/ConvertCommand.h>
 #include <apps/tessera/TerminalProgress.h>
-#include <tessera/formats/TMapInfoFormatProvider.h>
 
 namespace tessera::apps {
 namespace {
@@ -16,13 +16,15 @@ constexpr char Description[] =
     "Exit status: 0 when all came over, 1 when the target was not written, 2 for arguments that\n"
     "cannot be followed, 3 when the target was written and something was lost.";
 
-void ChooseCharset(const QString &target, const QString &charset) {
-  auto *provider = qobject_cast<TMapInfoFormatProvider *>(FormatProviders->FindSuitableProvider(target));
+/// Sets up the provider that reads and writes: all of the file is to come over.
+void SetUpProvider(const QString &target, const QString &charset) {
+  auto *provider = qobject_cast<TMapInfoFiles *>(FormatProviders->FindSuitableProvider(target));
   if (provider == nullptr) throw EUsageError(QStringLiteral("files named as '%1' cannot be written").arg(target));
   if (!charset.isEmpty() && !TMapInfoFormatProvider::IsCharset(charset)) {
     throw EUsageError(QStringLiteral("there is no character set '%1'").arg(charset));
   }
   provider->SetCharset(charset);
+  provider->SetTakesFastWay(false);
 }
 
 /// Prints what was lost, and answers whether there was anything.
@@ -49,7 +51,7 @@ int RunConvert(const QStringList &arguments) {
   if (!Parse(parser, arguments)) return esDone;
   const QStringList files = FilesOf(parser);
   if (files.size() != 2) throw EUsageError(QStringLiteral("a file to read and one to write are to be named"));
-  ChooseCharset(files[1], parser.value(CharsetOption));
+  SetUpProvider(files[1], parser.value(CharsetOption));
 
   TTessera map;
   const TerminalProgress progress(map);
