@@ -6,6 +6,7 @@
 #include <apps/editor/NewLayerDialog.h>
 #include <apps/editor/OptionsDialog.h>
 #include <apps/editor/RecentFiles.h>
+#include <apps/editor/ThemedIcon.h>
 #include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/LayersComboBox.h>
 #include <tessera/controls/TDataBrowser.h>
@@ -198,6 +199,18 @@ TEST_F(EditorEditingTest, TakesOverWhatTheDialogsSay) {
   EXPECT_EQ(map.GetOptions()->GetDefaultPen().GetWidth(), 7);
   EXPECT_EQ(map.GetOptions()->GetDefaultSymbolShape(), 58);
   EXPECT_EQ(map.GetOptions()->GetDefaultTextFont(), TTesseraOptions().GetDefaultTextFont());
+}
+
+TEST(ThemedIconTest, TakesTheTextColourOfTheTheme) {
+  const QPalette before = QGuiApplication::palette();
+  const QIcon icon = ThemedIcon(QStringLiteral("select"));
+  for (const QColor &color : {QColor(Qt::white), QColor(Qt::darkRed)}) {
+    QPalette theme = before;
+    theme.setColor(QPalette::WindowText, color);
+    QGuiApplication::setPalette(theme);
+    EXPECT_EQ(icon.pixmap(96).toImage().pixelColor(33, 36), color) << "inside the arrow";
+  }
+  QGuiApplication::setPalette(before);
 }
 
 TEST_F(EditorEditingTest, ExportsADrawingThatLooksLikeThePicture) {
