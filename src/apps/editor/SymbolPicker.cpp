@@ -25,7 +25,7 @@ QIcon PictureOf(int shape, const TFont &font, double ratio) {
   const QString sign{QChar(shape)};
   const QSize size = canvas.TextExtent(sign);
   canvas.TextOut((CellPx - size.width()) / 2, (CellPx - size.height()) / 2, sign);
-  return QIcon(QPixmap::fromImage(picture.GetImage()));
+  return {QPixmap::fromImage(picture.GetImage())};
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ QString FoundEntry(const QString &path, QDir::Filter kind) {
 QString FileOf(const QString &table, const QDir &folder) {
   const QString path = QString(table).replace(u'\\', u'/') + QStringLiteral(".tab");
   for (const QString &candidate : {path, folder.filePath(path), folder.filePath(QFileInfo(path).fileName())}) {
-    const QString found = FoundEntry(QDir::cleanPath(candidate), QDir::Files);
+    QString found = FoundEntry(QDir::cleanPath(candidate), QDir::Files);
     if (!found.isEmpty()) return found;
   }
   return {};
