@@ -21,9 +21,11 @@ class Link : public TMapDataLink {
 };
 
 class LifetimeTest : public MapFixture {
- protected:
+ public:
   // Handlers use the test, which goes before the map does.
   ~LifetimeTest() override { map.disconnect(); }
+
+ protected:
   template <typename Handler>
   void On(void (TTessera::*signal)(TTessera *, TMapLayer *, bool, bool &), Handler handler) {
     QObject::connect(&map, signal, &map, handler);
@@ -83,8 +85,8 @@ TEST_F(LifetimeTest, TellsOfTheEndOfObjectsThatAreStillWhole) {
     if (region == nullptr) return;
     region->DrawSelection();
     region->DrawSelection();
-    EXPECT_EQ(region->GetMap(), &map);
-    EXPECT_EQ(region->GetLayer(), layer);
+    EXPECT_TRUE(region->GetMap() == &map);
+    EXPECT_TRUE(region->GetLayer() == layer);
     ++regions;
   };
   link.handle = [&](TMapDataLinkEvent event, TObject *sender) {
@@ -179,11 +181,13 @@ TEST_F(LifetimeTest, AnswersNoneWhenAHandlerHasDestroyedWhatWasAdded) {
 
 /// A map whose handlers do something hostile now and then, and in whose midst hostile things are done.
 class HostileMap : public MapFixture {
- protected:
+ public:
   ~HostileMap() override {
     map.disconnect();
     link.SetMap(nullptr);
   }
+
+ protected:
   void Connect() {
     link.SetMap(&map);
     link.handle = [this](TMapDataLinkEvent, TObject *) { Strike(); };

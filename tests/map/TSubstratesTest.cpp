@@ -24,7 +24,7 @@ class TSubstratesTest : public MapFixture {
     return Saved(image, "png");
   }
   QString Saved(const QImage &image, const char *format) {
-    const QString name = directory.filePath(QString::number(++saved) + u'.' + QString::fromLatin1(format));
+    QString name = directory.filePath(QString::number(++saved) + u'.' + QString::fromLatin1(format));
     EXPECT_TRUE(image.save(name, format));
     return name;
   }
