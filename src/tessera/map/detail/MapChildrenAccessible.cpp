@@ -123,10 +123,11 @@ QAccessibleInterface *ObjectAccessible::parent() const {
 }
 
 QString ObjectAccessible::text(QAccessible::Text kind) const {
-  if (!isValid()) return {};
+  const TMapLayer *layer = GetLayer();
+  if (layer == nullptr || !isValid()) return {};
   if (kind == QAccessible::Description) return KindOf(*m_object.Get());
   if (kind != QAccessible::Name) return {};
-  const QString label = LabelOf(*m_object.Get(), *GetLayer());
+  const QString label = LabelOf(*m_object.Get(), *layer);
   return label.isEmpty() ? KindOf(*m_object.Get()) : label;
 }
 
