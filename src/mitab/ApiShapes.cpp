@@ -17,13 +17,13 @@ const OGRRawPoint *PointAt(void *feature, int part, int vertex) {
   return &found->points[std::size_t(vertex)];
 }
 
-/// Part 0 begins an area anew; further ones are its holes, and a negative number begins another.
+/// A ring with the number 0 begins the area anew; higher ones are holes, and a negative one begins an island.
 void SetRing(Feature &feature, int part, Points points) {
   if (part == 0) feature.parts.clear();
   feature.parts.push_back({std::move(points), part > 0});
 }
 
-/// Parts come in order; one that is there is replaced, and part 0 begins anew.
+/// Sections come in order; one that is there is replaced, and the number 0 begins the line anew.
 void SetLine(Feature &feature, int part, Points points) {
   if (part == 0) feature.parts.clear();
   if (part >= 0 && std::size_t(part) <= feature.parts.size()) {

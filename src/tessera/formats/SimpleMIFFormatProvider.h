@@ -11,9 +11,8 @@ namespace tessera {
 /// decimal separator of the process. Layers must be on a map to be loaded.
 ///
 /// Of the format it knows
-/// - the header's delimiter and columns: a Char column becomes a text of size 0; Logical and Time become Float,
-/// DateTime
-///   becomes Date; widths are not kept, and only texts, Float, Decimal and Integer get values;
+/// - the header's delimiter and columns: a Char column becomes a text of size 0; Logical and Time become
+///   Float, DateTime becomes Date; widths are not kept, and only texts, Float, Decimal and Integer get values;
 /// - Region, Pline and Point, with the colours of their Pen, Brush and Symbol clauses, and a symbol's shape, font and
 ///   size. A Pline Multiple is read with the count of its first section for all of them, and the counts of the further
 ///   ones as X of a vertex, so that only the first section is read as it is meant;
