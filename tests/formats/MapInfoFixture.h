@@ -2,41 +2,24 @@
 #pragma once
 
 #include "../support/FakeMapHost.h"
+#include "../support/FolderFixture.h"
 
 #include <tessera/base/MessageSink.h>
 #include <tessera/formats/TMapInfoFormatProvider.h>
 #include <tessera/layers/TMapLayer.h>
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
 namespace tessera::test {
 
 /// A layer on a map to be written, another to be read, the provider, and a folder of its own for files.
-class TMapInfoTest : public testing::Test {
+class TMapInfoTest : public FolderFixture {
  protected:
   TMapInfoTest() {
     layer.SetMap(&map);
     read.SetMap(&map);
   }
 
-  [[nodiscard]] QString PathOf(const QString &name) const { return m_folder.filePath(name); }
-  void WriteFile(const QString &name, const QByteArray &bytes) const {
-    QFile file(PathOf(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-  }
-  [[nodiscard]] QByteArray ReadFile(const QString &name) const {
-    QFile file(PathOf(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-  }
-  [[nodiscard]] QStringList Files() const {
-    return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-  }
   /// Writes `layer` and reads it into `read`.
   void RoundTrip(const QString &name) {
     ASSERT_TRUE(provider.Save(&layer, PathOf(name)));
@@ -63,9 +46,6 @@ class TMapInfoTest : public testing::Test {
   TMapLayer read;
   TMapInfoFormatProvider provider;
   std::string saveLosses;
-
- private:
-  QTemporaryDir m_folder;
 };
 
 }  // namespace tessera::test

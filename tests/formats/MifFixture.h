@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../support/FakeMapHost.h"
+#include "../support/FolderFixture.h"
 
 #include <tessera/base/MessageSink.h>
 #include <tessera/formats/SimpleMIFFormatProvider.h>
@@ -9,11 +10,6 @@
 #include <tessera/objects/TPolyline.h>
 #include <tessera/objects/TRegion.h>
 #include <tessera/objects/TSymbol.h>
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include <utility>
 #include <vector>
@@ -23,26 +19,12 @@ namespace tessera::test {
 using TVertices = std::vector<std::pair<double, double>>;
 
 /// A layer on a map, a provider, and a folder of its own for files. Messages are collected instead of shown.
-class TMifTest : public testing::Test {
+class TMifTest : public FolderFixture {
  protected:
   TMifTest() : m_sinkBefore(SetMessageSink([this](const QString &text) { messages.push_back(text.toStdString()); })) {
     layer.SetMap(&map);
   }
   ~TMifTest() override { SetMessageSink(m_sinkBefore); }
-
-  [[nodiscard]] QString PathOf(const QString &name) const { return m_folder.filePath(name); }
-  void WriteFile(const QString &name, const QByteArray &bytes) const {
-    QFile file(PathOf(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-  }
-  [[nodiscard]] QByteArray ReadFile(const QString &name) const {
-    QFile file(PathOf(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-  }
-  [[nodiscard]] QStringList Files() const {
-    return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-  }
 
   /// Loads a pair written for the occasion. A line of no meaning is put behind, as the last line does not count.
   void LoadText(const QByteArray &mif, const QByteArray &mid = "") {
@@ -90,7 +72,6 @@ class TMifTest : public testing::Test {
   std::vector<std::string> messages;
 
  private:
-  QTemporaryDir m_folder;
   TMessageSink m_sinkBefore;
 };
 
