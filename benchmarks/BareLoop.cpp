@@ -8,18 +8,17 @@
 namespace tessera::bench {
 namespace {
 
-constexpr int GlyphSizePx = 11;
 /// Clipping happens this far outside, so that pens on the border of the view do not show.
 constexpr double MarginPx = 4;
 
-QImage MakeGlyph() {
-  QImage glyph(GlyphSizePx, GlyphSizePx, QImage::Format_ARGB32_Premultiplied);
+QImage MakeGlyph(int sizePx) {
+  QImage glyph(sizePx, sizePx, QImage::Format_ARGB32_Premultiplied);
   glyph.fill(Qt::transparent);
   QPainter painter(&glyph);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setBrush(QColor(0x20, 0x40, 0x80));
   painter.setPen(Qt::NoPen);
-  painter.drawEllipse(QRectF(0.5, 0.5, GlyphSizePx - 1, GlyphSizePx - 1));
+  painter.drawEllipse(QRectF(0.5, 0.5, sizePx - 1, sizePx - 1));
   return glyph;
 }
 
@@ -73,7 +72,8 @@ BareView BareLoop::ViewOf(QSize size, double zoom) const {
 void BareLoop::Draw(const BareView &view, QImage &picture) {
   m_view = view;
   m_clip = QRectF(QPointF(0, 0), QSizeF(view.size)).adjusted(-MarginPx, -MarginPx, MarginPx, MarginPx);
-  if (m_glyph.isNull()) m_glyph = MakeGlyph();
+  if (m_glyph.isNull()) m_glyph = MakeGlyph(m_map.GetSymbolSize());
+  const int halfGlyph = m_map.GetSymbolSize() / 2;
   m_color = 0;
   const double halfWidth = (view.size.width() / 2.0 + MarginPx) * view.unitsPerPx;
   const double halfHeight = (view.size.height() / 2.0 + MarginPx) * view.unitsPerPx;
@@ -88,7 +88,7 @@ void BareLoop::Draw(const BareView &view, QImage &picture) {
     if (shape.kind == FlatKind::Point) {
       const double x = (box.MinX - view.centre.x) / view.unitsPerPx + view.size.width() / 2.0;
       const double y = (view.centre.y - box.MinY) / view.unitsPerPx + view.size.height() / 2.0;
-      painter.drawImage(QPoint(static_cast<int>(x) - GlyphSizePx / 2, static_cast<int>(y) - GlyphSizePx / 2), m_glyph);
+      painter.drawImage(QPoint(static_cast<int>(x) - halfGlyph, static_cast<int>(y) - halfGlyph), m_glyph);
     } else if (shape.kind == FlatKind::Line) {
       DrawLine(painter, shape, isInside);
     } else {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "BenchData.h"
 
+#include "BenchShapes.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,9 +11,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <numbers>
-#include <numeric>
-#include <random>
 #include <span>
 #include <stdexcept>
 #include <vector>
@@ -21,7 +20,7 @@ namespace {
 
 constexpr int QuickDivisor = 20;
 /// Part of the file names: raise it when the generator changes, so that old files are not taken for new ones.
-constexpr int GeneratorVersion = 1;
+constexpr int GeneratorVersion = 2;
 
 // The map is this wide and high, in degrees.
 constexpr double MinLon = 20;
@@ -29,20 +28,9 @@ constexpr double MinLat = 40;
 constexpr double Width = 60;
 constexpr double Height = 40;
 
-/// The generator of the standard library without its distributions: those differ between library makers.
-class Random {
- public:
-  explicit Random(unsigned seed) : m_engine(seed) {}
-  /// At least 0, less than 1.
-  double Unit() { return static_cast<double>(m_engine() >> 11U) * 0x1p-53; }
-  double Between(double low, double high) { return low + (high - low) * Unit(); }
-  std::size_t Below(std::size_t count) { return static_cast<std::size_t>(m_engine() % count); }
-  /// Near enough to a normal distribution, with a deviation of 1.
-  double Bell() { return (Unit() + Unit() + Unit() + Unit() - 2) * std::numbers::sqrt3; }
-
- private:
-  std::mt19937_64 m_engine;
-};
+/// A pixel of a picture of the whole map that is 1024 pixels wide: what the shapes are sized by.
+constexpr double Pixel = Width / 1024;
+constexpr TBounds Area{MinLon, MinLat, MinLon + Width, MinLat + Height};
 
 /// A text file written through a buffer, with numbers formatted in place.
 class TextFile {
@@ -96,89 +84,8 @@ class TextFile {
   std::string m_buffer;
 };
 
-struct Point {
-  double x;
-  double y;
-};
-
-/// `count` sizes, the largest first, that fall as a power of their rank from `largest` on and sum up to `total`.
-std::vector<std::size_t> PowerLawSizes(std::size_t count, std::size_t total, std::size_t largest,
-                                       std::size_t smallest) {
-  std::vector<std::size_t> sizes(count);
-  const auto fill = [&](double exponent) {
-    for (std::size_t i = 0; i < count; ++i) {
-      const double size = static_cast<double>(largest) * std::pow(static_cast<double>(i + 1), -exponent);
-      sizes[i] = smallest + static_cast<std::size_t>(size);
-    }
-    return std::accumulate(sizes.begin(), sizes.end(), std::size_t{0});
-  };
-  double low = 0;
-  double high = 4;
-  for (int step = 0; step < 60; ++step) {
-    const double middle = (low + high) / 2;
-    (fill(middle) > total ? low : high) = middle;
-  }
-  // A little below the total now; the first sizes take up the rest.
-  const std::size_t missing = total - fill(high);
-  for (std::size_t i = 0; i < missing; ++i) ++sizes[i % count];
-  return sizes;
-}
-
-template <typename Value>
-void Shuffle(std::vector<Value> &values, Random &random) {
-  for (std::size_t i = values.size(); i > 1; --i) std::swap(values[i - 1], values[random.Below(i)]);
-}
-
-/// A closed ring whose distance from its centre is a sum of ever finer waves, as a coast has them: it winds on every
-/// scale and does not cross itself. The last point repeats the first.
-std::vector<Point> WobblyRing(Point centre, double radius, std::size_t pointCount, Random &random) {
-  struct Wave {
-    double cosine, sine, stepCosine, stepSine;
-  };
-  const std::size_t sides = pointCount - 1;
-  const double step = 2 * std::numbers::pi / static_cast<double>(sides);
-  std::vector<Wave> waves;
-  double amplitude = 0.22;
-  for (std::size_t count = 2; count * 6 <= sides; count *= 2, amplitude *= 0.52) {
-    const double phase = random.Between(0, 2 * std::numbers::pi);
-    const double turn = step * static_cast<double>(count + random.Below(count));
-    waves.push_back({amplitude * std::cos(phase), amplitude * std::sin(phase), std::cos(turn), std::sin(turn)});
-  }
-  std::vector<Point> ring;
-  ring.reserve(pointCount);
-  for (std::size_t i = 0; i < sides; ++i) {
-    double reach = 1 + random.Between(-0.4, 0.4) * step;
-    for (Wave &wave : waves) {
-      reach += wave.cosine;
-      const double cosine = wave.cosine * wave.stepCosine - wave.sine * wave.stepSine;
-      wave.sine = wave.cosine * wave.stepSine + wave.sine * wave.stepCosine;
-      wave.cosine = cosine;
-    }
-    const double angle = step * static_cast<double>(i);
-    ring.push_back({centre.x + radius * reach * std::cos(angle), centre.y + radius * reach * std::sin(angle)});
-  }
-  ring.push_back(ring.front());
-  return ring;
-}
-
-/// A line that keeps its heading, more or less, and turns back at the border of the map.
-std::vector<Point> WindingLine(Point start, std::size_t pointCount, Random &random) {
-  std::vector<Point> line = {start};
-  line.reserve(pointCount);
-  double heading = random.Between(0, 2 * std::numbers::pi);
-  const double stepLength = random.Between(0.005, 0.02);
-  while (line.size() < pointCount) {
-    const Point last = line.back();
-    const Point fromMiddle = {last.x - (MinLon + Width / 2), last.y - (MinLat + Height / 2)};
-    const bool isOutside = std::abs(fromMiddle.x) > Width / 2 || std::abs(fromMiddle.y) > Height / 2;
-    heading = isOutside ? std::atan2(-fromMiddle.y, -fromMiddle.x) : heading + random.Between(-0.4, 0.4);
-    line.push_back({last.x + stepLength * std::cos(heading), last.y + stepLength * std::sin(heading)});
-  }
-  return line;
-}
-
-void WritePoints(TextFile &mif, std::span<const Point> points) {
-  for (const Point &point : points) mif << point.x << ' ' << point.y << '\n';
+void WritePoints(TextFile &mif, std::span<const FlatVertex> points) {
+  for (const FlatVertex &point : points) mif << point.x << ' ' << point.y << '\n';
 }
 
 struct Kind {
@@ -219,52 +126,87 @@ class SetWriter {
   TextFile m_mif;
 };
 
+/// Coastlines: a few land masses, and islands along their coasts.
 void WriteRegions(SetWriter &writer, std::size_t divisor, Random &random) {
-  const std::size_t largest = 1'100'000 / divisor;
-  std::vector<std::size_t> sizes = PowerLawSizes(190'000 / divisor, 11'000'000 / divisor, largest, 4);
-  Shuffle(sizes, random);
-  // Areas go with the number of vertices; together they are about as large as the map.
-  constexpr double LargestRadius = 8;
-  for (std::size_t i = 0; i < sizes.size(); ++i) {
-    const double radius = LargestRadius * std::sqrt(static_cast<double>(sizes[i]) / static_cast<double>(largest));
-    const Point centre = {random.Between(MinLon + radius, MinLon + Width - radius),
-                          random.Between(MinLat + radius, MinLat + Height - radius)};
+  constexpr std::size_t LandMasses = 10;
+  // A ring of 390 vertices is about a pixel across, the largest one 300.
+  constexpr double PixelSize = 390;
+  constexpr double Growth = 0.71;
+  std::vector<FlatVertex> coast;
+  std::vector<std::vector<FlatVertex>> rings;
+  for (const std::size_t size : CoastSizes(divisor)) {
+    const double radius = 0.5 * Pixel * std::pow(static_cast<double>(size * divisor) / PixelSize, Growth);
+    const bool isMass = rings.size() < LandMasses;
+    FlatVertex centre = {random.Between(MinLon + radius, MinLon + Width - radius),
+                         random.Between(MinLat + radius, MinLat + Height - radius)};
+    if (rings.empty()) {
+      // Its coast runs through the middle of the map, where the parts are taken that are shown larger.
+      centre = {MinLon + Width / 2 - 1.145 * radius, MinLat + Height / 2};
+    }
+    if (!isMass) {
+      const FlatVertex &at = coast[random.Below(coast.size())];
+      const double off = 4 * Pixel * random.Unit();
+      centre = {at.x + off * random.Bell(), at.y + off * random.Bell()};
+    }
+    rings.push_back(CoastRing(centre, radius, size, random));
+    if (isMass) coast.insert(coast.end(), rings.back().begin(), rings.back().end());
+  }
+  Shuffle(rings, random);
+  for (std::size_t i = 0; i < rings.size(); ++i) {
     const Kind &kind = Kinds[random.Below(Kinds.size())];
-    writer.Mif() << "Region  1\n" << sizes[i] << '\n';
-    WritePoints(writer.Mif(), WobblyRing(centre, radius, sizes[i], random));
+    writer.Mif() << "Region  1\n" << rings[i].size() << '\n';
+    WritePoints(writer.Mif(), rings[i]);
     writer.Mif() << "    Pen (1,2,8421504)\n    Brush (2," << kind.color << ")\n";
     writer.AddAttributes(i + 1, random.Unit(), kind);
   }
 }
 
+/// Rivers that flow into each other, and short straight pieces that join them.
 void WriteLines(SetWriter &writer, std::size_t divisor, Random &random) {
-  std::vector<std::size_t> sizes = PowerLawSizes(50'000 / divisor, 3'300'000 / divisor, 40'000 / divisor, 2);
+  constexpr double StepLength = 0.016 * Pixel;
+  constexpr std::size_t Springs = 5000;
+  std::vector<FlatVertex> joints;
+  for (std::size_t i = 0; i < Springs; ++i) {
+    joints.push_back({random.Between(MinLon, MinLon + Width), random.Between(MinLat, MinLat + Height)});
+  }
+  std::vector<std::size_t> sizes = RiverSizes(37'000 / divisor, random);
+  sizes.insert(sizes.end(), 12'000 / divisor, 2);
   Shuffle(sizes, random);
   for (std::size_t i = 0; i < sizes.size(); ++i) {
-    const Point start = {random.Between(MinLon, MinLon + Width), random.Between(MinLat, MinLat + Height)};
+    const double step = sizes[i] == 2 ? 60 * StepLength : StepLength;
+    const std::vector<FlatVertex> line = WindingLine(joints[random.Below(joints.size())], sizes[i], step, Area, random);
+    joints.push_back(line.back());
     const Kind &kind = Kinds[random.Below(Kinds.size())];
-    writer.Mif() << "Pline " << sizes[i] << '\n';
-    WritePoints(writer.Mif(), WindingLine(start, sizes[i], random));
+    writer.Mif() << "Pline " << line.size() << '\n';
+    WritePoints(writer.Mif(), line);
     writer.Mif() << "    Pen (1,2," << kind.color << ")\n";
     writer.AddAttributes(i + 1, random.Unit(), kind);
   }
 }
 
-void WritePlaces(SetWriter &writer, std::size_t divisor, Random &random) {
-  std::vector<Point> towns(2000);
-  for (Point &town : towns) {
+/// How the symbols of a set of places look.
+struct PlaceLook {
+  bool isStyled;
+  std::size_t sizePt;
+};
+
+void WritePlaces(SetWriter &writer, std::size_t divisor, PlaceLook look, Random &random) {
+  std::vector<FlatVertex> towns(2000);
+  for (FlatVertex &town : towns) {
     town = {random.Between(MinLon + 2, MinLon + Width - 2), random.Between(MinLat + 2, MinLat + Height - 2)};
   }
   constexpr std::array<std::size_t, 4> Shapes = {32, 34, 35, 50};
   const std::size_t count = 1'000'000 / divisor;
   for (std::size_t i = 0; i < count; ++i) {
-    const Point town = towns[random.Below(towns.size())];
+    const FlatVertex town = towns[random.Below(towns.size())];
     const bool isRural = random.Below(5) == 0;
-    const Point place = isRural ? Point{random.Between(MinLon, MinLon + Width), random.Between(MinLat, MinLat + Height)}
-                                : Point{town.x + 0.5 * random.Bell(), town.y + 0.5 * random.Bell()};
+    const FlatVertex place =
+        isRural ? FlatVertex{random.Between(MinLon, MinLon + Width), random.Between(MinLat, MinLat + Height)}
+                : FlatVertex{town.x + 0.5 * random.Bell(), town.y + 0.5 * random.Bell()};
     const std::size_t index = random.Below(Kinds.size());
-    writer.Mif() << "Point " << place.x << ' ' << place.y << "\n    Symbol (" << Shapes[index % Shapes.size()] << ','
-                 << Kinds[index].color << ",8)\n";
+    const std::size_t shown = look.isStyled ? index : 1;
+    writer.Mif() << "Point " << place.x << ' ' << place.y << "\n    Symbol (" << Shapes[shown % Shapes.size()] << ','
+                 << Kinds[shown].color << ',' << look.sizePt << ")\n";
     writer.AddAttributes(i + 1, random.Unit(), Kinds[index]);
   }
 }
@@ -278,9 +220,24 @@ QString NameOf(BenchSet set) {
     case BenchSet::Lines:
       return QStringLiteral("R");
     case BenchSet::Points:
+      return QStringLiteral("P");
+    case BenchSet::SmallPlainPoints:
+      return QStringLiteral("P5");
+    case BenchSet::LargePlainPoints:
       break;
   }
-  return QStringLiteral("P");
+  return QStringLiteral("P16");
+}
+
+int SymbolSizePx(BenchSet set) {
+  switch (set) {
+    case BenchSet::SmallPlainPoints:
+      return 5;
+    case BenchSet::LargePlainPoints:
+      return 16;
+    default:
+      return 11;
+  }
 }
 
 QString EnsureSet(BenchSet set, BenchScale scale, const QString &directory) {
@@ -298,8 +255,10 @@ QString EnsureSet(BenchSet set, BenchScale scale, const QString &directory) {
     case BenchSet::Lines:
       WriteLines(writer, divisor, random);
       break;
-    case BenchSet::Points:
-      WritePlaces(writer, divisor, random);
+    default:
+      // Sizes in the file are points, of which 72 make up the length of 96 pixels.
+      WritePlaces(writer, divisor, {set == BenchSet::Points, static_cast<std::size_t>(SymbolSizePx(set) * 3 + 2) / 4},
+                  random);
       break;
   }
   writer.Commit();

@@ -38,11 +38,15 @@ class FlatMap {
   }
   [[nodiscard]] const TBounds &Box() const { return m_box; }
   [[nodiscard]] bool HasOnlyPoints() const;
+  /// How large points are drawn.
+  [[nodiscard]] int GetSymbolSize() const { return m_symbolSizePx; }
+  void SetSymbolSize(int sizePx) { m_symbolSizePx = sizePx; }
 
  private:
   std::vector<FlatVertex> m_vertices;
   std::vector<FlatShape> m_shapes;
   TBounds m_box = TBounds::Empty();
+  int m_symbolSizePx = 11;
 };
 
 }  // namespace tessera::bench
