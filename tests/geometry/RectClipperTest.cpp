@@ -16,7 +16,9 @@ using Points = std::vector<TMapPoint>;
 
 Points Clipped(detail::RectClipper &clipper, const Points &points) {
   Points clipped;
-  for (const auto stretch : clipper.Clip(points)) clipped.insert(clipped.end(), stretch.begin(), stretch.end());
+  const auto boxes = detail::VertexRuns::MakeBoxes(points);
+  for (const auto stretch : clipper.Clip({points, boxes.get()}))
+    clipped.insert(clipped.end(), stretch.begin(), stretch.end());
   return clipped;
 }
 

@@ -187,12 +187,18 @@ void CompareOutlines(TRandomShapes &random, double origin, const TViewFlags &fla
   detail::ScreenOutliner outliner(view, flags);
   for (const Points &points : {random.Tangle(about, random.Whole(0, 9)), random.OnGrid(shown, 4, random.Whole(1, 40)),
                                random.Ring(centre, width * reach, random.Whole(3, 1500)),
+                               random.Ring(centre, width * reach / 50, random.Whole(3, 9000)),
                                random.Ring({view.CenterX, view.CenterY}, width * 0.3, 1100)}) {
-    Outline outline{{-77, -77}};
-    const std::size_t count = outliner.PartToScreen(points, BoundsOf(points), outline);
-    ASSERT_EQ(count, outline.size() - 1);
-    ASSERT_EQ(outline[0], TPoint(-77, -77)) << "what was there stays";
-    ASSERT_EQ(Outline(outline.begin() + 1, outline.end()), PlainOutline(view, flags, points));
+    const auto boxes = detail::VertexRuns::MakeBoxes(points);
+    const Outline plain = PlainOutline(view, flags, points);
+    for (const auto &part : {detail::VertexRuns(points), detail::VertexRuns(points, boxes.get())}) {
+      Outline outline{{-77, -77}};
+      const std::size_t count = outliner.PartToScreen(part, BoundsOf(points), outline);
+      ASSERT_EQ(count, outline.size() - 1);
+      ASSERT_EQ(outline[0], TPoint(-77, -77)) << "what was there stays";
+      ASSERT_EQ(Outline(outline.begin() + 1, outline.end()), plain);
+    }
+    ASSERT_TRUE(!outliner.ThinsToOne(detail::RoundedBox::Of(BoundsOf(points))) || plain.size() <= 1);
     (shown.ContainsBounds(BoundsOf(points)) ? whole : cut) += 1;
   }
 }
@@ -221,7 +227,7 @@ TEST(ScreenOutlinerTest, DoesNotTrustBoundsThatAreTooSmall) {
     const double x = quarters / 4.0;
     const Points points{{50, 50}, {x, 50}, {50, 70}};
     Outline outline;
-    outliner.PartToScreen(points, {50, 50, 60, 60}, outline);
+    outliner.PartToScreen(detail::VertexRuns(points), {50, 50, 60, 60}, outline);
     EXPECT_EQ(outline, PlainOutline(ViewOf(100, 100), flags, points)) << x;
   }
 }

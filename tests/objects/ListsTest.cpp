@@ -2,6 +2,7 @@
 #include "../support/Printers.h"
 
 #include <tessera/base/Exceptions.h>
+#include <tessera/geometry/detail/VertexRuns.h>
 #include <tessera/objects/TMapObjectsList.h>
 #include <tessera/objects/TPolyline.h>
 
@@ -66,6 +67,10 @@ class TMapPointsModel {
       }
     } else if (action == 22) {
       AppendInPlace({vertex, {vertex.Y, vertex.X}, vertex}, std::size_t(any(4)));
+    } else if (action == 23) {
+      Points many;
+      for (int i = 0; i < 200; ++i) many.push_back({any(2000) - 1000.0, any(2000) - 1000.0});
+      AppendInPlace(many, many.size());
     } else {
       m_points.Add(vertex);
       Append(vertex);
@@ -74,6 +79,11 @@ class TMapPointsModel {
   void Check() {
     ASSERT_TRUE(std::ranges::equal(m_points.Points(), m_model));
     ASSERT_EQ(m_points.GetBounds(), m_bounds);
+    const TBounds nearlyAll{-1000, -1000, 997, 999};
+    const auto isIn = [&](const TMapPoint &point) { return nearlyAll.ContainsPoint(point.X, point.Y); };
+    const auto isBoxIn = [&](const detail::RoundedBox &box) { return box.LiesWithin(nearlyAll); };
+    const auto plain = std::ranges::find_if_not(m_model, isIn) - m_model.begin();
+    ASSERT_EQ(m_points.GetRuns().FirstNot(0, m_model.size(), isBoxIn, isIn), std::size_t(plain));
     const TMapPoints clone = m_points.Clone();
     ASSERT_TRUE(std::ranges::equal(clone.Points(), m_model));
     ASSERT_EQ(clone.GetBounds(), BoundsOf(m_model)) << "of a clone, which are those of its vertices";

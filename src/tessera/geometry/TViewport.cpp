@@ -2,6 +2,7 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/detail/FarPixels.h>
 #include <tessera/geometry/TViewport.h>
+#include <tessera/geometry/detail/PixelTransform.h>
 
 #include <algorithm>
 #include <cmath>
@@ -29,39 +30,6 @@ int CheckedPixelOf(long double position) {
   }
   return int(rounded);
 }
-
-/// The transform in doubles, which settles a pixel unless the position lies too near to the middle between two.
-/// For positions and half sizes of the client up to MaxPosition the error of the few operations in doubles stays far
-/// below TieMargin.
-struct FastTransform {
-  static constexpr double MaxPosition = 1e6;
-  static constexpr double TieMargin = 1e-8;
-  /// Adding and taking away 1.5 * 2^52 rounds to an integer, halves to even.
-  static constexpr double RoundingShift = 6755399441055744.0;
-
-  double centerX, centerY, kx, ky, halfWidth, halfHeight;
-
-  [[nodiscard]] bool IsExactEnough() const { return std::max(std::abs(halfWidth), std::abs(halfHeight)) < MaxPosition; }
-  /// Both conditions, without a branch between them.
-  static bool Both(bool a, bool b) { return (int(a) & int(b)) != 0; }
-  /// False when the exact way has to decide.
-  static bool Round(double position, int &pixel) {
-    const double rounded = (position + RoundingShift) - RoundingShift;
-    pixel = int(rounded);
-    return Both(std::abs(position - rounded) < 0.5 - TieMargin, std::abs(position) < MaxPosition);
-  }
-  bool operator()(const TMapPoint &point, QPoint &out) const {
-    const double x = halfWidth + (point.X - centerX) * kx;
-    const double y = halfHeight - (point.Y - centerY) * ky;
-    // Positions out of range (not-a-number included) must not reach the conversion to int.
-    const bool inRange = Both(std::abs(x) < MaxPosition, std::abs(y) < MaxPosition);
-    int px = 0;
-    int py = 0;
-    const bool isSettled = Both(Round(inRange ? x : 0.0, px), Round(inRange ? y : 0.0, py));
-    out = QPoint(px, py);
-    return Both(inRange, isSettled);
-  }
-};
 
 }  // namespace
 
@@ -114,14 +82,12 @@ QPoint TViewport::MapToScreenClipped(double mx, double my) const {
 }
 
 void TViewport::MapToScreen(std::span<const TMapPoint> points, QPoint *out) const {
-  const Scale scale = GetScale();
-  const FastTransform transform{CenterX,          CenterY,           double(scale.Kx),
-                                double(scale.Ky), ClientWidth / 2.0, ClientHeight / 2.0};
+  const detail::PixelTransform transform(*this);
   constexpr std::size_t BlockSize = 64;
   for (std::size_t first = 0; first < points.size(); first += BlockSize) {
     const auto block = points.subspan(first, std::min(BlockSize, points.size() - first));
-    bool isSettled = transform.IsExactEnough();
-    for (std::size_t i = 0; i < block.size(); ++i) isSettled &= transform(block[i], out[first + i]);
+    bool isSettled = true;
+    for (std::size_t i = 0; i < block.size(); ++i) isSettled &= transform.Settle(block[i], out[first + i]);
     if (isSettled) continue;
     for (std::size_t i = 0; i < block.size(); ++i) out[first + i] = MapToScreen(block[i].X, block[i].Y);
   }

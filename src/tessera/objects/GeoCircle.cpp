@@ -50,7 +50,7 @@ void TGeoCircle::Draw() {
   detail::ScreenOutliner &outliner = map->GetOutliner();
   std::vector<TPoint> &outline = outliner.Scratch();
   outline.clear();
-  outliner.PartToScreen(parts[0].GetPoints().Points(), GetBounds(), outline);
+  outliner.PartToScreen(parts[0].GetPoints().GetRuns(), GetBounds(), outline);
   TCanvas &canvas = map->GetCanvas();
   if (GetUseBGColor()) {
     const TPen pen = canvas.Pen();

@@ -7,13 +7,18 @@
 
 namespace tessera {
 
+namespace detail {
+class VertexRuns;
+}
+
 class TParts;
 
 /// The ordered vertices of one part, as one contiguous array of (x, y), with running bounds.
 ///
 /// The bounds only ever widen: they hold every vertex added so far, and taking out or moving vertices does not shrink
 /// them. As long as vertices were only added, the bounds are those of the array and need no memory; from the first
-/// other change on they are stored before the vertices. The list itself is one pointer.
+/// other change on they are stored before the vertices. The list itself is one pointer. Long lists keep boxes around
+/// runs of their vertices, for drawing: see detail::VertexRuns.
 class TESSERA_CORE_EXPORT TMapPoints {
  public:
   TMapPoints() = default;
@@ -57,6 +62,8 @@ class TESSERA_CORE_EXPORT TMapPoints {
   /// Widens the bounds with a point, without adding it.
   void UpdateBounds(const TMapPoint &point);
   [[nodiscard]] std::span<const TMapPoint> Points() const;
+  /// The vertices with the boxes around runs of them, which are made if they have to be.
+  [[nodiscard]] detail::VertexRuns GetRuns() const;
 
   /// Bounds of all vertices added so far; the sentinels of TBounds::Empty when there were none.
   [[nodiscard]] TBounds GetBounds() const;
@@ -81,6 +88,7 @@ class TESSERA_CORE_EXPORT TMapPoints {
   void SetOwner(TParts *owner);
   void Reallocate(std::size_t capacity, bool keepsBounds);
   void KeepBounds();
+  void DropRuns();
   void NoteChange();
   TMapPoint *BeginAppend(std::size_t count);
   void EndAppend(std::size_t count, const TBounds &bounds);

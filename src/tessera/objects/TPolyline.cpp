@@ -18,7 +18,7 @@ void TPolyline::Draw() {
   std::vector<TPoint> &outline = outliner.Scratch();
   for (const TPart &part : std::as_const(*this).GetParts().Items()) {
     outline.clear();
-    outliner.PartToScreen(part.GetPoints().Points(), GetBounds(), outline);
+    outliner.PartToScreen(part.GetPoints().GetRuns(), GetBounds(), outline);
     canvas.Polyline(outline);
   }
 }

@@ -45,7 +45,7 @@ void TRegion::DrawAsRegion(detail::ScreenOutliner &outliner, TCanvas &canvas) {
   outlines.clear();
   ends.clear();
   for (const TPart &part : parts) {
-    outliner.PartToScreen(part.GetPoints().Points(), GetBounds(), outlines);
+    outliner.PartToScreen(part.GetPoints().GetRuns(), GetBounds(), outlines);
     ends.push_back(outlines.size());
   }
   const auto outlineOf = [&](std::size_t i) {
@@ -93,7 +93,7 @@ void TRegion::DrawAsPolygons(detail::ScreenOutliner &outliner, TCanvas &canvas) 
   std::vector<TPoint> &outline = outliner.Scratch();
   for (const TPart &part : std::as_const(*this).GetParts().Items()) {
     outline.clear();
-    const std::size_t count = outliner.PartToScreen(part.GetPoints().Points(), GetBounds(), outline);
+    const std::size_t count = outliner.PartToScreen(part.GetPoints().GetRuns(), GetBounds(), outline);
     if (count == 0) continue;
     if (count > 1) throw ERangeError(QStringLiteral("Range check error"));
     canvas.Polygon(std::span<const TPoint>(outline).first(count - 1));

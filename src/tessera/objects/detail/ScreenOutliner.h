@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tessera/geometry/detail/PixelTransform.h>
 #include <tessera/geometry/detail/RectClipper.h>
 #include <tessera/graphics/TRgn.h>
 #include <tessera/objects/TMapHost.h>
+
+#include <QSizeF>
 
 #include <vector>
 
@@ -13,7 +16,8 @@ namespace tessera::detail {
 /// and, with generalisation, thinned.
 ///
 /// An outline that lies wholly within the view is not cut at all, one that sticks out is cut in one sweep; the points
-/// are those of four cuts by the splitter either way.
+/// are those of four cuts by the splitter either way. Where a part has boxes around runs of its vertices, both cutting
+/// and thinning pass over whole runs.
 class TESSERA_CORE_EXPORT ScreenOutliner {
  public:
   ScreenOutliner(const TViewport &viewport, const TViewFlags &flags);
@@ -27,7 +31,12 @@ class TESSERA_CORE_EXPORT ScreenOutliner {
   /// last one kept; the last point of the part may be missing. Without it the outline has as many points as the part:
   /// cutting may leave more, of which the last are dropped, or fewer, and then the last one is repeated. `bounds` are
   /// those of the object, and only serve to guess whether the part sticks out of the view.
-  std::size_t PartToScreen(std::span<const TMapPoint> points, const TBounds &bounds, std::vector<TPoint> &outline);
+  std::size_t PartToScreen(const VertexRuns &part, const TBounds &bounds, std::vector<TPoint> &outline);
+
+  /// Whether all points of any outline within a box of this size, in map units, thin to a single one.
+  [[nodiscard]] bool ThinsToOne(const RoundedBox &box) const {
+    return box.maxX - box.minX < m_thinsToOne.width() && box.maxY - box.minY < m_thinsToOne.height();
+  }
 
   // Storage that drawing uses from one object to the next.
   [[nodiscard]] std::vector<TPoint> &Scratch() { return m_scratch; }
@@ -36,16 +45,16 @@ class TESSERA_CORE_EXPORT ScreenOutliner {
   [[nodiscard]] TRgn &ScratchRing() { return m_ring; }
 
  private:
-  enum class Extent { Any, MustBeInside };
-  /// Appends the pixels of some points to the outline that begins at `first`. When the points must be inside the view
-  /// and one is not, the outline is taken back, and the answer is false.
-  bool AppendPixels(std::span<const TMapPoint> points, Extent extent, std::size_t first, std::vector<TPoint> &outline);
-  void AppendThinned(std::span<const TPoint> pixels, std::size_t first, std::vector<TPoint> &outline) const;
+  void AppendPixels(std::span<const TMapPoint> points, std::vector<TPoint> &outline);
+  /// Appends the points of a stretch of a part that thinning leaves, after those from `first` on.
+  void AppendThinned(const VertexRuns &part, std::span<const TMapPoint> stretch, std::size_t first,
+                     std::vector<TPoint> &outline) const;
 
   TViewport m_viewport;
   TViewFlags m_flags;
   RectClipper m_clipper;
-  std::vector<TPoint> m_pixels;
+  PixelTransform m_toPixels;
+  QSizeF m_thinsToOne;  ///< In map units; empty without generalisation.
   std::vector<TPoint> m_scratch;
   std::vector<std::size_t> m_ends;
   TRgn m_region;
