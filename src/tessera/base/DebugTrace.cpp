@@ -17,6 +17,10 @@ TTraceSink SetDebugTraceSink(TTraceSink sink) {
   return std::exchange(Sink(), std::move(sink));
 }
 
+bool IsDebugTraced() {
+  return Sink() != nullptr;
+}
+
 void DebugTrace(const QString &format, std::initializer_list<QString> arguments) {
   if (Sink()) Sink()(format, arguments);
 }

@@ -16,6 +16,9 @@ using TTraceSink = std::function<void(const QString &format, std::initializer_li
 /// Replaces the sink and returns the previous one. There is none at first: notices are dropped.
 TESSERA_CORE_EXPORT TTraceSink SetDebugTraceSink(TTraceSink sink);
 
+/// Whether there is a sink.
+[[nodiscard]] TESSERA_CORE_EXPORT bool IsDebugTraced();
+
 /// Drops the notice, or hands it to the sink. `format` is the notice with %s and %S for the arguments, which are not
 /// put in unless somebody listens. Never shows anything and never throws on its own.
 TESSERA_CORE_EXPORT void DebugTrace(const QString &format, std::initializer_list<QString> arguments = {});

@@ -15,6 +15,10 @@
 
 namespace tessera {
 
+namespace detail {
+class StampPainter;
+}
+
 /// Draws on the pixels of a bitmap with the pen, brush and font set last.
 ///
 /// All coordinates are client pixels; a bitmap with a device pixel ratio is drawn on at its full resolution, and a pen
@@ -82,6 +86,7 @@ class TESSERA_CORE_EXPORT TCanvas {
   [[nodiscard]] QRect GetClipRect() const;
 
  private:
+  friend class detail::StampPainter;
   class Private;
   std::unique_ptr<Private> d;
 };

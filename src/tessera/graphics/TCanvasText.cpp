@@ -67,7 +67,7 @@ void TCanvas::TextOut(int x, int y, const QString &text) {
   const TPoint corner = d->ToDevice(TPoint(x, y));
   // Letters may hang over their box, but not by more than their height.
   const auto boundsOf = [&](const TextBox &box) { return box.Bounds(face.DeviceFont().pixelSize() + 2.0); };
-  if (mode == TPenMode::pmCopy && d->m_escapement % FullTurn == 0 && face.TakesRun(text)) {
+  if (d->DrawsUprightText() && face.TakesRun(text)) {
     if (d->IsWatched()) d->Note(boundsOf({corner, QSizeF(face.Extent(text)) * d->Ratio(), 0}));
     if (!fill.IsNone()) fill.PaintRect(d->GetSurface(), d->ToDevice(TPoint(x, y), face.Extent(text)));
     face.DrawRun(d->GetSurface(), corner.x(), corner.y(), text);

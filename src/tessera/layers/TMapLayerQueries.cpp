@@ -3,6 +3,7 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/MessageSink.h>
 #include <tessera/layers/TMapLayer.h>
+#include <tessera/layers/detail/LayerPainter.h>
 #include <tessera/layers/detail/ObjectStore.h>
 #include <tessera/objects/TMapObjectsList.h>
 #include <tessera/providers/CustomFormatProvider.h>
@@ -108,7 +109,7 @@ void TMapLayer::Paint() {
   TCardinalArray ids;
   int staleCount = 0;
   if (!FindIdsInRect(Bounds2CellBounds(map->GetViewport().GetViewBounds()), ids, &staleCount)) return;
-  for (const std::uint32_t id : ids.Ids()) m_objects->Items()[id]->Paint();
+  detail::LayerPainter(*this, *m_objects).Paint(std::as_const(ids).Ids());
   if (staleCount > 0 && !std::exchange(m_isStaleIndexTold, true)) {
     ShowMessage(QStringLiteral("The spatial index of layer \"%1\" is out of date, so it may not show all objects.")
                     .arg(m_name));

@@ -9,6 +9,7 @@
 #include <tessera/objects/detail/RectTests.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 namespace tessera {
@@ -178,11 +179,15 @@ std::optional<TBounds> TCustomMapObject::GetVertexExtent() const {
   TBounds extent = GetBounds();
   if (extent.IsInverted()) return std::nullopt;
   bool hasVertices = false;
+  bool areNumbers = true;
   for (const TPart &part : m_parts.Items()) {
-    for (const TMapPoint &point : part.GetPoints().Points()) extent.Widen(point.X, point.Y);
+    for (const TMapPoint &point : part.GetPoints().Points()) {
+      extent.Widen(point.X, point.Y);
+      areNumbers &= !std::isnan(point.X) && !std::isnan(point.Y);
+    }
     hasVertices |= part.GetPoints().GetCount() > 0;
   }
-  return hasVertices ? std::optional(extent) : std::nullopt;
+  return hasVertices && areNumbers ? std::optional(extent) : std::nullopt;
 }
 
 void TCustomMapObject::AssignToolsToCanvas(TCanvas &canvas) const {

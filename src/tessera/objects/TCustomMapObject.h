@@ -14,8 +14,9 @@ namespace tessera {
 
 class TTessera;
 namespace detail {
+class LayerPainter;
 class ObjectStore;
-}
+}  // namespace detail
 
 /// How a kind of object answers when Contains asks it about a box, that is, about a plain object whose vertices are the
 /// four corners.
@@ -177,6 +178,7 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
   friend class TDisplayedObjects;
   friend class TMapHost;
   friend class TParts;
+  friend class detail::LayerPainter;
   friend class detail::ObjectStore;
 
   template <typename Value>

@@ -3,6 +3,7 @@
 #include <tessera/objects/TMapObjectsList.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tessera {
 namespace {
@@ -23,6 +24,7 @@ void TMapObjectsList::CloseGaps() const {
 }
 
 std::span<TCustomMapObject *const> TMapObjectsList::Items() const {
+  Settle();
   CloseGaps();
   return m_items;
 }
@@ -50,7 +52,7 @@ void TMapObjectsList::SetItem(int index, TCustomMapObject *object) {
 }
 
 int TMapObjectsList::IndexOf(const TCustomMapObject *object) const {
-  CloseGaps();
+  static_cast<void>(Items());
   const std::size_t slot = SlotOf(object);
   return slot == NoSlot ? -1 : int(slot);
 }
@@ -125,6 +127,7 @@ void TMapObjectsList::Empty() {
 }
 
 std::size_t TDisplayedObjects::SlotOf(const TCustomMapObject *object) const {
+  Settle();
   return object && AtSlot(object->m_displayedAt) == object ? object->m_displayedAt : NoSlot;
 }
 
@@ -132,12 +135,28 @@ void TDisplayedObjects::NoteSlot(TCustomMapObject *object, std::size_t slot) con
   object->m_displayedAt = std::uint32_t(slot);
 }
 
+void TDisplayedObjects::Settle() const {
+  if (m_noted.empty()) return;
+  const std::vector<TCustomMapObject *> noted = std::exchange(m_noted, {});
+  auto &self = const_cast<TDisplayedObjects &>(*this);
+  for (TCustomMapObject *object : noted) {
+    if (AtSlot(object->m_displayedAt) != object) self.TMapObjectsList::Add(object);
+  }
+}
+
 void TDisplayedObjects::Add(TCustomMapObject *object) {
-  if (!Holds(object)) TMapObjectsList::Add(object);
+  m_noted.push_back(object);
+  // Else a highlight that is drawn again and again would be noted without end.
+  if (GetMapHost() == nullptr || !GetMapHost()->GetIsBusy()) Settle();
 }
 
 void TDisplayedObjects::Insert(int index, TCustomMapObject *object) {
   if (!Holds(object)) TMapObjectsList::Insert(index, object);
+}
+
+void TDisplayedObjects::Clear() {
+  m_noted.clear();
+  TMapObjectsList::Clear();
 }
 
 }  // namespace tessera

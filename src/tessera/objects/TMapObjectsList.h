@@ -15,7 +15,7 @@ class TESSERA_CORE_EXPORT TMapObjectsList : public TObject, public TMapMember {
   TMapObjectsList() = default;
   ~TMapObjectsList() override;
 
-  [[nodiscard]] int GetCount() const { return int(m_items.size() - m_gaps); }
+  [[nodiscard]] int GetCount() const { return int(Items().size()); }
   /// None outside the count.
   [[nodiscard]] TCustomMapObject *GetItem(int index) const;
   /// @throws ERangeError outside the count.
@@ -54,6 +54,8 @@ class TESSERA_CORE_EXPORT TMapObjectsList : public TObject, public TMapMember {
   [[nodiscard]] TCustomMapObject *AtSlot(std::size_t slot) const {
     return slot < m_items.size() ? m_items[slot] : nullptr;
   }
+  /// Enters what still waits to be entered.
+  virtual void Settle() const {}
   void Vacate(std::size_t slot);
   void CloseGaps() const;
   void Empty();
@@ -82,15 +84,22 @@ class TESSERA_CORE_EXPORT TObjectSelection : public TMapObjectsList {
 /// The objects of the current picture, each once, in the order in which they were first drawn. An object belongs to the
 /// displayed objects of one map at a time. Entering, finding and taking out an object cost the same however many there
 /// are.
+///
+/// While a picture is made, objects are only noted, which does not touch them; they are entered when somebody looks.
 class TESSERA_CORE_EXPORT TDisplayedObjects : public TMapObjectsList {
  public:
   /// Enters an object unless it is there already; so does Insert.
   void Add(TCustomMapObject *object) override;
   void Insert(int index, TCustomMapObject *object) override;
+  void Clear() override;
 
  protected:
   [[nodiscard]] std::size_t SlotOf(const TCustomMapObject *object) const override;
   void NoteSlot(TCustomMapObject *object, std::size_t slot) const override;
+  void Settle() const override;
+
+ private:
+  mutable std::vector<TCustomMapObject *> m_noted;  // to be entered; some may be there already
 };
 
 }  // namespace tessera

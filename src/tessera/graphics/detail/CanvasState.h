@@ -39,6 +39,12 @@ class TCanvas::Private {
   [[nodiscard]] Fill MakeFill() { return MakeFill(m_pen.GetMode()); }
   [[nodiscard]] Fill MakeFill(TPenMode mode) { return m_tiles.MakeFill(m_brush, mode, m_ratio); }
 
+  /// Whether text is drawn upright and covers what is there.
+  [[nodiscard]] bool DrawsUprightText() const {
+    constexpr int FullTurn = 3600;  // in tenths of a degree
+    return m_pen.GetMode() == TPenMode::pmCopy && m_escapement % FullTurn == 0;
+  }
+
   /// Whether somebody wants to know what changes; only then do the bounds of a figure have to be found out.
   [[nodiscard]] bool IsWatched() const { return m_onChange != nullptr; }
   /// Tells of the device pixels that are about to change.

@@ -176,13 +176,13 @@ FontFace::Letter &FontFace::LetterOf(QChar character) {
   return (*page)[std::size_t(code % PageSize)];
 }
 
-const Glyph &FontFace::GlyphOf(Letter &letter, QChar character, int phase) {
-  std::unique_ptr<Glyph> &glyph = letter.glyphs[std::size_t(phase)];
+const std::shared_ptr<const Glyph> &FontFace::GlyphOf(Letter &letter, QChar character, int phase) {
+  std::shared_ptr<const Glyph> &glyph = letter.glyphs[std::size_t(phase)];
   if (!glyph) {
     glyph = Rasterise(character, phase);
     m_byteCount += glyph->ByteCount();
   }
-  return *glyph;
+  return glyph;
 }
 
 bool FontFace::TakesRun(const QString &text) const {
@@ -198,7 +198,7 @@ void FontFace::DrawRun(const Surface &surface, std::int64_t x, std::int64_t y, c
     const std::int64_t left = x + position / Unit;
     if (left >= surface.right + std::int64_t(LargestGlyphPx)) return;
     Letter &letter = LetterOf(character);
-    const Glyph &glyph = GlyphOf(letter, character, int(position % Unit) * Phases / Unit);
+    const Glyph &glyph = *GlyphOf(letter, character, int(position % Unit) * Phases / Unit);
     BlendGlyph(surface, left, y, glyph);
     if (letter.deviceAdvance == Unknown) letter.deviceAdvance = AdvanceOf(m_deviceFont, character);
     position += letter.deviceAdvance;
@@ -221,8 +221,8 @@ QSize FontFace::Extent(const QString &text) {
   return *m_extents.insert(text, {QFontMetrics(m_clientFont).horizontalAdvance(text), m_clientHeight});
 }
 
-std::unique_ptr<Glyph> FontFace::Rasterise(QChar character, int phase) const {
-  auto glyph = std::make_unique<Glyph>();
+std::shared_ptr<const Glyph> FontFace::Rasterise(QChar character, int phase) const {
+  auto glyph = std::make_shared<Glyph>();
   const QString text(character);
   // Letters may hang over their box on every side.
   const QRect ink = QFontMetrics(m_deviceFont).boundingRect(text);

@@ -61,6 +61,10 @@ class FontFace {
   /// Blends a text onto opaque pixels, the upper left corner of its box at (x, y) in device pixels; each character at
   /// the nearest quarter of a pixel to its left. @pre TakesRun(text)
   void DrawRun(const Surface &surface, std::int64_t x, std::int64_t y, const QString &text);
+  /// What DrawRun blends for a single character. @pre TakesRun(character)
+  [[nodiscard]] std::shared_ptr<const Glyph> ShareGlyph(QChar character) {
+    return GlyphOf(LetterOf(character), character, 0);
+  }
   /// In client pixels.
   [[nodiscard]] QSize Extent(const QString &text);
 
@@ -80,15 +84,15 @@ class FontFace {
 
   /// What is known of one character. Advances are 64ths of a pixel.
   struct Letter {
-    std::array<std::unique_ptr<Glyph>, Phases> glyphs;
+    std::array<std::shared_ptr<const Glyph>, Phases> glyphs;
     std::int32_t clientAdvance = Unknown;
     std::int32_t deviceAdvance = Unknown;
   };
   using Page = std::array<Letter, PageSize>;
 
   [[nodiscard]] Letter &LetterOf(QChar character);
-  [[nodiscard]] const Glyph &GlyphOf(Letter &letter, QChar character, int phase);
-  [[nodiscard]] std::unique_ptr<Glyph> Rasterise(QChar character, int phase) const;
+  [[nodiscard]] const std::shared_ptr<const Glyph> &GlyphOf(Letter &letter, QChar character, int phase);
+  [[nodiscard]] std::shared_ptr<const Glyph> Rasterise(QChar character, int phase) const;
 
   QFont m_clientFont;
   QFont m_deviceFont;

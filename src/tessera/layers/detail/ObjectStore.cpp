@@ -1,23 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/layers/detail/ObjectStore.h>
+#include <tessera/objects/TPolyline.h>
+#include <tessera/objects/TRegion.h>
+#include <tessera/objects/TSymbol.h>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
+#include <typeinfo>
 
 namespace tessera::detail {
 namespace {
 
-constexpr float Infinity = std::numeric_limits<float>::infinity();
+using Look = ObjectStore::Look;
 
-float RoundDown(double value) {
-  const auto rounded = float(value);
-  return double(rounded) > value ? std::nextafter(rounded, -Infinity) : rounded;
-}
-
-float RoundUp(double value) {
-  const auto rounded = float(value);
-  return double(rounded) < value ? std::nextafter(rounded, Infinity) : rounded;
+/// Of these very kinds: what is derived from them may draw itself anyhow.
+Look LookOf(const TCustomMapObject &object) {
+  const std::type_info &kind = typeid(object);
+  if (kind == typeid(TSymbol)) return Look::Sign;
+  return kind == typeid(TRegion) || kind == typeid(TPolyline) ? Look::Outline : Look::Own;
 }
 
 template <typename List>
@@ -41,14 +40,14 @@ void ObjectStore::NoteSlot(const TCustomMapObject &object, std::size_t slot) {
 void ObjectStore::CloseGaps() const {
   if (m_gaps == 0) return;
   std::size_t to = 0;
-  std::size_t boxesTo = 0;
+  std::size_t extentsTo = 0;
   for (std::size_t from = 0; from < m_objects.size(); ++from) {
     if (!m_objects[from]) continue;
-    if (from < m_boxes.size()) m_boxes[boxesTo++] = m_boxes[from];
+    if (from < m_extents.size()) m_extents[extentsTo++] = m_extents[from];
     if (from != to) m_objects[to] = std::move(m_objects[from]);
     ++to;
   }
-  m_boxes.resize(boxesTo);
+  m_extents.resize(extentsTo);
   m_objects.resize(to);
   m_gaps = 0;
 }
@@ -58,7 +57,7 @@ void ObjectStore::DropGapsAtTheEnd() {
     m_objects.pop_back();
     --m_gaps;
   }
-  m_boxes.resize(std::min(m_boxes.size(), m_objects.size()));
+  m_extents.resize(std::min(m_extents.size(), m_objects.size()));
 }
 
 std::span<const ObjectStore::Owned> ObjectStore::Items() const {
@@ -109,14 +108,14 @@ void ObjectStore::Append(Owned object) {
 void ObjectStore::Insert(std::size_t index, Owned object) {
   CloseGaps();
   NoteSlot(*object, index);
-  if (index < m_boxes.size()) m_boxes.insert(m_boxes.begin() + std::ptrdiff_t(index), BoxOf(*object));
+  if (index < m_extents.size()) m_extents.insert(m_extents.begin() + std::ptrdiff_t(index), MeasureExtent(*object));
   m_objects.insert(m_objects.begin() + std::ptrdiff_t(index), std::move(object));
 }
 
 ObjectStore::Owned ObjectStore::Replace(std::size_t index, Owned object) {
   CloseGaps();
   NoteSlot(*object, index);
-  if (index < m_boxes.size()) m_boxes[index] = BoxOf(*object);
+  if (index < m_extents.size()) m_extents[index] = MeasureExtent(*object);
   m_objects[index].swap(object);
   return object;
 }
@@ -133,35 +132,35 @@ ObjectStore::Owned ObjectStore::Take(const TCustomMapObject &object) {
 void ObjectStore::Move(std::size_t from, std::size_t to) {
   CloseGaps();
   MoveEntry(m_objects, from, to);
-  if (std::max(from, to) < m_boxes.size()) {
-    MoveEntry(m_boxes, from, to);
+  if (std::max(from, to) < m_extents.size()) {
+    MoveEntry(m_extents, from, to);
   } else {
-    m_boxes.resize(std::min({m_boxes.size(), from, to}));
+    m_extents.resize(std::min({m_extents.size(), from, to}));
   }
 }
 
 void ObjectStore::Merge(std::vector<std::pair<std::size_t, Owned>> &&objects) {
   CloseGaps();
   std::vector<Owned> merged;
-  std::vector<Box> boxes;
+  std::vector<Extent> extents;
   merged.reserve(m_objects.size() + objects.size());
-  boxes.reserve(merged.capacity());
+  extents.reserve(merged.capacity());
   std::size_t next = 0;
   const auto takeOldUpTo = [&](std::size_t size) {
     for (; next < m_objects.size() && merged.size() < size; ++next) {
-      if (next < m_boxes.size()) boxes.push_back(m_boxes[next]);
+      if (next < m_extents.size()) extents.push_back(m_extents[next]);
       merged.push_back(std::move(m_objects[next]));
     }
   };
   for (auto &[index, object] : objects) {
     takeOldUpTo(index);
     NoteSlot(*object, merged.size());
-    if (next < m_boxes.size()) boxes.push_back(BoxOf(*object));
+    if (next < m_extents.size()) extents.push_back(MeasureExtent(*object));
     merged.push_back(std::move(object));
   }
   takeOldUpTo(merged.capacity());
   m_objects = std::move(merged);
-  m_boxes = std::move(boxes);
+  m_extents = std::move(extents);
 }
 
 void ObjectStore::NoteStyle(const TCustomMapObject &object) {
@@ -169,18 +168,18 @@ void ObjectStore::NoteStyle(const TCustomMapObject &object) {
   m_pickReachPx = reachPx && m_pickReachPx ? std::optional(std::max(*reachPx, *m_pickReachPx)) : std::nullopt;
 }
 
-ObjectStore::Box ObjectStore::BoxOf(TCustomMapObject &object) {
+ObjectStore::Extent ObjectStore::MeasureExtent(TCustomMapObject &object) {
   object.m_isExtentKnown = true;
   NoteStyle(object);
   const std::optional<TBounds> extent = object.GetExtent();
-  if (!extent) return {-Infinity, -Infinity, Infinity, Infinity};
-  return {RoundDown(extent->MinX), RoundDown(extent->MinY), RoundUp(extent->MaxX), RoundUp(extent->MaxY)};
+  if (!extent) return {RoundedBox::Everywhere(), Look::Own};
+  return {RoundedBox::Of(*extent), LookOf(object)};
 }
 
 void ObjectStore::FindMeeting(const TBounds &rect, TCardinalArray &places) const {
-  const Box probe{RoundDown(rect.MinX), RoundDown(rect.MinY), RoundUp(rect.MaxX), RoundUp(rect.MaxY)};
-  for (std::size_t place = 0; place < m_boxes.size(); ++place) {
-    const Box &box = m_boxes[place];
+  const RoundedBox probe = RoundedBox::Of(rect);
+  for (std::size_t place = 0; place < m_extents.size(); ++place) {
+    const RoundedBox &box = m_extents[place].box;
     // Without branches but one, for nearly all are apart.
     const bool meets = bool(int(box.minX <= probe.maxX) & int(probe.minX <= box.maxX) & int(box.minY <= probe.maxY) &
                             int(probe.minY <= box.maxY));
@@ -190,10 +189,10 @@ void ObjectStore::FindMeeting(const TBounds &rect, TCardinalArray &places) const
 
 void ObjectStore::NoteGeometry(TCustomMapObject &object) {
   constexpr std::size_t FewAmong = 4;
-  if (m_boxes.empty()) return;
-  if (m_changed.size() >= m_boxes.size() / FewAmong + 1) {
+  if (m_extents.empty()) return;
+  if (m_changed.size() >= m_extents.size() / FewAmong + 1) {
     // Most have changed, so all are worked out anew.
-    m_boxes.clear();
+    m_extents.clear();
     m_changed.clear();
     return;
   }
@@ -206,11 +205,12 @@ void ObjectStore::UpdateExtents() {
     TCustomMapObject *object = handle.Get();
     if (object == nullptr || object->m_isExtentKnown) continue;
     const std::size_t slot = SlotOf(*object);
-    if (slot < m_boxes.size()) m_boxes[slot] = BoxOf(*object);
+    if (slot < m_extents.size()) m_extents[slot] = MeasureExtent(*object);
   }
   m_changed.clear();
-  m_boxes.reserve(m_objects.size());
-  for (std::size_t slot = m_boxes.size(); slot < m_objects.size(); ++slot) m_boxes.push_back(BoxOf(*m_objects[slot]));
+  m_extents.reserve(m_objects.size());
+  for (std::size_t slot = m_extents.size(); slot < m_objects.size(); ++slot)
+    m_extents.push_back(MeasureExtent(*m_objects[slot]));
 }
 
 }  // namespace tessera::detail

@@ -3,6 +3,7 @@
 
 #include <tessera/base/TCardinalArray.h>
 #include <tessera/base/THandle.h>
+#include <tessera/geometry/detail/RoundedBox.h>
 #include <tessera/objects/TCustomMapObject.h>
 
 #include <memory>
@@ -68,22 +69,29 @@ class TESSERA_CORE_EXPORT ObjectStore {
   /// How the object at `index` lies to a rectangle with its corners in order. Near the border, and for objects that do
   /// not tell their extent, it is not known. @pre the extents are up to date
   [[nodiscard]] Relation RelationOf(std::size_t index, const TBounds &rect) const {
-    const Box &box = m_boxes[index];
-    if (!(box.minX <= rect.MaxX && rect.MinX <= box.maxX && box.minY <= rect.MaxY && rect.MinY <= box.maxY)) {
-      return Relation::Apart;
-    }
-    const bool isInside =
-        rect.MinX <= box.minX && box.maxX <= rect.MaxX && rect.MinY <= box.minY && box.maxY <= rect.MaxY;
-    return isInside ? Relation::Inside : Relation::Unknown;
+    const RoundedBox &box = m_extents[index].box;
+    if (!box.Meets(rect)) return Relation::Apart;
+    return box.LiesWithin(rect) ? Relation::Inside : Relation::Unknown;
+  }
+
+  /// How an object is drawn, as far as others may know.
+  enum class Look : std::uint8_t {
+    Own,      ///< In a way of its own.
+    Outline,  ///< By the outlines of its parts alone, and its label.
+    Sign,     ///< As a symbol at one place, and its label.
+  };
+  struct Extent {
+    RoundedBox box;
+    Look look;
+  };
+  /// Holds everything where it is not known.
+  [[nodiscard]] Extent ExtentOf(std::size_t index) const {
+    return index < m_extents.size() ? m_extents[index] : Extent{RoundedBox::Everywhere(), Look::Own};
   }
 
  private:
-  /// An extent rounded outwards.
-  struct Box {
-    float minX, minY, maxX, maxY;
-  };
   static constexpr std::size_t NoSlot = SIZE_MAX;
-  Box BoxOf(TCustomMapObject &object);
+  Extent MeasureExtent(TCustomMapObject &object);
   [[nodiscard]] std::size_t SlotOf(const TCustomMapObject &object) const;
   static void NoteSlot(const TCustomMapObject &object, std::size_t slot);
   void CloseGaps() const;
@@ -92,8 +100,8 @@ class TESSERA_CORE_EXPORT ObjectStore {
   const TObjectLayer &m_layer;
   // Slots, of which some may be gaps.
   mutable std::vector<Owned> m_objects;
-  mutable std::vector<Box> m_boxes;      // of the first so many slots
-  std::optional<int> m_pickReachPx = 0;  // never shrinks
+  mutable std::vector<Extent> m_extents;  // of the first so many slots
+  std::optional<int> m_pickReachPx = 0;   // never shrinks
   mutable std::size_t m_gaps = 0;
   mutable std::size_t m_shift = 0;                   // how far the object found last had moved; below 0 it wraps around
   std::vector<THandle<TCustomMapObject>> m_changed;  // those whose box is out of date, and perhaps others

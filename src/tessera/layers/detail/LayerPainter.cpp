@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/DebugTrace.h>
+#include <tessera/base/detail/FarPixels.h>
+#include <tessera/graphics/TCanvas.h>
+#include <tessera/graphics/detail/SymbolFont.h>
+#include <tessera/layers/detail/LayerPainter.h>
+#include <tessera/objects/detail/ScreenOutliner.h>
+
+namespace tessera::detail {
+
+using Look = ObjectStore::Look;
+
+LayerPainter::LayerPainter(const TObjectLayer &layer, const ObjectStore &store)
+    : m_store(store),
+      m_map(*layer.GetMapHost()),
+      m_stamps(m_map.GetCanvas()),
+      // The notices that empty regions send are not to be missed.
+      m_passesOver(m_map.GetViewFlags().UseGeneralization && !layer.GetAutoLabel() && !IsDebugTraced()),
+      m_stampsSymbols(!layer.GetAutoLabel() &&
+                      (m_map.GetViewFlags().FastSelection || m_map.GetSelection()->GetCount() == 0)) {}
+
+bool LayerPainter::IsPassedOver(const ObjectStore::Extent &extent) const {
+  return m_passesOver && extent.look == Look::Outline && m_map.GetOutliner().ThinsToOne(extent.box);
+}
+
+void LayerPainter::Paint(std::span<const std::uint32_t> ids) {
+  for (const std::uint32_t id : ids) {
+    TCustomMapObject &object = *m_store.Items()[id];
+    const ObjectStore::Extent extent = m_store.ExtentOf(id);
+    if (IsPassedOver(extent)) {
+      PassOver(object);
+    } else if (m_stampsSymbols && extent.look == Look::Sign) {
+      PaintSymbol(static_cast<TSymbol &>(object));
+    } else {
+      PaintAlone(object);
+    }
+  }
+  FlushSymbols();
+  // The tools stay in the canvas as the last object leaves them.
+  if (m_lastPassed) m_lastPassed->AssignToolsToCanvas(m_map.GetCanvas());
+}
+
+void LayerPainter::PassOver(TCustomMapObject &object) {
+  m_map.GetDisplayed()->Add(&object);
+  m_lastPassed = &object;
+}
+
+void LayerPainter::PaintAlone(TCustomMapObject &object) {
+  FlushSymbols();
+  m_lastPassed = nullptr;
+  object.Paint();
+}
+
+void LayerPainter::PaintSymbol(TSymbol &symbol) {
+  const auto parts = std::as_const(symbol).GetParts().Items();
+  if (parts.empty() || parts[0].GetPoints().GetCount() == 0) return PaintAlone(symbol);
+  m_map.GetDisplayed()->Add(&symbol);
+  m_lastPassed = nullptr;
+  if (TSymbol *before = std::exchange(m_lastSymbol, &symbol)) {
+    m_symbols.push_back(before);
+    if (m_symbols.size() == BlockSize) PlaceBlock();
+  }
+}
+
+const LayerPainter::KnownLook &LayerPainter::LookOf(const TSymbol &symbol) {
+  using Way = KnownLook::Way;
+  const TObjectStyle *style = symbol.GetStyle().constData();
+  const auto place = reinterpret_cast<std::uintptr_t>(style) / sizeof(TObjectStyle) + std::size_t(symbol.GetShape());
+  KnownLook &known = m_known[place % KnownLooks];
+  if (known.style == style && known.shape == symbol.GetShape()) return known;
+  known = {style, symbol.GetShape(), Way::Nothing, std::uint32_t(m_usedStamps.size())};
+  if (known.shape == TSymbol::NoShape) return known;
+  symbol.AssignToolsToCanvas(m_map.GetCanvas());
+  const SymbolGlyph &glyph = ResolveSymbol(style->font, known.shape);
+  auto stamp = m_stamps.MakeStamp(glyph.font, glyph.text);
+  known.way = stamp ? Way::Stamp : Way::Alone;
+  if (stamp) m_usedStamps.push_back(std::move(*stamp));
+  return known;
+}
+
+void LayerPainter::PlaceBlock() {
+  using Way = KnownLook::Way;
+  m_positions.clear();
+  for (const TSymbol *symbol : m_symbols) m_positions.push_back(symbol->GetPosition());
+  m_pixels.resize(m_positions.size());
+  m_map.GetViewport().MapToScreen(m_positions, m_pixels.data());
+  for (std::size_t i = 0; i < m_symbols.size(); ++i) {
+    const KnownLook &look = LookOf(*m_symbols[i]);
+    if (look.way == Way::Stamp) {
+      const QSize &extent = m_usedStamps[look.stamp].extent;
+      m_places.push_back({MovedBy(m_pixels[i], -(extent.width() / 2), -(extent.height() / 2)), look.stamp});
+    } else if (look.way == Way::Alone) {
+      FlushPlaces();
+      m_symbols[i]->Paint();
+    }
+  }
+  m_symbols.clear();
+  if (m_places.size() + BlockSize > MostPlaces || m_usedStamps.size() > MostStamps) FlushPlaces();
+}
+
+void LayerPainter::FlushPlaces() {
+  m_stamps.Draw(m_places, m_usedStamps);
+  m_places.clear();
+  m_usedStamps.clear();
+  m_known.fill({});
+}
+
+void LayerPainter::FlushSymbols() {
+  if (m_lastSymbol == nullptr) return;
+  PlaceBlock();
+  FlushPlaces();
+  // The last one is drawn by itself, and so leaves its tools in the canvas.
+  std::exchange(m_lastSymbol, nullptr)->Paint();
+}
+
+}  // namespace tessera::detail

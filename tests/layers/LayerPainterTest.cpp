@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "../support/FakeMapHost.h"
+#include "../support/RandomShapes.h"
+
+#include <tessera/layers/detail/ObjectStore.h>
+#include <tessera/objects/TPolyline.h>
+#include <tessera/objects/TRegion.h>
+#include <tessera/objects/TSymbol.h>
+
+#include <gtest/gtest.h>
+
+namespace tessera::test {
+namespace {
+
+/// A kind that draws more than its outline.
+class TMarkedRegion : public TRegion {
+ public:
+  void Draw() override {
+    TRegion::Draw();
+    GetMapHost()->GetCanvas().FillRect(QRect(GetPixels(0, 0), QSize(3, 3)));
+  }
+};
+
+class LayerPainterTest : public testing::Test {
+ protected:
+  LayerPainterTest() : random(77) {
+    host.layers = &layers;
+    layers.SetMap(&host);
+    host.ResizeClient(300, 200);
+    host.isInUpdate = true;
+    layer = layers.Insert(QString(), 0);
+    for (int i = 0; i < 7; ++i) {
+      TObjectStylePtr style(new TObjectStyle);
+      style->pen.SetColor(RGB(i * 30, 0, 90));
+      style->brush.SetColor(RGB(0, i * 30, 0));
+      style->font = TFont(SymbolFontFamily.toString(), 3 + i * 3, RGB(250, 0, i * 30));
+      // A large character, and one that is not put down over what is there.
+      if (i == 5) style->font.SetSize(90);
+      if (i == 6) style->pen.SetMode(TPenMode::pmXor);
+      styles.push_back(style);
+    }
+  }
+
+  void AddShape() {
+    const TMapPoint at{random.Real(-20, 320), random.Real(-20, 220)};
+    const double size = std::exp2(random.Real(-6, 6));
+    TCustomMapObject *object = nullptr;
+    const int kind = random.Whole(0, 30);
+    if (kind < 3) {
+      object = layer->NewObject<TMarkedRegion>();
+    } else if (kind < 15) {
+      object = layer->NewObject<TRegion>();
+    } else {
+      object = layer->NewObject<TPolyline>();
+    }
+    const auto ring = random.Ring(at, size, random.Whole(3, kind == 20 ? 900 : 12));
+    for (const TMapPoint &point : ring)
+      object->GetParts().GetCount() == 0 ? object->GetParts().Add().GetPoints().Add(point)
+                                         : object->GetParts().GetFirst().GetPoints().Add(point);
+    object->SetStyle(styles[std::size_t(random.Whole(0, 4))]);
+  }
+  void AddSymbol(int styleCount) {
+    auto *symbol = layer->NewObject<TSymbol>();
+    symbol->MoveTo(random.Real(-20, 320), random.Real(-20, 220));
+    symbol->SetShape(random.Whole(31, 40));
+    symbol->SetStyle(styles[std::size_t(random.Whole(0, styleCount - 1))]);
+  }
+
+  /// Draws the layer, by itself or object by object, and compares pictures, displayed objects and tools left behind.
+  void Compare() {
+    host.ClearPicture();
+    host.displayed.Clear();
+    layer->Paint();
+    const QImage fast = host.picture.GetImage().copy();
+    const auto shown = host.displayed.Items();
+    const std::vector<TCustomMapObject *> displayed(shown.begin(), shown.end());
+    const TPen pen = host.canvas.Pen();
+    const TFont font = host.canvas.Font();
+
+    host.ClearPicture();
+    host.displayed.Clear();
+    TCardinalArray ids;
+    layer->GetAllIdsInRect(Bounds2CellBounds(host.viewport.GetViewBounds()), ids);
+    for (const std::uint32_t id : std::as_const(ids).Ids()) layer->GetObjects(int(id))->Paint();
+    EXPECT_EQ(fast, host.picture.GetImage());
+    EXPECT_TRUE(std::ranges::equal(displayed, host.displayed.Items()));
+    EXPECT_EQ(pen, host.canvas.Pen());
+    EXPECT_EQ(font, host.canvas.Font());
+  }
+
+  TFakeMapHost host;
+  TMapLayers layers;
+  TMapLayer *layer = nullptr;
+  TRandomShapes random;
+  std::vector<TObjectStylePtr> styles;
+};
+
+TEST_F(LayerPainterTest, DrawsAsTheObjectsDoOneByOne) {
+  for (int run = 0; run < 60; ++run) {
+    SCOPED_TRACE(run);
+    layer->DeleteObjects();
+    const int count = random.Whole(1, 900);
+    // Symbols alone, most of them covered, or all kinds in any order.
+    for (int i = 0; i < count; ++i)
+      run % 3 == 0 || random.Whole(0, 2) == 0 ? AddSymbol(run % 2 == 0 ? 2 : 7) : AddShape();
+    host.viewport.Zoom = run % 4 == 1 ? 3 : 1;
+    host.flags.UseGeneralization = run % 5 != 2;
+    host.flags.FastSelection = run % 7 != 3;
+    layer->SetAutoLabel(run % 11 == 4);
+    for (int i = 0; i < 5; ++i) host.selection.Add(layer->GetObjects(random.Whole(0, count - 1)), false);
+    Compare();
+    host.selection.Clear();
+  }
+}
+
+}  // namespace
+}  // namespace tessera::test
