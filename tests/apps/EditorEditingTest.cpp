@@ -6,7 +6,7 @@
 #include <apps/editor/NewLayerDialog.h>
 #include <apps/editor/OptionsDialog.h>
 #include <apps/editor/RecentFiles.h>
-#include <apps/editor/ThemedIcon.h>
+#include <icons/ThemedIcon.h>
 #include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/LayersComboBox.h>
 #include <tessera/controls/TDataBrowser.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/editor/EditorTools.h>
-#include <apps/editor/ThemedIcon.h>
+#include <icons/ThemedIcon.h>
 #include <tessera/StdMapTools.h>
 #include <tessera/map/TMapToolsManager.h>
 

@@ -6,7 +6,7 @@
 #include <apps/editor/MapPrinting.h>
 #include <apps/editor/RecentFiles.h>
 #include <apps/editor/TEditorWindow.h>
-#include <apps/editor/ThemedIcon.h>
+#include <icons/ThemedIcon.h>
 
 #include <QActionGroup>
 #include <QMenuBar>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <apps/editor/ThemedIcon.h>
+#include <icons/ThemedIcon.h>
 
 #include <QFile>
 #include <QGuiApplication>
@@ -12,10 +12,10 @@
 
 /// The icons come with a static library, whose resources nobody else asks for. Not in a namespace, as the macro wants.
 static void LoadIcons() {
-  Q_INIT_RESOURCE(editor);
+  Q_INIT_RESOURCE(tessera_icons);
 }
 
-namespace tessera::apps {
+namespace tessera {
 namespace {
 
 class ThemedIconEngine : public QIconEngine {
@@ -34,6 +34,8 @@ class ThemedIconEngine : public QIconEngine {
     paint(&painter, QRect(QPoint(), size), mode, state);
     return pixmap;
   }
+  /// Any size will do, but the form designer takes an icon without sizes for none.
+  QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override { return {{16, 16}, {24, 24}}; }
   [[nodiscard]] QIconEngine *clone() const override { return new ThemedIconEngine(m_drawing); }
 
  private:
@@ -44,8 +46,8 @@ class ThemedIconEngine : public QIconEngine {
 
 QIcon ThemedIcon(const QString &name) {
   LoadIcons();
-  QFile file(QStringLiteral(":/editor/icons/%1.svg").arg(name));
+  QFile file(QStringLiteral(":/tessera/icons/%1.svg").arg(name));
   return QIcon(new ThemedIconEngine(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray()));
 }
 
-}  // namespace tessera::apps
+}  // namespace tessera
