@@ -106,7 +106,7 @@ TEST_F(TDataBrowserTest, PublishesItsMapItsLayerAndTheSwitch) {
   TDataBrowser other;
   EXPECT_TRUE(other.setProperty("Layer", QStringLiteral("TOWNS")));
   EXPECT_EQ(other.GetLayer(), nullptr);
-  EXPECT_TRUE(other.setProperty("Map", QVariant::fromValue(map.get())));
+  other.SetMap(map.get());
   EXPECT_EQ(other.GetLayer(), layer);
   other.SetLayerName(QStringLiteral("later"));
   EXPECT_EQ(other.GetLayer(), nullptr);

@@ -55,7 +55,7 @@ TEST_F(TLayersComboBoxTest, StaysWithItsLastMap) {
   box->SetMap(nullptr);
   EXPECT_EQ(box->GetMap(), map.get());
   TTessera other;
-  EXPECT_TRUE(box->setProperty("Map", QVariant::fromValue(&other)));
+  box->SetMap(&other);
   AddLayer(QStringLiteral("d"));
   EXPECT_EQ(Items(), QStringLiteral("a b c"));
   box->SetMap(map.get());

@@ -27,7 +27,8 @@ TEST(PropertiesTest, StandInTheirOrder) {
   EXPECT_EQ(PropertiesOf(TCustomMapTool::staticMetaObject).join(u' '),
             QStringLiteral("Active DisplayName Cursor Tessera"));
   EXPECT_EQ(PropertiesOf(TTesseraOptions::staticMetaObject).join(u' '),
-            QStringLiteral("DefaultTextFont DefaultSymbolFont DefaultSymbolShape DefaultPen DefaultBrush "
+            QStringLiteral("DefaultTextFont DefaultSymbolFont DefaultSymbolShape DefaultPen DefaultPenColor "
+                           "DefaultPenStyle DefaultPenWidth DefaultBrush "
                            "DefaultBGColor UseBGColor"));
 }
 

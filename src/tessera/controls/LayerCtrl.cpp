@@ -5,6 +5,7 @@
 #include <tessera/controls/detail/LayerIndicators.h>
 #include <tessera/controls/detail/LayerListModel.h>
 #include <tessera/controls/detail/LayerRowDelegate.h>
+#include <tessera/map/detail/MapByName.h>
 
 #include <QApplication>
 #include <QHeaderView>
@@ -36,7 +37,11 @@ void TLayerControlDataLink::MapEvent(TMapDataLinkEvent event, TObject *sender, i
 }
 
 TLayerControl::TLayerControl(QWidget *parent)
-    : QTableView(parent), m_model(new Model(this)), m_dataLink(std::make_unique<TLayerControlDataLink>(*this)) {
+    : QTableView(parent),
+      m_model(new Model(this)),
+      m_mapByName(new detail::MapByName(
+          *this, [this](TTessera *map) { SetMap(map); }, [this] { return GetMap(); })),
+      m_dataLink(std::make_unique<TLayerControlDataLink>(*this)) {
   setModel(m_model);
   setItemDelegate(new detail::LayerRowDelegate(*this));
   setShowGrid(false);
@@ -66,7 +71,16 @@ TTessera *TLayerControl::GetMap() const {
   return m_model->GetMap();
 }
 
+QByteArray TLayerControl::GetMapName() const {
+  return m_mapByName->GetName();
+}
+
+void TLayerControl::SetMapName(const QByteArray &name) {
+  m_mapByName->SetName(name);
+}
+
 void TLayerControl::SetMap(TTessera *map) {
+  m_mapByName->Forget();
   if (TTessera *present = GetMap()) present->disconnect(this);
   m_dataLink->SetMap(map);
   EndDrag();

@@ -10,7 +10,8 @@ namespace tessera {
 
 namespace detail {
 class LayerListModel;
-}
+class MapByName;
+}  // namespace detail
 class TLayerControl;
 
 /// By which a layer control follows its map: layers that come, go or move refresh all of it, a layer that changes its
@@ -32,7 +33,7 @@ class TESSERA_WIDGETS_EXPORT TLayerControlDataLink : public TMapDataLink {
 /// and the control may be destroyed in any order. All rectangles are client pixels of the viewport.
 class TESSERA_WIDGETS_EXPORT TLayerControl : public QTableView {
   Q_OBJECT
-  Q_PROPERTY(tessera::TTessera *Map READ GetMap WRITE SetMap)
+  Q_PROPERTY(QByteArray Map READ GetMapName WRITE SetMapName)
   Q_PROPERTY(bool Glyphs READ GetGlyphs WRITE SetGlyphs)
   Q_PROPERTY(bool DrawVertLines READ GetDrawVertLines WRITE SetDrawVertLines)
   Q_PROPERTY(bool DrawHorzLines READ GetDrawHorzLines WRITE SetDrawHorzLines)
@@ -44,6 +45,9 @@ class TESSERA_WIDGETS_EXPORT TLayerControl : public QTableView {
   /// The map whose layers are shown; none before there is one and after it is gone.
   [[nodiscard]] TTessera *GetMap() const;
   void SetMap(TTessera *map);
+  /// The map by its name on the same form, which may come later.
+  [[nodiscard]] QByteArray GetMapName() const;
+  void SetMapName(const QByteArray &name);
   /// Whether switches are drawn as pictures, instead of check boxes. True at first.
   [[nodiscard]] bool GetGlyphs() const { return m_glyphs; }
   void SetGlyphs(bool glyphs);
@@ -107,6 +111,7 @@ class TESSERA_WIDGETS_EXPORT TLayerControl : public QTableView {
   void EndDrag();
 
   detail::LayerListModel *m_model;
+  detail::MapByName *m_mapByName;
   std::unique_ptr<TLayerControlDataLink> m_dataLink;
   THandle<TMapLayer> m_dragged;
   QPoint m_pressedAt;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/controls/LayersComboBox.h>
+#include <tessera/map/detail/MapByName.h>
 
 namespace tessera {
 
@@ -23,14 +24,27 @@ void TLayersComboBoxDataLink::MapEvent(TMapDataLinkEvent event, TObject *sender,
 }
 
 TLayersComboBox::TLayersComboBox(QWidget *parent)
-    : QComboBox(parent), m_dataLink(std::make_unique<TLayersComboBoxDataLink>()) {
+    : QComboBox(parent),
+      m_dataLink(std::make_unique<TLayersComboBoxDataLink>()),
+      m_mapByName(new detail::MapByName(
+          *this, [this](TTessera *map) { SetMap(map); }, [this] { return GetMap(); })) {
   m_dataLink->SetLayersComboBox(this);
 }
 
 TLayersComboBox::~TLayersComboBox() = default;
 
+QByteArray TLayersComboBox::GetMapName() const {
+  return m_mapByName->GetName();
+}
+
+void TLayersComboBox::SetMapName(const QByteArray &name) {
+  m_mapByName->SetName(name);
+}
+
 void TLayersComboBox::SetMap(TTessera *map) {
-  if (map) m_dataLink->SetMap(map);
+  if (map == nullptr) return;
+  m_mapByName->Forget();
+  m_dataLink->SetMap(map);
 }
 
 TMapLayer *TLayersComboBox::GetCurrentLayer() const {

@@ -7,6 +7,9 @@
 
 namespace tessera {
 
+namespace detail {
+class MapByName;
+}
 class TLayersComboBox;
 
 /// By which a combo box of layers follows its map: layers that are added and deleted get and lose their item; layers
@@ -26,7 +29,7 @@ class TESSERA_WIDGETS_EXPORT TLayersComboBoxDataLink : public TMapDataLink {
 /// and the combo box may be destroyed in any order.
 class TESSERA_WIDGETS_EXPORT TLayersComboBox : public QComboBox {
   Q_OBJECT
-  Q_PROPERTY(tessera::TTessera *Map READ GetMap WRITE SetMap)
+  Q_PROPERTY(QByteArray Map READ GetMapName WRITE SetMapName)
 
  public:
   explicit TLayersComboBox(QWidget *parent = nullptr);
@@ -36,6 +39,9 @@ class TESSERA_WIDGETS_EXPORT TLayersComboBox : public QComboBox {
   [[nodiscard]] TTessera *GetMap() const { return m_dataLink->GetMap(); }
   /// Follows another map. None is ignored.
   void SetMap(TTessera *map);
+  /// The map by its name on the same form, which may come later.
+  [[nodiscard]] QByteArray GetMapName() const;
+  void SetMapName(const QByteArray &name);
   /// The layer that stands in the map where the selected item stands here, whatever the item says; none when there is
   /// no such item or layer.
   [[nodiscard]] TMapLayer *GetCurrentLayer() const;
@@ -49,6 +55,7 @@ class TESSERA_WIDGETS_EXPORT TLayersComboBox : public QComboBox {
   void DeleteLayer(const TObject *layer);
 
   std::unique_ptr<TLayersComboBoxDataLink> m_dataLink;
+  detail::MapByName *m_mapByName;
 };
 
 }  // namespace tessera

@@ -9,6 +9,7 @@
 #include <tessera/controls/detail/DelimitedText.h>
 #include <tessera/controls/detail/RowFilter.h>
 #include <tessera/controls/detail/SelectionInStep.h>
+#include <tessera/map/detail/MapByName.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -25,6 +26,8 @@ constexpr int RowMarginPx = 6;
 
 TDataBrowser::TDataBrowser(QWidget *parent)
     : QWidget(parent),
+      m_mapByName(new detail::MapByName(
+          *this, [this](TTessera *map) { SetMap(map); }, [this] { return GetMap(); })),
       m_link(std::make_unique<detail::DataBrowserLink>(*this)),
       m_model(new TLayerTableModel(this)),
       m_filter(new detail::RowFilter(this)),
@@ -65,7 +68,16 @@ TTessera *TDataBrowser::GetMap() const {
   return m_map;
 }
 
+QByteArray TDataBrowser::GetMapName() const {
+  return m_mapByName->GetName();
+}
+
+void TDataBrowser::SetMapName(const QByteArray &name) {
+  m_mapByName->SetName(name);
+}
+
 void TDataBrowser::SetMap(TTessera *map) {
+  m_mapByName->Forget();
   m_map = map;
   m_link->SetMap(map);
   ShowNamedLayer();
@@ -74,6 +86,7 @@ void TDataBrowser::SetMap(TTessera *map) {
 void TDataBrowser::SetLayer(TMapLayer *layer) {
   m_layerName = layer ? layer->GetName() : QString();
   if (layer) {
+    m_mapByName->Forget();
     m_map = layer->GetMap();
     m_link->SetMap(m_map.data());
   }

@@ -11,6 +11,7 @@ namespace tessera {
 
 namespace detail {
 class DataBrowserLink;
+class MapByName;
 class RowFilter;
 class SelectionInStep;
 }  // namespace detail
@@ -24,7 +25,7 @@ class SelectionInStep;
 /// browser may be destroyed in any order.
 class TESSERA_WIDGETS_EXPORT TDataBrowser : public QWidget {
   Q_OBJECT
-  Q_PROPERTY(tessera::TTessera *Map READ GetMap WRITE SetMap)
+  Q_PROPERTY(QByteArray Map READ GetMapName WRITE SetMapName)
   Q_PROPERTY(QString Layer READ GetLayerName WRITE SetLayerName)
   Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly)
 
@@ -39,6 +40,9 @@ class TESSERA_WIDGETS_EXPORT TDataBrowser : public QWidget {
   [[nodiscard]] TTessera *GetMap() const;
   /// Follows another map, and shows its layer that has the name of the present one.
   void SetMap(TTessera *map);
+  /// The map by its name on the same form, which may come later.
+  [[nodiscard]] QByteArray GetMapName() const;
+  void SetMapName(const QByteArray &name);
   /// The layer that is shown; none when there is none of the name, or it is gone.
   [[nodiscard]] TMapLayer *GetLayer() const { return m_model->GetLayer(); }
   /// Shows a layer of any map, or of none, and takes over its map and its name.
@@ -94,6 +98,7 @@ class TESSERA_WIDGETS_EXPORT TDataBrowser : public QWidget {
   void AskForFile();
 
   QPointer<TTessera> m_map;
+  detail::MapByName *m_mapByName;
   std::unique_ptr<detail::DataBrowserLink> m_link;
   QString m_layerName;
   TLayerTableModel *m_model;

@@ -3,6 +3,7 @@
 #include <tessera/base/MessageSink.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/map/detail/MapAccessible.h>
+#include <tessera/map/detail/MapByName.h>
 #include <tessera/map/detail/TesseraPrivate.h>
 
 #include <QApplication>
@@ -44,8 +45,11 @@ bool HasWindows() {
 
 }  // namespace
 
-TTessera::TTessera(QWidget *parent) : TTesseraEvents(parent), d(std::make_unique<Private>(*this)) {
-  if (HasWindows()) SetDefaultMessageSink(ShowMessageBox);
+TTessera::TTessera(QWidget *parent, TPlace place) : TTesseraEvents(parent), d(std::make_unique<Private>(*this)) {
+  if (place == plProgram) {
+    if (HasWindows()) SetDefaultMessageSink(ShowMessageBox);
+    detail::InstallMapAccessibility();
+  }
   d->layers = std::make_unique<TMapLayers>();
   d->substrates = std::make_unique<TSubstrates>(this);
   d->selection = std::make_unique<TSelection>();
@@ -59,7 +63,7 @@ TTessera::TTessera(QWidget *parent) : TTesseraEvents(parent), d(std::make_unique
   d->selection->SetMap(this);
   d->displayed->SetMap(this);
   d->dataLinks->SetMap(this);
-  detail::InstallMapAccessibility();
+  detail::AnnounceMapAlways(*this);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setAttribute(Qt::WA_InputMethodEnabled);

@@ -46,7 +46,11 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   enum TWheelMouseZoomType { wmCenter, wmCursor, wmSelected };
   Q_ENUM(TWheelMouseZoomType)
 
-  explicit TTessera(QWidget *parent = nullptr);
+  /// Where the map is used. In a form designer it leaves the process as it is; in a program, from the first map on,
+  /// messages are shown in boxes (see SetMessageSink) and screen readers can read maps.
+  enum TPlace { plProgram, plDesigner };
+
+  explicit TTessera(QWidget *parent = nullptr, TPlace place = plProgram);
   ~TTessera() override;
 
   // The view. Every setter asks for a new picture unless it says otherwise.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The events of the platform, handed to the router.
+#include <tessera/map/detail/PartProperty.h>
 #include <tessera/map/detail/TesseraPrivate.h>
 
 #include <QGestureEvent>
@@ -50,6 +51,9 @@ bool TTessera::event(QEvent *event) {
   if (event->type() == QEvent::Gesture && d->input.Gesture(*static_cast<QGestureEvent *>(event))) return true;
   if (event->type() == QEvent::NativeGesture && d->input.NativeGesture(*static_cast<QNativeGestureEvent *>(event))) {
     return true;
+  }
+  if (event->type() == QEvent::DynamicPropertyChange) {
+    detail::SetPropertyOfPart(*this, static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName());
   }
   return QWidget::event(event);
 }

@@ -15,6 +15,24 @@ void TTesseraOptions::SetDefaultPen(const TPen &pen) {
   m_symbolStyle->pen = pen;
 }
 
+void TTesseraOptions::SetDefaultPenColor(const QColor &color) {
+  TPen pen = GetDefaultPen();
+  pen.SetColor(FromQColor(color));
+  SetDefaultPen(pen);
+}
+
+void TTesseraOptions::SetDefaultPenStyle(Qt::PenStyle style) {
+  TPen pen = GetDefaultPen();
+  pen.SetStyle(TPen::FromQPen(QPen(style)).GetStyle());
+  SetDefaultPen(pen);
+}
+
+void TTesseraOptions::SetDefaultPenWidth(int widthPx) {
+  TPen pen = GetDefaultPen();
+  pen.SetWidth(widthPx);
+  SetDefaultPen(pen);
+}
+
 void TTesseraOptions::SetDefaultBrush(const TBrush &brush) {
   m_textStyle->brush = brush;
   m_symbolStyle->brush = brush;

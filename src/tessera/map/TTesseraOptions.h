@@ -11,13 +11,17 @@ namespace tessera {
 /// What new objects of a map start with. Setting anything redraws nothing.
 ///
 /// The properties are those of form files, in Qt's types; their fonts have no colour, so setting one keeps the colour
-/// that the font had.
+/// that the font had. Form files have no pens, only the three parts of one. A form file sets a property here by its
+/// name on the map, as in "Options.DefaultBrush".
 class TESSERA_WIDGETS_EXPORT TTesseraOptions : public QObject {
   Q_OBJECT
   Q_PROPERTY(QFont DefaultTextFont READ GetDefaultTextQFont WRITE SetDefaultTextQFont)
   Q_PROPERTY(QFont DefaultSymbolFont READ GetDefaultSymbolQFont WRITE SetDefaultSymbolQFont)
   Q_PROPERTY(int DefaultSymbolShape READ GetDefaultSymbolShape WRITE SetDefaultSymbolShape)
-  Q_PROPERTY(QPen DefaultPen READ GetDefaultQPen WRITE SetDefaultQPen)
+  Q_PROPERTY(QPen DefaultPen READ GetDefaultQPen WRITE SetDefaultQPen DESIGNABLE false)
+  Q_PROPERTY(QColor DefaultPenColor READ GetDefaultPenColor WRITE SetDefaultPenColor STORED false)
+  Q_PROPERTY(Qt::PenStyle DefaultPenStyle READ GetDefaultPenStyle WRITE SetDefaultPenStyle STORED false)
+  Q_PROPERTY(int DefaultPenWidth READ GetDefaultPenWidth WRITE SetDefaultPenWidth STORED false)
   Q_PROPERTY(QBrush DefaultBrush READ GetDefaultQBrush WRITE SetDefaultQBrush)
   Q_PROPERTY(QColor DefaultBGColor READ GetDefaultBGQColor WRITE SetDefaultBGQColor)
   Q_PROPERTY(bool UseBGColor READ GetUseBGColor WRITE SetUseBGColor)
@@ -47,6 +51,13 @@ class TESSERA_WIDGETS_EXPORT TTesseraOptions : public QObject {
   void SetDefaultSymbolQFont(const QFont &font);
   [[nodiscard]] QPen GetDefaultQPen() const { return GetDefaultPen().ToQPen(); }
   void SetDefaultQPen(const QPen &pen) { SetDefaultPen(TPen::FromQPen(pen)); }
+  [[nodiscard]] QColor GetDefaultPenColor() const { return GetDefaultQPen().color(); }
+  void SetDefaultPenColor(const QColor &color);
+  [[nodiscard]] Qt::PenStyle GetDefaultPenStyle() const { return GetDefaultQPen().style(); }
+  void SetDefaultPenStyle(Qt::PenStyle style);
+  /// In client pixels.
+  [[nodiscard]] int GetDefaultPenWidth() const { return GetDefaultPen().GetWidth(); }
+  void SetDefaultPenWidth(int widthPx);
   [[nodiscard]] QBrush GetDefaultQBrush() const { return GetDefaultBrush().ToQBrush(); }
   void SetDefaultQBrush(const QBrush &brush) { SetDefaultBrush(TBrush::FromQBrush(brush)); }
   [[nodiscard]] QColor GetDefaultBGQColor() const { return ToQColor(GetDefaultBGColor()); }
