@@ -149,7 +149,7 @@ TEST(InfoCommandTest, TellsTheSameAsJson) {
     "name": "squares", "objectCount": 3, "objects": {"TPolyline": 1, "TRegion": 2}, "parts": 4, "vertices": 18,
     "bounds": [0, 0, 20, 10], "error": null, "warnings": [],
     "fields": [{"name": "name", "type": "Char", "size": 0}, {"name": "area", "type": "Float", "size": 0}],
-    "skippedLines": {"Charset": 1, "CoordSys": 1, "Data": 1, "Version": 1}})";
+    "skippedLines": {}})";
   EXPECT_EQ(layer, QJsonDocument::fromJson(expected).object()) << run.out;
 }
 

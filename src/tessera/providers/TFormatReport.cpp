@@ -56,6 +56,10 @@ QStringList TFormatReport::AllLosses() const {
   return all;
 }
 
+void TFormatReport::Lose(const QString &words, qint64 count) {
+  if (count > 0) Lose(words.arg(count));
+}
+
 void TFormatReport::Fail(int line, const QString &words) {
   if (!firstError) firstError = TFormatDefect{line, words};
 }

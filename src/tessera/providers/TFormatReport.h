@@ -26,7 +26,7 @@ struct TESSERA_CORE_EXPORT TFormatReport {
   static constexpr std::size_t MaxKeywords = 100;
 
   std::map<QString, qint64> objects;       ///< Objects read or written, by kind.
-  std::map<QString, qint64> skippedLines;  ///< Lines that were passed over, by the keyword they began with.
+  std::map<QString, qint64> skippedLines;  ///< Lines that were passed over and lost, by the keyword they began with.
   std::optional<TFormatDefect> firstError;
   QStringList warnings;        ///< The first of them, in order.
   qint64 droppedWarnings = 0;  ///< Those beyond MaxWarnings.
@@ -34,11 +34,15 @@ struct TESSERA_CORE_EXPORT TFormatReport {
   /// sort of thing.
   QStringList losses;
 
-  void CountObject(const QString &kind, qint64 count = 1) { objects[kind] += count; }
+  void CountObject(const QString &kind, qint64 count = 1) {
+    if (count > 0) objects[kind] += count;
+  }
   void CountSkippedLine(const QString &keyword, qint64 count = 1);
   void Warn(const QString &words);
   /// Each sort of thing is kept once.
   void Lose(const QString &words);
+  /// With the count in the place of %1; nothing when it is 0.
+  void Lose(const QString &words, qint64 count);
   /// Only the first error of a run is kept.
   void Fail(int line, const QString &words);
 

@@ -308,20 +308,18 @@ void MifReader::Skip(std::string_view line) {
   const auto *wordEnd = std::find_if_not(text.begin(), text.end(), IsLetter);
   const auto length = std::min(std::size_t(wordEnd - text.begin()), LongestWord);
   std::string_view word = text.substr(0, length);
+  if (IsWrittenAgain(text, word)) return;
   const auto known = m_skipped.find(word);
-  Skipped &skipped = known != m_skipped.end()
-                         ? known->second
-                         : m_skipped[m_skipped.size() < TFormatReport::MaxKeywords ? std::string(word) : std::string()];
-  ++skipped.count;
-  if (!IsWrittenAgain(text, word)) ++skipped.lost;
+  const bool isNew = known == m_skipped.end();
+  ++(isNew ? m_skipped[m_skipped.size() < TFormatReport::MaxKeywords ? std::string(word) : std::string()]
+           : known->second);
 }
 
 void MifReader::FinishReport() {
   for (std::size_t kind = 0; kind < KindCount; ++kind) {
-    const QString name = QString::fromLatin1(KindReaders::InOrder[kind].name);
-    if (m_counts[kind] > 0) m_report.CountObject(name, m_counts[kind]);
+    m_report.CountObject(QString::fromLatin1(KindReaders::InOrder[kind].name), m_counts[kind]);
   }
-  for (const auto &[word, lines] : m_skipped) m_report.CountSkippedLine(NameOf(word), lines.count);
+  for (const auto &[word, count] : m_skipped) m_report.CountSkippedLine(NameOf(word), count);
   if (!m_mid.HasFile() && m_mid.HasColumns()) {
     m_report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
   }
@@ -339,9 +337,7 @@ void MifReader::FinishReport() {
 
 void MifReader::ReportLosses() {
   QStringList lines;
-  for (const auto &[word, skipped] : m_skipped) {
-    if (skipped.lost > 0) lines.append(QString::number(skipped.lost) + u' ' + NameOf(word));
-  }
+  for (const auto &[word, count] : m_skipped) lines.append(QString::number(count) + u' ' + NameOf(word));
   if (!lines.isEmpty()) m_report.Lose(QStringLiteral("lines that are not read: ") + lines.join(QStringLiteral(", ")));
   for (const QString &words : m_styles.GetLosses()) m_report.Lose(words);
 }

@@ -59,11 +59,6 @@ class TESSERA_CORE_EXPORT MifReader {
   void CheckLayer() const;
   void ReportLosses();
 
-  struct Skipped {
-    qint64 count = 0;
-    qint64 lost = 0;  ///< Of these, lines that a save would not write again.
-  };
-
   TMapLayer &m_layer;
   THandle<TMapLayer> m_watchedLayer;
   TMapHost &m_map;
@@ -81,7 +76,8 @@ class TESSERA_CORE_EXPORT MifReader {
   bool m_nextIsPlainPoint = false;
   std::vector<qint64> m_counts;  // of objects by kind
   std::string m_headerLine;
-  std::map<std::string, Skipped, std::less<>> m_skipped;
+  /// Lines that were passed over and that a save would not write again, by their first word.
+  std::map<std::string, qint64, std::less<>> m_skipped;
 };
 
 }  // namespace detail

@@ -236,14 +236,11 @@ void MitabColumnWriter::WriteValues(const TDataFields &values, mitab_feature fea
 }
 
 void MitabColumnWriter::ReportLosses(TFormatReport &report) const {
-  const auto lose = [&report](qint64 count, const QString &words) {
-    if (count > 0) report.Lose(words.arg(count));
-  };
-  lose(m_changedNames, QStringLiteral("names of columns that the format does not allow, changed: %1"));
-  lose(m_changedTypes, QStringLiteral("types of columns that cannot be written, changed: %1"));
-  lose(m_brokenValues, QStringLiteral("values that do not fit the type of their column, left out: %1"));
-  lose(m_cutTexts, QStringLiteral("texts longer than their column, cut: %1"));
-  lose(m_unassigned, QStringLiteral("numbers without a value, which become 0: %1"));
+  report.Lose(QStringLiteral("names of columns that the format does not allow, changed: %1"), m_changedNames);
+  report.Lose(QStringLiteral("types of columns that cannot be written, changed: %1"), m_changedTypes);
+  report.Lose(QStringLiteral("values that do not fit the type of their column, left out: %1"), m_brokenValues);
+  report.Lose(QStringLiteral("texts longer than their column, cut: %1"), m_cutTexts);
+  report.Lose(QStringLiteral("numbers without a value, which become 0: %1"), m_unassigned);
 }
 
 }  // namespace tessera::detail

@@ -166,12 +166,9 @@ void MitabStyleWriter::WriteFontName(const TObjectStyle &style, mitab_feature fe
 }
 
 void MitabStyleWriter::ReportLosses(TFormatReport &report) const {
-  const auto lose = [&report](qint64 count, const QString &words) {
-    if (count > 0) report.Lose(words.arg(count));
-  };
-  lose(m_changedPens, QStringLiteral("widths of pens, changed: %1"));
-  lose(m_bitmaps, QStringLiteral("brushes with a bitmap, written with their colour: %1"));
-  lose(m_fontStyles, QStringLiteral("styles of fonts, such as bold: %1"));
+  report.Lose(QStringLiteral("widths of pens, changed: %1"), m_changedPens);
+  report.Lose(QStringLiteral("brushes with a bitmap, written with their colour: %1"), m_bitmaps);
+  report.Lose(QStringLiteral("styles of fonts, such as bold: %1"), m_fontStyles);
 }
 
 }  // namespace tessera::detail

@@ -265,19 +265,16 @@ MitabFeature MitabWriter::MakePlace(const TCustomMapObject &object) {
 
 void MitabWriter::FinishReport() {
   for (std::size_t kind = 0; kind < m_counts.size(); ++kind) {
-    if (m_counts[kind] > 0)
-      m_report.CountObject(QString::fromLatin1(MitabKindWriters::InOrder[kind].name), m_counts[kind]);
+    m_report.CountObject(QString::fromLatin1(MitabKindWriters::InOrder[kind].name), m_counts[kind]);
   }
-  const auto lose = [this](qint64 count, const QString &words) {
-    if (count > 0) m_report.Lose(words.arg(count));
-  };
-  lose(m_text.GetLostCharacters(),
-       QStringLiteral("characters that the character set lacks, written as question marks: %1"));
-  lose(m_badShapes, QStringLiteral("shapes without points or with coordinates that are no numbers, not written: %1"));
-  lose(m_changedBoxes, QStringLiteral("widths of text boxes, changed: %1"));
-  lose(m_plainRegions, QStringLiteral("geodesic circles and the like, written as plain regions: %1"));
-  lose(m_frozenTexts, QStringLiteral("sizes of texts that do not follow the zoom: %1"));
-  lose(m_counts[MitabKindWriters::SpriteIndex], QStringLiteral("pictures of sprites, written as symbols: %1"));
+  m_report.Lose(QStringLiteral("characters that the character set lacks, written as question marks: %1"),
+                m_text.GetLostCharacters());
+  m_report.Lose(QStringLiteral("shapes without points or with coordinates that are no numbers, not written: %1"),
+                m_badShapes);
+  m_report.Lose(QStringLiteral("widths of text boxes, changed: %1"), m_changedBoxes);
+  m_report.Lose(QStringLiteral("geodesic circles and the like, written as plain regions: %1"), m_plainRegions);
+  m_report.Lose(QStringLiteral("sizes of texts that do not follow the zoom: %1"), m_frozenTexts);
+  m_report.Lose(QStringLiteral("pictures of sprites, written as symbols: %1"), m_counts[MitabKindWriters::SpriteIndex]);
   m_columns.ReportLosses(m_report);
   m_styles.ReportLosses(m_report);
 }
