@@ -30,12 +30,16 @@ int WidthOf(ColumnType type, int width) {
 }
 
 /// The value as it was read, or as it was set.
-std::string ValueOf(const Feature &feature, int field) {
-  if (feature.columns == nullptr) return {};
-  const Column *column = ColumnAt(*feature.columns, field);
-  if (column == nullptr) return {};
-  if (feature.row) return ValueText(*feature.row, field, *column);
-  return std::size_t(field) < feature.values.size() ? feature.values[std::size_t(field)] : std::string();
+const char *ValueOf(Feature &feature, int field) {
+  const Column *column = feature.columns == nullptr ? nullptr : ColumnAt(*feature.columns, field);
+  if (column == nullptr) return "";
+  if (feature.row && column->type == ColumnType::Char) return feature.row->GetFieldAsString(field);
+  if (feature.row || feature.records) {
+    feature.answer = feature.row ? ValueText(*feature.row, field, *column)
+                                 : feature.records->TextIn(feature.records->RecordOf(feature.id), field, *column);
+    return feature.answer.c_str();
+  }
+  return std::size_t(field) < feature.values.size() ? feature.values[std::size_t(field)].c_str() : "";
 }
 
 }  // namespace
@@ -90,10 +94,7 @@ MITAB_API int mitab_c_is_field_unique(void *handle, int field) {
 }
 
 MITAB_API const char *mitab_c_get_field_as_string(void *feature, int field) {
-  if (feature == nullptr) return "";
-  std::string &answer = FeatureOf(feature)->answer;
-  answer = ValueOf(*FeatureOf(feature), field);
-  return answer.c_str();
+  return feature == nullptr ? "" : ValueOf(*FeatureOf(feature), field);
 }
 
 MITAB_API int mitab_c_get_field_as_string_vb(void *feature, int field, char *value, int size) {
@@ -102,9 +103,12 @@ MITAB_API int mitab_c_get_field_as_string_vb(void *feature, int field, char *val
 
 MITAB_API double mitab_c_get_field_as_double(void *feature, int field) {
   if (feature == nullptr) return NoNumber;
-  const Feature &asked = *FeatureOf(feature);
+  Feature &asked = *FeatureOf(feature);
+  if (const Column *column = asked.records ? ColumnAt(*asked.columns, field) : nullptr) {
+    return asked.records->NumberIn(asked.records->RecordOf(asked.id), field, *column);
+  }
   const bool isRead = asked.row != nullptr && field >= 0 && field < asked.row->GetFieldCount();
-  return isRead ? asked.row->GetFieldAsDouble(field) : CPLAtof(ValueOf(asked, field).c_str());
+  return isRead ? asked.row->GetFieldAsDouble(field) : CPLAtof(ValueOf(asked, field));
 }
 
 MITAB_API void mitab_c_set_field(void *feature, int field, const char *value) {

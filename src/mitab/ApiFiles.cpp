@@ -77,6 +77,10 @@ MITAB_API int mitab_c_get_feature_count(void *handle) {
 
 MITAB_API int mitab_c_next_feature_id(void *handle, int lastId) {
   if (handle == nullptr) return -1;
+  if (const int plain = TableOf(handle)->NextPlainId(lastId); plain > 0) {
+    CPLErrorReset();
+    return plain;
+  }
   const int id = Guarded(-1, [&] { return TableOf(handle)->NextId(lastId); });
   // An error tells the caller that the end is none.
   if (CPLGetLastErrorType() < CE_Failure) CPLErrorReset();
@@ -85,6 +89,8 @@ MITAB_API int mitab_c_next_feature_id(void *handle, int lastId) {
 
 MITAB_API void *mitab_c_read_feature(void *handle, int id) {
   if (handle == nullptr) return nullptr;
+  // Nearly all objects are plain.
+  if (auto plain = Unguarded([&] { return TableOf(handle)->ReadPlain(id); })) return plain.release();
   return Guarded<Feature *>(nullptr, [&] { return TableOf(handle)->Read(id).release(); });
 }
 

@@ -35,54 +35,54 @@ void SetUnlessNegative(int &place, int value) {
 }  // namespace
 
 MITAB_API void mitab_c_set_pen(void *feature, int width, int pattern, int color) {
-  if (Feature *changed = WithPen(feature)) changed->pen = {WritablePenWidth(width), pattern & LowByte, color};
+  if (Feature *changed = WithPen(feature)) changed->style.pen = {WritablePenWidth(width), pattern & LowByte, color};
 }
 
 MITAB_API int mitab_c_get_pen_width(void *feature) {
   const Feature *asked = WithPen(feature);
-  return asked == nullptr ? 0 : asked->pen.width;
+  return asked == nullptr ? 0 : asked->style.pen.width;
 }
 
 MITAB_API int mitab_c_get_pen_pattern(void *feature) {
   const Feature *asked = WithPen(feature);
-  return asked == nullptr ? 0 : asked->pen.pattern;
+  return asked == nullptr ? 0 : asked->style.pen.pattern;
 }
 
 MITAB_API int mitab_c_get_pen_color(void *feature) {
   const Feature *asked = WithPen(feature);
-  return asked == nullptr ? 0 : asked->pen.color;
+  return asked == nullptr ? 0 : asked->style.pen.color;
 }
 
 MITAB_API void mitab_c_set_brush(void *feature, int fore, int back, int pattern, int transparent) {
-  if (Feature *changed = WithBrush(feature)) changed->brush = {fore, back, pattern & LowByte, transparent != 0};
+  if (Feature *changed = WithBrush(feature)) changed->style.brush = {fore, back, pattern & LowByte, transparent != 0};
 }
 
 MITAB_API int mitab_c_get_brush_fgcolor(void *feature) {
   const Feature *asked = WithBrush(feature);
-  return asked == nullptr ? 0 : asked->brush.fore;
+  return asked == nullptr ? 0 : asked->style.brush.fore;
 }
 
 MITAB_API int mitab_c_get_brush_bgcolor(void *feature) {
   const Feature *asked = WithBrush(feature);
-  return asked == nullptr ? 0 : asked->brush.back;
+  return asked == nullptr ? 0 : asked->style.brush.back;
 }
 
 MITAB_API int mitab_c_get_brush_pattern(void *feature) {
   const Feature *asked = WithBrush(feature);
-  return asked == nullptr ? 1 : asked->brush.pattern;
+  return asked == nullptr ? 1 : asked->style.brush.pattern;
 }
 
 MITAB_API int mitab_c_get_brush_transparent(void *feature) {
   const Feature *asked = WithBrush(feature);
-  return asked != nullptr && asked->brush.isTransparent ? 1 : 0;
+  return asked != nullptr && asked->style.brush.isTransparent ? 1 : 0;
 }
 
 MITAB_API void mitab_c_set_font(void *feature, const char *font) {
-  if (feature != nullptr && FeatureOf(feature)->HasFont()) FeatureOf(feature)->font = TextOf(font);
+  if (feature != nullptr && FeatureOf(feature)->HasFont()) FeatureOf(feature)->style.font = TextOf(font);
 }
 
 MITAB_API const char *mitab_c_get_font(void *feature) {
-  return feature != nullptr && FeatureOf(feature)->HasFont() ? FeatureOf(feature)->font.c_str() : "";
+  return feature != nullptr && FeatureOf(feature)->HasFont() ? FeatureOf(feature)->style.font.c_str() : "";
 }
 
 MITAB_API int mitab_c_get_font_vb(void *feature, char *font, int size) {
@@ -92,34 +92,34 @@ MITAB_API int mitab_c_get_font_vb(void *feature, char *font, int size) {
 MITAB_API void mitab_c_set_symbol(void *feature, int number, int sizePt, int color) {
   Feature *changed = WithSymbol(feature);
   if (changed == nullptr) return;
-  changed->symbol.number = number;
-  changed->symbol.sizePt = sizePt;
-  changed->symbol.color = color;
+  changed->style.symbol.number = number;
+  changed->style.symbol.sizePt = sizePt;
+  changed->style.symbol.color = color;
 }
 
 MITAB_API int mitab_c_get_symbol_no(void *feature) {
   const Feature *asked = WithSymbol(feature);
-  return asked == nullptr ? 0 : asked->symbol.number;
+  return asked == nullptr ? 0 : asked->style.symbol.number;
 }
 
 MITAB_API int mitab_c_get_symbol_size(void *feature) {
   const Feature *asked = WithSymbol(feature);
-  return asked == nullptr ? 1 : asked->symbol.sizePt;
+  return asked == nullptr ? 1 : asked->style.symbol.sizePt;
 }
 
 MITAB_API int mitab_c_get_symbol_color(void *feature) {
   const Feature *asked = WithSymbol(feature);
-  return asked == nullptr ? 0 : asked->symbol.color;
+  return asked == nullptr ? 0 : asked->style.symbol.color;
 }
 
 MITAB_API void mitab_c_set_symbol_angle(void *feature, double angleDeg) {
   Feature *changed = WithSymbol(feature);
-  if (changed != nullptr && changed->kind == Kind::FontPoint) changed->symbol.angleDeg = angleDeg;
+  if (changed != nullptr && changed->kind == Kind::FontPoint) changed->style.symbol.angleDeg = angleDeg;
 }
 
 MITAB_API double mitab_c_get_symbol_angle(void *feature) {
   const Feature *asked = WithSymbol(feature);
-  return asked == nullptr ? 0 : asked->symbol.angleDeg;
+  return asked == nullptr ? 0 : asked->style.symbol.angleDeg;
 }
 
 MITAB_API void mitab_c_set_text(void *feature, const char *text) {

@@ -45,11 +45,6 @@ std::string MomentText(const OGRFeature &row, int field, ColumnType type) {
   return (type == ColumnType::Time ? "" : DateText(moment)) + (type == ColumnType::Date ? "" : TimeText(moment));
 }
 
-std::string NumberText(double value, const Column &column) {
-  if (column.type == ColumnType::Float) return CPLSPrintf("%.15g", value);
-  return CPLSPrintf("%*.*f", column.width, column.precision, value);
-}
-
 /// The digits alone; none when anything but digits and what separates them is there.
 bool OnlyDigits(std::string_view text, std::string &digits) {
   for (const char c : text) {
@@ -164,6 +159,11 @@ std::unique_ptr<OGRFieldDefn> DefinitionOf(const Column &column) {
     default:
       return make(OFTString, column.width, 0);
   }
+}
+
+std::string NumberText(double value, const Column &column) {
+  if (column.type == ColumnType::Float) return CPLSPrintf("%.15g", value);
+  return CPLSPrintf("%*.*f", column.width, column.precision, value);
 }
 
 std::string ValueText(const OGRFeature &row, int field, const Column &column) {

@@ -32,6 +32,9 @@ using Columns = std::vector<Column>;
 /// that are not set are 0, other values are empty.
 [[nodiscard]] std::string ValueText(const OGRFeature &row, int field, const Column &column);
 
+/// A number as ValueText gives it, in a column of decimals or floats.
+[[nodiscard]] std::string NumberText(double value, const Column &column);
+
 /// Sets a value given in one of the forms of the interface; dates may also stand with slashes. Integers
 /// wrap; what is longer than its column is cut when it is written. False for a date that is none.
 [[nodiscard]] bool SetValue(OGRFeature &row, int field, const Column &column, std::string_view text);

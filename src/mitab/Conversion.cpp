@@ -2,12 +2,13 @@
 #include "Conversion.h"
 
 #include "Shapes.h"
-#include "Styles.h"
 
 #include <ogr_geometry.h>
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
+#include <typeinfo>
 
 namespace tessera::mitab {
 namespace {
@@ -33,11 +34,17 @@ void AddPoint(const OGRPoint &point, Feature &feature) {
   feature.parts.front().points.emplace_back(point.getX(), point.getY());
 }
 
-Kind KindOfRegion(const Feature &region) {
-  if (region.parts.size() != 1) return Kind::Region;
-  const std::span<const OGRRawPoint> ring = region.parts.front().points;
-  if (IsRectangle(ring)) return Kind::Rectangle;
-  return IsSampledEllipse(ring) ? Kind::Ellipse : Kind::Region;
+/// Whether GDAL's own class for the row has that name, which is all that it shows of these classes.
+bool IsOfClass(const OGRFeature &row, std::string_view name) {
+  return std::string_view(typeid(row).name()).ends_with(name);
+}
+
+/// Rounded rectangles and small ellipses are only known by their class; what GDAL has written as a region, by its
+/// shape.
+Kind KindOfRegion(const Feature &region, const OGRFeature &row) {
+  if (region.parts.size() == 1 && IsOfClass(row, "TABRectangle")) return Kind::Rectangle;
+  if (region.parts.size() == 1 && IsOfClass(row, "TABEllipse")) return Kind::Ellipse;
+  return KindOfRings(region.parts);
 }
 
 void AddGeometry(const OGRGeometry &geometry, Feature &feature);
@@ -92,11 +99,12 @@ void AddGeometry(const OGRGeometry &geometry, Feature &feature) {
   }
 }
 
-Kind KindOf(const OGRGeometry *geometry, const std::string &style) {
+/// A point may be a text or another kind of symbol.
+Kind KindOf(const OGRGeometry *geometry) {
   if (geometry == nullptr || geometry->IsEmpty()) return Kind::NoGeometry;
   switch (wkbFlatten(geometry->getGeometryType())) {
     case wkbPoint:
-      return PointKindOf(style);
+      return Kind::Point;
     case wkbMultiPoint:
       return Kind::MultiPoint;
     case wkbLineString:
@@ -219,15 +227,16 @@ bool SetValues(const Feature &feature, OGRFeature &row) {
 
 }  // namespace
 
-std::unique_ptr<Feature> FromOgr(OGRFeatureUniquePtr row, std::shared_ptr<const Columns> columns) {
+std::unique_ptr<Feature> FromOgr(OGRFeatureUniquePtr row, std::shared_ptr<const Columns> columns, StyleReader &styles) {
   auto feature = std::make_unique<Feature>();
-  const char *styleText = row->GetGeometryRef() == nullptr ? nullptr : row->GetStyleString();
-  const std::string style = styleText == nullptr ? "" : styleText;
+  // OGR puts the text together, with regard to the geometry, when it is asked.
+  const char *style = row->GetGeometryRef() == nullptr ? nullptr : row->GetStyleString();
   const std::unique_ptr<OGRGeometry> geometry(row->StealGeometry());
-  feature->kind = KindOf(geometry.get(), style);
+  feature->kind = KindOf(geometry.get());
   if (feature->kind != Kind::NoGeometry) AddGeometry(*geometry, *feature);
-  if (feature->kind == Kind::Region) feature->kind = KindOfRegion(*feature);
-  ReadStyle(style, *feature);
+  if (feature->kind == Kind::Region) feature->kind = KindOfRegion(*feature, *row);
+  if (feature->kind == Kind::Polyline && IsOfClass(*row, "TABArc")) feature->kind = Kind::Arc;
+  if (style != nullptr) styles.Read(style, *feature);
   feature->columns = std::move(columns);
   feature->row = std::move(row);
   return feature;

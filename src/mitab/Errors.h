@@ -18,6 +18,17 @@ class QuietCall {
   QuietCall &operator=(const QuietCall &) = delete;
 };
 
+/// Does `work`, which asks nothing of GDAL, and answers its result; null when memory is short.
+template <typename Work>
+auto Unguarded(const Work &work) -> decltype(work()) {
+  CPLErrorReset();
+  try {
+    return work();
+  } catch (...) {
+    return nullptr;
+  }
+}
+
 /// Does `work` and answers its result; what it throws becomes a posted error and the answer `failure`. No exception
 /// leaves the library.
 template <typename Result, typename Work>

@@ -25,9 +25,7 @@ std::unique_ptr<Feature> Feature::CopyShape() const {
   auto copy = std::make_unique<Feature>();
   copy->kind = kind;
   copy->parts = parts;
-  copy->pen = pen;
-  copy->brush = brush;
-  copy->symbol = symbol;
+  copy->style = style;
   return copy;
 }
 
@@ -38,7 +36,7 @@ std::unique_ptr<Feature> MakeFeature(Kind kind, std::shared_ptr<const Columns> c
   feature->columns = std::move(columns);
   if (kind == Kind::Text) {
     feature->label.text = "Default Text";
-    feature->font = "Arial";
+    feature->style.font = "Arial";
   }
   return feature;
 }

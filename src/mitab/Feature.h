@@ -3,6 +3,7 @@
 
 #include "Columns.h"
 #include "Constants.h"
+#include "Records.h"
 
 #include <ogr_feature.h>
 
@@ -45,6 +46,15 @@ struct Label {
   int lineType = 0;
 };
 
+/// How an object looks, as far as its kind has such tools.
+struct Style {
+  Pen pen;
+  Brush brush;
+  Symbol symbol;
+  /// Of a text or a font symbol; of a custom symbol the name of its picture.
+  std::string font;
+};
+
 /// One chain of points: the points of a point kind, a part of a line, or a ring of an area.
 struct Part {
   std::vector<OGRRawPoint> points;
@@ -55,12 +65,8 @@ struct Part {
 struct Feature {
   Kind kind = Kind::NoGeometry;
   std::vector<Part> parts;
-  Pen pen;
-  Brush brush;
-  Symbol symbol;
+  Style style;
   Label label;
-  /// Of a text or a font symbol; of a custom symbol the name of its picture.
-  std::string font;
 
   // The members of a collection.
   std::unique_ptr<Feature> region;
@@ -68,8 +74,11 @@ struct Feature {
   std::unique_ptr<Feature> multiPoint;
 
   std::shared_ptr<const Columns> columns;
-  /// The values as they were read; none in an object that is to be written.
+  /// The values as they were read by GDAL.
   OGRFeatureUniquePtr row;
+  /// The values as they stand in the file, under the id; none in an object that GDAL has read or that is to be written.
+  std::shared_ptr<const Records> records;
+  int id = 0;
   /// The values as they were set, by column.
   std::vector<std::string> values;
   /// What the last call for a value answered.

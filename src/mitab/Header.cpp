@@ -78,7 +78,16 @@ class HeaderReader {
   void ReadStatement(const std::string &line, const std::vector<std::string> &words) {
     if (IsWord(words[0], "Fields") || IsWord(words[0], "Columns")) m_columnsLeft = NumberAt(words, 1);
     if (IsWord(words[0], "CoordSys")) ReadCoordSys(line);
+    if (IsWord(words[0], "!charset") && words.size() > 1) header.charset = words[1];
+    if (IsWord(words[0], "Type")) ReadType(words);
     if (IsWord(words[0], "Index") || IsWord(words[0], "Unique")) MarkColumns(words);
+  }
+
+  /// Such as `Type NATIVE Charset "WindowsLatin1"`.
+  void ReadType(const std::vector<std::string> &words) {
+    constexpr std::size_t CharsetAt = 3;
+    const bool isSame = words.size() <= CharsetAt || IsWord(words[CharsetAt], header.charset.c_str());
+    header.isNative = words.size() > 1 && IsWord(words[1], "NATIVE") && isSame;
   }
 
   void ReadCoordSys(const std::string &line) {

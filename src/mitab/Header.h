@@ -12,6 +12,10 @@ namespace tessera::mitab {
 struct Header {
   /// The clause of a .mif file, without the word CoordSys and without its bounds.
   std::string coordSys;
+  /// Of a .tab file.
+  std::string charset;
+  /// Whether values and shapes are in MapInfo's own files, in that character set.
+  bool isNative = false;
   /// As they are told in the file, in order, with names in its character set.
   Columns columns;
 };

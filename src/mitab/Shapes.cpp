@@ -73,6 +73,13 @@ bool IsSampledEllipse(std::span<const OGRRawPoint> ring) {
   });
 }
 
+Kind KindOfRings(std::span<const Part> rings) {
+  if (rings.size() != 1) return Kind::Region;
+  const std::span<const OGRRawPoint> ring = rings.front().points;
+  if (IsRectangle(ring)) return Kind::Rectangle;
+  return IsSampledEllipse(ring) ? Kind::Ellipse : Kind::Region;
+}
+
 Points SampleEllipse(const Arc &arc) {
   Points points = Sample(arc, 0, 360, EllipsePoints);
   points.back() = points.front();

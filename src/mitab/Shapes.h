@@ -24,6 +24,9 @@ struct Arc {
 /// 180 points counter-clockwise from the right, the last on the first. Coordinates may be rounded as a TAB file does.
 [[nodiscard]] bool IsSampledEllipse(std::span<const OGRRawPoint> ring);
 
+/// What an area is by its shape: a rectangle, an ellipse, or a region.
+[[nodiscard]] Kind KindOfRings(std::span<const Part> rings);
+
 [[nodiscard]] Points SampleEllipse(const Arc &arc);
 /// In steps of two degrees, counter-clockwise.
 [[nodiscard]] Points SampleArc(const Arc &arc);

@@ -49,18 +49,18 @@ void ReadBrush(const StyleText &style, Brush &brush) {
 
 void ReadSymbol(const StyleText &style, Feature &feature) {
   if (!style.HasTool("SYMBOL")) return;
-  Symbol &symbol = feature.symbol;
+  Symbol &symbol = feature.style.symbol;
   const std::string_view id = style.Setting("SYMBOL", "id");
   symbol.color = style.Color("SYMBOL", "c", 0);
   symbol.sizePt = int(style.Number("SYMBOL", "s"));
   symbol.angleDeg = style.Number("SYMBOL", "a");
   if (feature.kind == Kind::FontPoint) {
     symbol.number = NumberInId(id, FontSymbolId, symbol.number);
-    feature.font = style.Setting("SYMBOL", "f");
+    feature.style.font = style.Setting("SYMBOL", "f");
   } else if (feature.kind == Kind::CustomPoint) {
     std::string_view name;
     symbol.customStyle = NumberInId(id, CustomSymbolId, 0, &name);
-    if (!name.empty()) feature.font = name.substr(1, name.find(',') - 1);
+    if (!name.empty()) feature.style.font = name.substr(1, name.find(',') - 1);
   } else {
     symbol.number = NumberInId(id, "mapinfo-sym-", symbol.number);
   }
@@ -76,7 +76,21 @@ void ReadLabel(const StyleText &style, Feature &feature) {
   label.back = style.Color("LABEL", "b", label.back);
   label.justification = Justification((std::max(int(style.Number("LABEL", "p")), 1) - 1) % Anchors);
   label.height = style.Number("LABEL", "s") / LetterToLine * LineCount(label.text);
-  feature.font = style.Setting("LABEL", "f");
+  feature.style.font = style.Setting("LABEL", "f");
+}
+
+Kind PointKindOf(std::string_view style) {
+  if (style.find(CustomSymbolId) != std::string_view::npos) return Kind::CustomPoint;
+  return style.find(FontSymbolId) != std::string_view::npos ? Kind::FontPoint : Kind::Point;
+}
+
+/// Reads the style of all but texts.
+void ReadTools(std::string_view text, Feature &feature) {
+  const StyleText style(text);
+  if (feature.kind == Kind::Point) feature.kind = PointKindOf(text);
+  if (feature.HasPen()) ReadPen(style, feature.style.pen);
+  if (feature.HasBrush()) ReadBrush(style, feature.style.brush);
+  if (feature.HasSymbol()) ReadSymbol(style, feature);
 }
 
 std::string PenText(const Pen &pen) {
@@ -92,15 +106,15 @@ std::string BrushText(const Brush &brush) {
 }
 
 std::string SymbolText(const Feature &feature) {
-  const Symbol &symbol = feature.symbol;
+  const Symbol &symbol = feature.style.symbol;
   std::string id = CPLSPrintf("mapinfo-sym-%d,ogr-sym-9", symbol.number);
   std::string font;
   if (feature.kind == Kind::FontPoint) {
     id = CPLSPrintf("%s%d,ogr-sym-9", FontSymbolId, symbol.number);
-    font = ",f:" + Quoted(feature.font);
+    font = ",f:" + Quoted(feature.style.font);
   } else if (feature.kind == Kind::CustomPoint) {
-    id = CPLSPrintf("%s%d-%s,bmp-%s,ogr-sym-9", CustomSymbolId, symbol.customStyle, feature.font.c_str(),
-                    feature.font.c_str());
+    id = CPLSPrintf("%s%d-%s,bmp-%s,ogr-sym-9", CustomSymbolId, symbol.customStyle, feature.style.font.c_str(),
+                    feature.style.font.c_str());
   }
   return CPLSPrintf("SYMBOL(a:%g,c:#%06x,s:%dpt,id:\"%s\"%s)", symbol.angleDeg, symbol.color, symbol.sizePt, id.c_str(),
                     font.c_str());
@@ -120,7 +134,7 @@ std::string LabelText(const Feature &feature) {
   text += CPLSPrintf(",c:#%06x", label.fore);
   if (label.usesBack) text += CPLSPrintf(",b:#%06x", label.back);
   text += CPLSPrintf(",p:%d", int(label.justification) + 1);
-  return text + ",f:" + Quoted(feature.font) + ')';
+  return text + ",f:" + Quoted(feature.style.font) + ')';
 }
 
 }  // namespace
@@ -151,25 +165,27 @@ void StraightenLabel(Feature &feature) {
   }
 }
 
-Kind PointKindOf(const std::string &style) {
-  if (style.starts_with("LABEL(")) return Kind::Text;
-  if (style.find(CustomSymbolId) != std::string::npos) return Kind::CustomPoint;
-  return style.find(FontSymbolId) != std::string::npos ? Kind::FontPoint : Kind::Point;
-}
-
-void ReadStyle(const std::string &style, Feature &feature) {
-  if (style.empty()) return;
-  const StyleText parsed(style);
-  if (feature.kind == Kind::Text) return ReadLabel(parsed, feature);
-  if (feature.HasPen()) ReadPen(parsed, feature.pen);
-  if (feature.HasBrush()) ReadBrush(parsed, feature.brush);
-  if (feature.HasSymbol()) ReadSymbol(parsed, feature);
+void StyleReader::Read(std::string_view text, Feature &feature) {
+  constexpr std::size_t MostTexts = 10000;
+  if (feature.kind == Kind::Point && text.starts_with("LABEL(")) {
+    feature.kind = Kind::Text;
+    return ReadLabel(StyleText(text), feature);
+  }
+  Texts &texts = m_known[std::size_t(feature.kind)];
+  auto known = texts.find(text);
+  if (known == texts.end()) {
+    if (texts.size() >= MostTexts) texts.clear();
+    ReadTools(text, feature);
+    known = texts.emplace(text, Known{feature.kind, feature.style}).first;
+  }
+  feature.kind = known->second.kind;
+  feature.style = known->second.style;
 }
 
 std::string StyleOf(const Feature &feature) {
   if (feature.kind == Kind::Text) return LabelText(feature);
-  if (feature.HasBrush()) return BrushText(feature.brush) + ';' + PenText(feature.pen);
-  if (feature.HasPen()) return PenText(feature.pen);
+  if (feature.HasBrush()) return BrushText(feature.style.brush) + ';' + PenText(feature.style.pen);
+  if (feature.HasPen()) return PenText(feature.style.pen);
   return feature.HasSymbol() ? SymbolText(feature) : std::string();
 }
 

@@ -3,16 +3,33 @@
 
 #include "Feature.h"
 
+#include <array>
+#include <functional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace tessera::mitab {
 
-/// Which kind a point with that style is.
-[[nodiscard]] Kind PointKindOf(const std::string &style);
+/// Understands the style texts of OGR, each of them once: the objects of a file have few.
+class StyleReader {
+ public:
+  /// Takes pen, brush, symbol, font and label from the text, as far as objects of the kind have them, and makes a point
+  /// the kind of point that it tells of. A label gets what OGR tells of its box, the height.
+  void Read(std::string_view text, Feature &feature);
 
-/// Takes pen, brush, symbol, font and label from a style text of OGR, as far as objects of the kind have them. A label
-/// gets what OGR tells of its box, the height.
-void ReadStyle(const std::string &style, Feature &feature);
+ private:
+  struct Known {
+    Kind kind;
+    Style style;
+  };
+  struct Hash : std::hash<std::string_view> {
+    using is_transparent = void;
+  };
+  using Texts = std::unordered_map<std::string, Known, Hash, std::equal_to<>>;
+
+  std::array<Texts, KindCount> m_known;  // by the kind of the object
+};
 
 /// Takes the height of a turned text, which OGR has given as that of the upright box around it, and the place that it
 /// has worked out from that, as it does for .mif files, for what they are. @pre the object is a text

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string_view>
+#include <typeinfo>
 
 namespace tessera::mitab {
 namespace {
@@ -84,6 +86,9 @@ std::unique_ptr<Table> Table::Open(const std::string &fileName) {
   const Header header = ReadHeader(fileName);
   table->m_coordSys = header.coordSys.empty() ? CoordSysOf(table->m_layer->GetSpatialRef()) : header.coordSys;
   table->FillColumns(header.columns);
+  // A table made up of others looks the same in its text.
+  const bool isOne = std::string_view(typeid(*table->m_layer).name()).ends_with("TABFile");
+  if (isOne) table->m_plain = PlainObjects::Open(fileName, header, table->m_columns);
   return table;
 }
 
@@ -125,22 +130,30 @@ void Table::FillColumns(const Columns &told) {
 
 int Table::GetCount() {
   if (m_isNew || m_layer == nullptr) return 0;
-  const GIntBig count = m_layer->GetFeatureCount();
+  // GDAL counts by reading all of the file, unless it is told not to.
+  const GIntBig known = m_layer->GetFeatureCount(FALSE);
+  const GIntBig count = known >= 0 ? known : m_layer->GetFeatureCount(TRUE);
   return int(std::clamp<GIntBig>(count, 0, std::numeric_limits<int>::max()));
 }
 
 int Table::NextId(int lastId) {
   if (m_isNew || m_layer == nullptr) return -1;
-  if (lastId < m_position || lastId < 0) {
-    m_layer->ResetReading();
-    m_position = -1;
-  }
+  GoBehind(lastId);
   do {
     m_next.reset(m_layer->GetNextFeature());
     if (!m_next) return -1;
     m_position = IdOf(*m_next);
   } while (m_position <= lastId);
   return m_position;
+}
+
+void Table::GoBehind(int id) {
+  if (id == m_position && id >= 0) return;
+  const bool canJump = m_plain && id > 0;
+  if (canJump && Fetch(id)) return;  // GDAL reads on from there
+  if (id > m_position && id >= 0) return;
+  m_layer->ResetReading();
+  m_position = -1;
 }
 
 int Table::IdOf(const OGRFeature &row) {
@@ -165,9 +178,20 @@ std::unique_ptr<Feature> Table::Read(int id) {
   if (m_isNew || m_layer == nullptr || id < 0) return nullptr;
   OGRFeatureUniquePtr row = Fetch(id);
   if (!row) return nullptr;
-  auto feature = FromOgr(std::move(row), m_columns);
+  auto feature = FromOgr(std::move(row), m_columns, m_styles);
+  if (m_plain) m_plain->Learn(id, *feature);
   if (feature->kind == Kind::Text && m_kind == FileKind::Mif) StraightenLabel(*feature);
   return feature;
+}
+
+int Table::NextPlainId(int lastId) {
+  if (!m_plain || lastId == std::numeric_limits<int>::max()) return 0;
+  const int next = std::max(lastId, 0) + 1;
+  return m_plain->Has(next) ? next : 0;
+}
+
+std::unique_ptr<Feature> Table::ReadPlain(int id) {
+  return m_plain ? m_plain->Read(id) : nullptr;
 }
 
 bool Table::SetCharset(const std::string &charset) {

@@ -3,7 +3,8 @@
 
 #include "Columns.h"
 #include "Feature.h"
-#include "Header.h"
+#include "PlainObjects.h"
+#include "Styles.h"
 
 #include <ogrsf_frmts.h>
 
@@ -43,6 +44,9 @@ class Table {
   /// read any further, with an error.
   [[nodiscard]] int NextId(int lastId);
   [[nodiscard]] std::unique_ptr<Feature> Read(int id);
+  // The same for objects that need no GDAL: 0 and null for others.
+  [[nodiscard]] int NextPlainId(int lastId);
+  [[nodiscard]] std::unique_ptr<Feature> ReadPlain(int id);
 
   // Of a file that is being made, before the first object. False, and nothing is changed, elsewhere.
 
@@ -58,6 +62,7 @@ class Table {
   bool LayOut();
   void FillColumns(const Columns &told);
   OGRFeatureUniquePtr Fetch(int id);
+  void GoBehind(int id);
   [[nodiscard]] int IdOf(const OGRFeature &row);
 
   std::string m_fileName;
@@ -66,9 +71,11 @@ class Table {
   std::shared_ptr<const Columns> m_columns = std::make_shared<Columns>();
   std::string m_charset = "Neutral";
   std::string m_coordSys;
+  StyleReader m_styles;
   OGRFeatureUniquePtr m_next;  ///< Read already, to know its id.
   int m_position = -1;         ///< The id up to which the layer has been read.
-  bool m_isCounted = false;    ///< Ids are those of the order, since OGR's own are too large.
+  std::unique_ptr<PlainObjects> m_plain;
+  bool m_isCounted = false;  ///< Ids are those of the order, since OGR's own are too large.
   bool m_isNew = false;
   bool m_isQuick = false;
   FileKind m_kind = FileKind::Tab;

@@ -328,6 +328,9 @@ TEST_F(TMapInfoProviderTest, ReadsObjectsOfManyPartsAsSeveralWithTheSameRow) {
   EXPECT_NE(As<TRegion>(6), nullptr) << "an ellipse that is no circle";
   EXPECT_NE(As<TRegion>(7), nullptr) << "a rounded rectangle";
   EXPECT_EQ(provider.GetReport().objects.at(QStringLiteral("Collection")), 1);
+  EXPECT_EQ(Losses(),
+            "arcs, read as lines: 1; rounded rectangles, read as regions: 1; ellipses that are no circles, read as "
+            "regions: 1; multipoints, read as symbols: 1; collections, read as their members: 1");
 }
 
 TEST_F(TMapInfoProviderTest, ReplacesASetOfFilesAsAWhole) {

@@ -126,7 +126,11 @@ void MitabReader::ReadObject(mitab_feature feature) {
   ReadShape(feature);
   if (m_objects.size() == first) ReadPlace(feature);
   const std::string_view values = m_columns.ReadValues(feature);
-  for (std::size_t i = first; i < m_objects.size(); ++i) m_objects[i]->GetFields().SetRecord(values);
+  for (std::size_t i = first; i < m_objects.size(); ++i) {
+    m_objects[i].row = m_values.size();
+    m_objects[i].rowSize = values.size();
+  }
+  m_values.insert(m_values.end(), values.begin(), values.end());
 }
 
 std::size_t MitabReader::KindOf(mitab_feature feature) {
@@ -142,8 +146,7 @@ template <class Kind>
 Kind &MitabReader::Add(mitab_feature feature) {
   auto object = std::make_unique<Kind>();
   Kind &added = *object;
-  added.SetStyle(m_styles.StyleOf(feature));
-  m_objects.push_back(std::move(object));
+  m_objects.push_back({std::move(object), m_styles.StyleOf(feature)});
   return added;
 }
 
@@ -161,7 +164,9 @@ void MitabReader::AddSymbol(const TMapPoint &place, mitab_feature feature) {
 
 void MitabReader::ReadPoints(mitab_feature feature) {
   for (int part = 0; part < mitab_c_get_parts(feature); ++part) {
-    for (const TMapPoint &place : PointsOf(feature, part)) AddSymbol(place, feature);
+    for (int i = 0; i < mitab_c_get_vertex_count(feature, part); ++i) {
+      AddSymbol({mitab_c_get_vertex_x(feature, part, i), mitab_c_get_vertex_y(feature, part, i)}, feature);
+    }
   }
 }
 
@@ -190,7 +195,10 @@ void MitabReader::ReadRegion(mitab_feature feature) {
 }
 
 void MitabReader::ReadRectangle(mitab_feature feature) {
-  if (mitab_c_get_vertex_count(feature, 0) > RectanglePoints) return ReadRegion(feature);
+  if (mitab_c_get_vertex_count(feature, 0) > RectanglePoints) {
+    ++m_roundRectangles;
+    return ReadRegion(feature);
+  }
   TBounds bounds = TBounds::Empty();
   for (const TMapPoint &corner : PointsOf(feature, 0)) bounds.Widen(corner.X, corner.Y);
   auto &rectangle = Add<TRectangle>(feature);
@@ -202,7 +210,10 @@ void MitabReader::ReadRectangle(mitab_feature feature) {
 
 void MitabReader::ReadEllipse(mitab_feature feature) {
   const auto figure = CircleThrough(PointsOf(feature, 0));
-  if (!figure) return ReadRegion(feature);
+  if (!figure) {
+    ++m_ellipses;
+    return ReadRegion(feature);
+  }
   auto &circle = Add<TCircle>(feature);
   circle.SetX(figure->center.X);
   circle.SetY(figure->center.Y);
@@ -223,45 +234,42 @@ void MitabReader::Deliver() {
   m_columns.PutColumns(m_layer.GetFields());
   CheckLayer();
   m_layer.ReserveObjects(m_objects.size());
-  for (auto &object : m_objects) {
-    DeliverObject(std::move(object));
+  for (Staged &staged : m_objects) {
+    DeliverObject(staged);
     CheckLayer();
   }
 }
 
-void MitabReader::DeliverObject(std::unique_ptr<TCustomMapObject> object) {
-  // A new object of a layer gets the map's tools and no values, and a text the box of its letters.
-  const TObjectStylePtr style = object->GetStyle();
-  const std::string values(object->GetFields().GetRecord().Bytes());
-  auto *text = dynamic_cast<TText *>(object.get());
-  const double width = text == nullptr ? 0 : text->GetWidth();
-  const double height = text == nullptr ? 0 : text->GetHeight();
-  const TCustomMapObject *given = object.get();
-  TCustomMapObject *added = m_layer.AddObject(std::move(object), false);
+void MitabReader::DeliverObject(Staged &staged) {
+  const TCustomMapObject *given = staged.object.get();
+  const bool isText = given->GetFontKind() == TObjectFont::Text;
+  auto *text = isText ? static_cast<TText *>(staged.object.get()) : nullptr;
+  const double width = isText ? text->GetWidth() : 0;
+  const double height = isText ? text->GetHeight() : 0;
+  TCustomMapObject *added = m_layer.AddObject(std::move(staged.object), false);
   if (added != given) return;
-  added->SetStyle(style);
-  added->GetFields().SetRecord(values);
-  if (text == nullptr) return;
+  // It has got the map's tools and no values, and a text the box of its letters.
+  added->SetStyle(staged.style);
+  added->GetFields().SetRecord({m_values.data() + staged.row, staged.rowSize});
+  if (!isText) return;
   text->SetHeight(height);
   text->SetWidth(width);
 }
 
 void MitabReader::FinishReport() {
   for (std::size_t kind = 0; kind < KindCount; ++kind) {
-    if (m_counts[kind] > 0)
-      m_report.CountObject(QString::fromLatin1(MitabKindReaders::InOrder[kind].name), m_counts[kind]);
+    m_report.CountObject(QString::fromLatin1(MitabKindReaders::InOrder[kind].name), m_counts[kind]);
   }
-  const auto lose = [this](qint64 count, const QString &words) {
-    if (count > 0) m_report.Lose(words.arg(count));
-  };
   const auto countOf = [this](int kind) { return m_counts[std::size_t(kind)]; };
-  lose(m_unreadable, QStringLiteral("objects that cannot be read: %1"));
-  lose(countOf(TABFC_Arc), QStringLiteral("arcs, read as lines: %1"));
-  lose(countOf(TABFC_MultiPoint), QStringLiteral("multipoints, read as symbols: %1"));
-  lose(countOf(TABFC_Collection), QStringLiteral("collections, read as their members: %1"));
-  lose(m_justified, QStringLiteral("justifications of texts: %1"));
-  lose(m_spaced, QStringLiteral("line spacings of texts: %1"));
-  lose(m_labelLines, QStringLiteral("label lines of texts: %1"));
+  m_report.Lose(QStringLiteral("objects that cannot be read: %1"), m_unreadable);
+  m_report.Lose(QStringLiteral("arcs, read as lines: %1"), countOf(TABFC_Arc));
+  m_report.Lose(QStringLiteral("rounded rectangles, read as regions: %1"), m_roundRectangles);
+  m_report.Lose(QStringLiteral("ellipses that are no circles, read as regions: %1"), m_ellipses);
+  m_report.Lose(QStringLiteral("multipoints, read as symbols: %1"), countOf(TABFC_MultiPoint));
+  m_report.Lose(QStringLiteral("collections, read as their members: %1"), countOf(TABFC_Collection));
+  m_report.Lose(QStringLiteral("justifications of texts: %1"), m_justified);
+  m_report.Lose(QStringLiteral("line spacings of texts: %1"), m_spaced);
+  m_report.Lose(QStringLiteral("label lines of texts: %1"), m_labelLines);
   m_styles.ReportLosses(m_report);
 }
 

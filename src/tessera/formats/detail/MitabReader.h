@@ -51,7 +51,14 @@ class MitabReader {
   void AddSymbol(const TMapPoint &place, mitab_feature feature);
   template <class Kind>
   Kind &Add(mitab_feature feature);
-  void DeliverObject(std::unique_ptr<TCustomMapObject> object);
+  /// An object that has been read, and what it gets once it is in the layer.
+  struct Staged {
+    std::unique_ptr<TCustomMapObject> object;
+    TObjectStylePtr style;
+    std::size_t row = 0;  ///< Where its values begin among those of all objects.
+    std::size_t rowSize = 0;
+  };
+  void DeliverObject(Staged &staged);
   void CheckEnd();
   void CheckLayer() const;
   void FinishReport();
@@ -63,9 +70,12 @@ class MitabReader {
   TFormatReport &m_report;
   MitabColumnReader m_columns;
   MitabStyleReader m_styles;
-  std::vector<std::unique_ptr<TCustomMapObject>> m_objects;
+  std::vector<Staged> m_objects;
+  std::vector<char> m_values;
   std::array<qint64, KindCount> m_counts{};
   qint64 m_unreadable = 0;
+  qint64 m_roundRectangles = 0;
+  qint64 m_ellipses = 0;  // that are no circles
   qint64 m_justified = 0;
   qint64 m_spaced = 0;
   qint64 m_labelLines = 0;
