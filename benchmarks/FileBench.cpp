@@ -57,6 +57,8 @@ std::unique_ptr<TesseraSide> FileBench::Load() const {
 
 void FileBench::Run() {
   const bool measuresAll = !m_settings.drawsOnly && !m_settings.indexOnly;
+  if (measuresAll && m_file.goals.table > 0) MeasureTable();
+  if (m_settings.tablesOnly) return;
   if (measuresAll) {
     MeasureLoad();
     MeasureMemory();
@@ -108,6 +110,30 @@ void FileBench::MeasureMemory() {
   add(QStringLiteral("memory, loaded"), loaded, std::nullopt);
   add(QStringLiteral("memory after a picture"), drawn, Goal(m_file.goals.loadedBytes));
   add(QStringLiteral("memory after a picture, with the index"), indexed, Goal(m_file.goals.usedBytes));
+}
+
+/// The same from a TAB file, and the memory that it keeps then, compared with that from the MIF file.
+void FileBench::MeasureTable() {
+  const QString path = EnsureTable(m_file.mifPath);
+  const auto load = [&] { return std::make_unique<TesseraSide>(path, m_settings.pictureSize); };
+  const auto ours = [&] {
+    std::unique_ptr<TesseraSide> map;
+    return SecondsOf([&] { map = load(); });
+  };
+  const auto reference = [&] {
+    std::unique_ptr<GdalMap> map;
+    return SecondsOf([&] { map = std::make_unique<GdalMap>(path); });
+  };
+  m_table.Measure({Title(QStringLiteral("load from TAB")), QStringLiteral("s"), ours, reference, m_file.goals.table},
+                  m_settings.slowRuns);
+  const auto memoryOf = [](const std::function<std::unique_ptr<TesseraSide>()> &loadIt) {
+    const auto before = HeapUse();
+    const auto side = loadIt();
+    return static_cast<double>(HeapUse() - before) / static_cast<double>(side->CountVertices());
+  };
+  m_table.Measure({Title(QStringLiteral("memory from TAB, or from MIF")), QStringLiteral("bytes/vertex"),
+                   [&] { return memoryOf(load); }, [&] { return memoryOf([this] { return Load(); }); }, 1.0},
+                  1);
 }
 
 void FileBench::MeasureSave() {

@@ -18,6 +18,7 @@ struct FileBenchSettings {
   int fastRuns;
   bool drawsOnly;
   bool indexOnly;
+  bool tablesOnly;
   /// Where the pictures drawn are kept; nowhere when empty.
   QString picturesDir;
 
@@ -32,6 +33,8 @@ struct FileGoals {
   double usedBytes = 0;
   /// Pictures of all, of 1/16 and of 1/256 of the area.
   std::array<double, 3> pictures = {0, 0, 0};
+  /// Loading the same as a TAB file, which is only measured with a goal: it is put beside the file.
+  double table = 0;
 };
 
 /// A map file and what it is called.
@@ -56,6 +59,7 @@ class FileBench {
 
   void MeasureLoad();
   void MeasureMemory();
+  void MeasureTable();
   void MeasureSave();
   void MeasureDrawing(const FlatMap &map);
   void MeasurePan(BareLoop &loop);

@@ -3,6 +3,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
+#include <cpl_string.h>
 #include <ogrsf_frmts.h>
 
 #include <stdexcept>
@@ -57,29 +59,30 @@ struct GdalMap::Content {
   std::vector<OGRFeatureUniquePtr> features;
 };
 
-GdalMap::GdalMap(const QString &mifPath) : m_content(std::make_unique<Content>()) {
+GdalMap::GdalMap(const QString &path) : m_content(std::make_unique<Content>()) {
   GDALAllRegister();
-  m_content->source.reset(GDALDataset::Open(mifPath.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
-  if (!m_content->source) Fail(mifPath);
+  m_content->source.reset(GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+  if (!m_content->source) Fail(path);
   OGRLayer &layer = *m_content->source->GetLayer(0);
   while (OGRFeatureUniquePtr feature{layer.GetNextFeature()}) m_content->features.push_back(std::move(feature));
 }
 
 GdalMap::~GdalMap() = default;
 
-void GdalMap::Write(const QString &mifPath) {
-  const QFileInfo info(mifPath);
-  QFile::remove(mifPath);
-  QFile::remove(info.path() + u'/' + info.completeBaseName() + QStringLiteral(".mid"));
+void GdalMap::Write(const QString &path) {
+  const QFileInfo info(path);
+  for (const char *ending : {"mif", "mid", "tab", "dat", "map", "id"}) {
+    QFile::remove(info.path() + u'/' + info.completeBaseName() + u'.' + QLatin1String(ending));
+  }
   GDALDriver *driver = GetGDALDriverManager()->GetDriverByName("MapInfo File");
-  if (driver == nullptr) Fail(mifPath);
-  char format[] = "FORMAT=MIF";
-  char *options[] = {format, nullptr};
-  const GDALDatasetUniquePtr target(driver->Create(mifPath.toUtf8().constData(), 0, 0, 0, GDT_Unknown, options));
-  if (!target) Fail(mifPath);
+  if (driver == nullptr) Fail(path);
+  CPLStringList options;
+  options.SetNameValue("FORMAT", info.suffix().toUpper().toLatin1().constData());
+  const GDALDatasetUniquePtr target(driver->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, options.List()));
+  if (!target) Fail(path);
   OGRLayer &source = *m_content->source->GetLayer(0);
   OGRLayer *layer = target->CreateLayer(source.GetName(), source.GetSpatialRef(), wkbUnknown, nullptr);
-  if (layer == nullptr) Fail(mifPath);
+  if (layer == nullptr) Fail(path);
   OGRFeatureDefn &columns = *source.GetLayerDefn();
   for (int i = 0; i < columns.GetFieldCount(); ++i) layer->CreateField(columns.GetFieldDefn(i));
 
@@ -92,8 +95,23 @@ void GdalMap::Write(const QString &mifPath) {
     copy.SetGeometryDirectly(feature->StealGeometry());
     const OGRErr error = layer->CreateFeature(&copy);
     feature->SetGeometryDirectly(copy.StealGeometry());
-    if (error != OGRERR_NONE) Fail(mifPath);
+    if (error != OGRERR_NONE) Fail(path);
   }
+}
+
+QString EnsureTable(const QString &mifPath) {
+  const QString base = mifPath.chopped(QStringLiteral("mif").size());
+  if (QFile::exists(base + QStringLiteral("tab"))) return base + QStringLiteral("tab");
+  const QTemporaryDir folder(base + QStringLiteral("XXXXXX"));
+  GdalMap(mifPath).Write(folder.filePath(QStringLiteral("table.tab")));
+  // Where the first of them is there, all are.
+  for (const char *ending : {"dat", "id", "map", "tab"}) {
+    const QString made = folder.filePath(QStringLiteral("table.") + QLatin1String(ending));
+    QFile::remove(base + QLatin1String(ending));
+    if (!QFile::rename(made, base + QLatin1String(ending)))
+      throw std::runtime_error("cannot write " + base.toStdString());
+  }
+  return base + QStringLiteral("tab");
 }
 
 FlatMap GdalMap::Flatten() const {

@@ -17,11 +17,12 @@ void ThrowUnlessOk(const TFormatReport &report) {
 
 TesseraSide::TesseraSide(QSize size) : TesseraSide(QString(), size) {}
 
-TesseraSide::TesseraSide(const QString &mifPath, QSize size) {
+TesseraSide::TesseraSide(const QString &path, QSize size) {
   m_control.resize(size);
   m_control.SetColor(clWhite);
-  m_control.GetLayers()->Add(mifPath, QStringLiteral("map"));
+  m_control.GetLayers()->Add(path, QStringLiteral("map"));
   ThrowUnlessOk(m_provider.GetReport());
+  ThrowUnlessOk(m_tables.GetReport());
 }
 
 void TesseraSide::Write(const QString &mifPath) {

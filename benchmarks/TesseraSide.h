@@ -4,6 +4,7 @@
 #include "BareLoop.h"
 
 #include <tessera/formats/SimpleMIFFormatProvider.h>
+#include <tessera/formats/TMapInfoFormatProvider.h>
 #include <tessera/map/TTessera.h>
 
 namespace tessera::bench {
@@ -13,8 +14,8 @@ class TesseraSide {
  public:
   /// The layer is empty.
   explicit TesseraSide(QSize size);
-  /// The layer is that of a MIF file. @throws std::runtime_error when the file cannot be read.
-  TesseraSide(const QString &mifPath, QSize size);
+  /// The layer is that of a MIF or TAB file. @throws std::runtime_error when the file cannot be read.
+  TesseraSide(const QString &path, QSize size);
 
   /// Writes everything as a MIF and MID file.
   /// @throws std::runtime_error when that fails.
@@ -35,6 +36,7 @@ class TesseraSide {
 
  private:
   TSimpleMIFFormatProvider m_provider;
+  TMapInfoFormatProvider m_tables;  // MIF files go to the first of the two
   TTessera m_control;
 };
 
