@@ -92,7 +92,7 @@ MITAB_API int mitab_c_get_font_vb(void *feature, char *font, int size) {
 MITAB_API void mitab_c_set_symbol(void *feature, int number, int sizePt, int color) {
   Feature *changed = WithSymbol(feature);
   if (changed == nullptr) return;
-  changed->style.symbol.number = number;
+  changed->style.symbol.number = number & LowByte;
   changed->style.symbol.sizePt = sizePt;
   changed->style.symbol.color = color;
 }

@@ -333,6 +333,25 @@ TEST_F(TMapInfoProviderTest, ReadsObjectsOfManyPartsAsSeveralWithTheSameRow) {
             "regions: 1; multipoints, read as symbols: 1; collections, read as their members: 1");
 }
 
+TEST_F(TMapInfoProviderTest, TellsOfLineEndsAndNumbersThatAFileDoesNotKeep) {
+  layer.GetFields().Add(QStringLiteral("A"), TDataType::dtString, 20);
+  auto *symbol = layer.NewObject<TSymbol>();
+  symbol->SetFont(TFont(QStringLiteral("MapInfo Symbol"), 12));
+  symbol->SetShape(300);
+  symbol->GetFields().GetFields(0).SetValue(QStringLiteral("two\nlines"));
+  RoundTrip(QStringLiteral("a.tab"));
+  EXPECT_EQ(saveLosses, "numbers of symbols beyond 255, changed: 1");
+  EXPECT_EQ(ValueOf(0, 0), "two\nlines");
+  symbol->SetShape(40);
+  RoundTrip(QStringLiteral("a.mif"));
+  EXPECT_EQ(saveLosses, "line ends in values, written as \\n: 1");
+  EXPECT_TRUE(provider.GetReport().warnings.isEmpty());
+  QFile::remove(PathOf(QStringLiteral("a.mid")));
+  EXPECT_TRUE(provider.Load(&read, PathOf(QStringLiteral("a.mif"))));
+  EXPECT_EQ(provider.GetReport().warnings.join(u' ').toStdString(),
+            "there is no data file, so the objects have no values");
+}
+
 TEST_F(TMapInfoProviderTest, ReplacesASetOfFilesAsAWhole) {
   layer.NewObject<TSymbol>();
   ASSERT_TRUE(provider.Save(&layer, PathOf(QStringLiteral("A.TAB"))));

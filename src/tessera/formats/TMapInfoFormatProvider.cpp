@@ -124,6 +124,9 @@ bool TMapInfoFormatProvider::Load(TMapLayer *layer, const QString &fileName) {
     detail::MitabReader reader(*layer, file.get(), text, report);
     reader.Read();
     reader.Deliver();
+    const bool lacksValues =
+        HasEnding(fileName, QStringLiteral("mif")) && !QFile::exists(FilesOf(fileName).constLast());
+    if (lacksValues) report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
   } catch (const std::exception &error) {
     report.Fail(0, MessageOf(error));
     throw;

@@ -194,6 +194,7 @@ QByteArray MitabColumnWriter::TextOf(const Column &column, const TDataFieldView 
   if (column.type == TABFT_Char) {
     const QByteArray bytes = m_text.Encode(field.TextOf(value));
     if (field.TextOf(value).size() > column.width) ++m_cutTexts;
+    if (m_isMif && bytes.contains('\n')) ++m_brokenLines;
     return bytes;
   }
   const bool isDate = column.type == TABFT_Date || column.type == TABFT_Time || column.type == TABFT_DateTime;
@@ -240,6 +241,7 @@ void MitabColumnWriter::ReportLosses(TFormatReport &report) const {
   report.Lose(QStringLiteral("types of columns that cannot be written, changed: %1"), m_changedTypes);
   report.Lose(QStringLiteral("values that do not fit the type of their column, left out: %1"), m_brokenValues);
   report.Lose(QStringLiteral("texts longer than their column, cut: %1"), m_cutTexts);
+  report.Lose(QStringLiteral("line ends in values, written as \\n: %1"), m_brokenLines);
   report.Lose(QStringLiteral("numbers without a value, which become 0: %1"), m_unassigned);
 }
 

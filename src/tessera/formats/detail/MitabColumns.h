@@ -45,8 +45,10 @@ class MitabColumnReader {
 /// Writes the columns of a layer to a new file, and the values of its objects.
 class MitabColumnWriter {
  public:
-  /// What is given must outlive the writer. The layer must have the columns of its objects.
-  MitabColumnWriter(const TMapLayer &layer, MitabText &text) : m_layer(layer), m_text(text) {}
+  /// What is given must outlive the writer. The layer must have the columns of its objects. A MIF file keeps no line
+  /// ends in values.
+  MitabColumnWriter(const TMapLayer &layer, MitabText &text, bool isMif)
+      : m_layer(layer), m_text(text), m_isMif(isMif) {}
 
   /// @throws EInOutError when the library takes one of them not.
   void WriteColumns(mitab_handle file);
@@ -65,6 +67,7 @@ class MitabColumnWriter {
 
   const TMapLayer &m_layer;
   MitabText &m_text;
+  bool m_isMif;
   std::vector<Column> m_columns;
   std::vector<QByteArray> m_names;
   // What was lost.
@@ -72,6 +75,7 @@ class MitabColumnWriter {
   qint64 m_changedTypes = 0;
   qint64 m_brokenValues = 0;
   qint64 m_cutTexts = 0;
+  qint64 m_brokenLines = 0;
   qint64 m_unassigned = 0;
 };
 

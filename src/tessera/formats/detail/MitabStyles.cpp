@@ -158,6 +158,8 @@ void MitabStyleWriter::WriteBrush(const TObjectStyle &style, mitab_feature featu
 void MitabStyleWriter::WriteSymbol(const TObjectStyle &style, int shape, mitab_feature feature) {
   WriteFontName(style, feature);
   mitab_c_set_symbol(feature, shape, style.font.GetSize(), ColorToMif(style.font.GetColor()));
+  constexpr int MostNumber = 255;
+  if (shape < 0 || shape > MostNumber) ++m_changedSymbols;
 }
 
 void MitabStyleWriter::WriteFontName(const TObjectStyle &style, mitab_feature feature) {
@@ -167,6 +169,7 @@ void MitabStyleWriter::WriteFontName(const TObjectStyle &style, mitab_feature fe
 
 void MitabStyleWriter::ReportLosses(TFormatReport &report) const {
   report.Lose(QStringLiteral("widths of pens, changed: %1"), m_changedPens);
+  report.Lose(QStringLiteral("numbers of symbols beyond 255, changed: %1"), m_changedSymbols);
   report.Lose(QStringLiteral("brushes with a bitmap, written with their colour: %1"), m_bitmaps);
   report.Lose(QStringLiteral("styles of fonts, such as bold: %1"), m_fontStyles);
 }

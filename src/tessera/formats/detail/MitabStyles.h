@@ -62,6 +62,7 @@ class MitabStyleWriter {
  private:
   MitabText &m_text;
   qint64 m_changedPens = 0;
+  qint64 m_changedSymbols = 0;
   qint64 m_bitmaps = 0;
   qint64 m_fontStyles = 0;
 };

@@ -50,6 +50,10 @@ TBounds BoundsOf(const TMapLayer &layer) {
   return bounds.IsInverted() ? TBounds{-1, -1, 1, 1} : RoundBounds(bounds);
 }
 
+bool IsMif(const MitabTarget &target) {
+  return target.fileName.endsWith(QStringLiteral(".mif"), Qt::CaseInsensitive);
+}
+
 bool IsFinite(const TMapPoint &point) {
   return std::isfinite(point.X) && std::isfinite(point.Y);
 }
@@ -87,14 +91,13 @@ MitabWriter::MitabWriter(const TMapLayer &layer, const MitabTarget &target, TFor
       m_target(target),
       m_report(report),
       m_text(target.charset, MitabRecodes()),
-      m_columns(layer, m_text),
+      m_columns(layer, m_text, IsMif(target)),
       m_styles(m_text),
       m_counts(std::size(MitabKindWriters::InOrder)) {}
 
 MitabFile MitabWriter::Create() {
-  const bool isMif = m_target.fileName.endsWith(QStringLiteral(".mif"), Qt::CaseInsensitive);
   const TBounds bounds = BoundsOf(m_layer);
-  MitabFile file(mitab_c_create(QFile::encodeName(m_target.fileName).constData(), isMif ? "mif" : "tab",
+  MitabFile file(mitab_c_create(QFile::encodeName(m_target.fileName).constData(), IsMif(m_target) ? "mif" : "tab",
                                 m_target.coordSys.constData(), bounds.MaxY, bounds.MinY, bounds.MaxX, bounds.MinX));
   if (!file) throw EInOutError(QStringLiteral("Cannot create file \"%1\".").arg(m_target.fileName));
   if (MitabRecodes()) static_cast<void>(SetMitabCharset(file.get(), m_target.charset));
