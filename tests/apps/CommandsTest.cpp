@@ -153,6 +153,28 @@ TEST(InfoCommandTest, TellsTheSameAsJson) {
   EXPECT_EQ(layer, QJsonDocument::fromJson(expected).object()) << run.out;
 }
 
+TEST(InfoCommandTest, FindsTheSameInTheWorkspaceOfTheWorldAsInItsLayers) {
+  const QString samples = QStringLiteral(TESSERA_SAMPLES);
+  QStringList files{Info, AsJson};
+  for (const char *layer : {"graticule", "countries", "cities"}) {
+    files << samples + QStringLiteral("/world/") + QLatin1String(layer) + QStringLiteral(".mif");
+  }
+  const TProgramRun workspace = RunTessera({Info, AsJson, samples + QStringLiteral("/workspace/world.wor")});
+  if (workspace.err.find("could not be read") != std::string::npos) GTEST_SKIP() << "built without a MITAB library";
+  const QJsonArray layers = LayersOf(RunTessera(files));
+  ASSERT_EQ(layers.size(), 3);
+  ASSERT_EQ(LayersOf(workspace).size(), 3) << workspace.err;
+  EXPECT_EQ(workspace.err, "");
+  for (int i = 0; i < 3; ++i) {
+    for (const char *key : {"name", "objects", "parts", "vertices"}) {
+      EXPECT_EQ(LayersOf(workspace)[i][QLatin1String(key)], layers[i][QLatin1String(key)]) << key << " of " << i;
+    }
+    for (int side = 0; side < 4; ++side) {
+      EXPECT_NEAR(LayersOf(workspace)[i][u"bounds"][side].toDouble(), layers[i][u"bounds"][side].toDouble(), 1e-6);
+    }
+  }
+}
+
 TEST(InfoCommandTest, ShowsWhatCanBeReadOfFilesWithADefectOrMissing) {
   const TProgramRun run = RunTessera({Info, QStringLiteral("missing.mif"), MapFileNamed("defect.mif"), AsJson});
   EXPECT_EQ(run.status, 1);
