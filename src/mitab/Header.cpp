@@ -26,6 +26,7 @@ bool IsWord(const std::string &word, const char *expected) {
 std::vector<std::string> WordsOf(const std::string &line) {
   const CPLStringList words(CSLTokenizeString2(line.c_str(), " \t(),;", CSLT_HONOURSTRINGS));
   std::vector<std::string> answer;
+  answer.reserve(std::size_t(words.size()));
   for (int i = 0; i < words.size(); ++i) answer.emplace_back(words[i]);
   return answer;
 }
@@ -60,7 +61,7 @@ class HeaderReader {
 
   Header TakeHeader() {
     for (const int index : m_uniques) MarkUnique(index);
-    return std::move(header);
+    return std::move(m_header);
   }
 
  private:
@@ -71,14 +72,14 @@ class HeaderReader {
     column.precision = NumberAt(words, 3);
     column.isIndexed =
         std::any_of(words.begin() + 1, words.end(), [](const auto &word) { return IsWord(word, "Index"); });
-    header.columns.push_back(std::move(column));
+    m_header.columns.push_back(std::move(column));
     return true;
   }
 
   void ReadStatement(const std::string &line, const std::vector<std::string> &words) {
     if (IsWord(words[0], "Fields") || IsWord(words[0], "Columns")) m_columnsLeft = NumberAt(words, 1);
     if (IsWord(words[0], "CoordSys")) ReadCoordSys(line);
-    if (IsWord(words[0], "!charset") && words.size() > 1) header.charset = words[1];
+    if (IsWord(words[0], "!charset") && words.size() > 1) m_header.charset = words[1];
     if (IsWord(words[0], "Type")) ReadType(words);
     if (IsWord(words[0], "Index") || IsWord(words[0], "Unique")) MarkColumns(words);
   }
@@ -86,15 +87,15 @@ class HeaderReader {
   /// Such as `Type NATIVE Charset "WindowsLatin1"`.
   void ReadType(const std::vector<std::string> &words) {
     constexpr std::size_t CharsetAt = 3;
-    const bool isSame = words.size() <= CharsetAt || IsWord(words[CharsetAt], header.charset.c_str());
-    header.isNative = words.size() > 1 && IsWord(words[1], "NATIVE") && isSame;
+    const bool isSame = words.size() <= CharsetAt || IsWord(words[CharsetAt], m_header.charset.c_str());
+    m_header.isNative = words.size() > 1 && IsWord(words[1], "NATIVE") && isSame;
   }
 
   void ReadCoordSys(const std::string &line) {
     constexpr std::size_t WordLength = 8;
     const std::size_t begin = line.find_first_not_of(" \t") + WordLength;
     const std::size_t bounds = CPLString(line).ifind("Bounds");
-    header.coordSys = CPLString(line.substr(begin, bounds == std::string::npos ? bounds : bounds - begin)).Trim();
+    m_header.coordSys = CPLString(line.substr(begin, bounds == std::string::npos ? bounds : bounds - begin)).Trim();
   }
 
   /// Those of a .mif file stand before its columns.
@@ -105,12 +106,12 @@ class HeaderReader {
   }
   void MarkUnique(int index) {
     const auto at = std::size_t(std::abs(index)) - 1;
-    if (at >= header.columns.size()) return;
-    header.columns[at].isIndexed = true;
-    header.columns[at].isUnique |= index > 0;
+    if (at >= m_header.columns.size()) return;
+    m_header.columns[at].isIndexed = true;
+    m_header.columns[at].isUnique |= index > 0;
   }
 
-  Header header;
+  Header m_header;
   int m_columnsLeft = 0;
   std::vector<int> m_uniques;  // negative those that are only indexed
 };

@@ -26,9 +26,9 @@ std::int32_t Sum(std::int32_t one, std::int32_t other) {
 
 /// How a type of objects is kept: first its type and its number.
 struct MapFile::Form {
-  std::uint8_t type;
   Kind kind;
-  std::size_t size;      ///< Of what stands between the number and the tools.
+  std::uint8_t type;
+  std::uint8_t size;     ///< Of what stands between the number and the tools.
   bool isCompressed;     ///< Coordinates are of 16 bits, counted from a point nearby.
   bool hasSections;      ///< The vertices stand behind a list of sections.
   bool hasLongSections;  ///< Their numbers of vertices are of 32 bits.
@@ -147,15 +147,15 @@ OGRRawPoint MapFile::PointOf(std::int32_t x, std::int32_t y) const {
 std::optional<MapFile::Object> MapFile::Find(int id) const {
   using enum Kind;
   static constexpr Form Forms[] = {
-      {0x01, Point, 4, true, false, false},     {0x02, Point, 8, false, false, false},
-      {0x04, Polyline, 8, true, false, false},  {0x05, Polyline, 16, false, false, false},
-      {0x07, Polyline, 28, true, false, false}, {0x08, Polyline, 32, false, false, false},
-      {0x0d, Region, 30, true, true, false},    {0x0e, Region, 34, false, true, false},
-      {0x25, Polyline, 30, true, true, false},  {0x26, Polyline, 34, false, true, false},
-      {0x2e, Region, 30, true, true, true},     {0x2f, Region, 34, false, true, true},
-      {0x31, Polyline, 30, true, true, true},   {0x32, Polyline, 34, false, true, true},
+      {Point, 0x01, 4, true, false, false},     {Point, 0x02, 8, false, false, false},
+      {Polyline, 0x04, 8, true, false, false},  {Polyline, 0x05, 16, false, false, false},
+      {Polyline, 0x07, 28, true, false, false}, {Polyline, 0x08, 32, false, false, false},
+      {Region, 0x0d, 30, true, true, false},    {Region, 0x0e, 34, false, true, false},
+      {Polyline, 0x25, 30, true, true, false},  {Polyline, 0x26, 34, false, true, false},
+      {Region, 0x2e, 30, true, true, true},     {Region, 0x2f, 34, false, true, true},
+      {Polyline, 0x31, 30, true, true, true},   {Polyline, 0x32, 34, false, true, true},
   };
-  static constexpr Form Shapeless{0, NoGeometry, 0, false, false, false};
+  static constexpr Form Shapeless{NoGeometry, 0, 0, false, false, false};
   if (id < 1 || std::size_t(id) * sizeof(std::uint32_t) > m_ids.size()) return std::nullopt;
   const std::size_t at = NumberIn<std::uint32_t>(m_ids, std::size_t(id - 1) * sizeof(std::uint32_t));
   if (at == 0) return Object{&Shapeless, 0, 0};

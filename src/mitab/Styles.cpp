@@ -123,7 +123,7 @@ std::string SymbolText(const Feature &feature) {
 /// A number that is exact enough, whatever its size; with a decimal point in any locale.
 std::string NumberOf(double value) {
   char digits[32];
-  const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 15).ptr;
+  char *end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 15).ptr;
   return {digits, end};
 }
 

@@ -87,7 +87,8 @@ std::unique_ptr<Table> Table::Open(const std::string &fileName) {
   table->m_coordSys = header.coordSys.empty() ? CoordSysOf(table->m_layer->GetSpatialRef()) : header.coordSys;
   table->FillColumns(header.columns);
   // A table made up of others looks the same in its text.
-  const bool isOne = std::string_view(typeid(*table->m_layer).name()).ends_with("TABFile");
+  const OGRLayer &layer = *table->m_layer;
+  const bool isOne = std::string_view(typeid(layer).name()).ends_with("TABFile");
   if (isOne) table->m_plain = PlainObjects::Open(fileName, header, table->m_columns);
   return table;
 }

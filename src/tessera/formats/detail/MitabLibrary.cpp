@@ -51,6 +51,10 @@ bool MitabRecodes() {
   return FindMitabEntry(SetCharsetEntry) != nullptr;
 }
 
+bool MitabKnowsTextWidths() {
+  return !MitabRecodes();  // the one that goes beyond the interface falls short here
+}
+
 bool SetMitabCharset(mitab_handle file, const QByteArray &charset) {
   using SetCharset = int (*)(mitab_handle, const char *);
   const auto set = reinterpret_cast<SetCharset>(FindMitabEntry(SetCharsetEntry));

@@ -16,6 +16,8 @@ namespace tessera::detail {
 /// Whether the library takes and gives texts in UTF-8, whatever a file's character set is, and can be told the one of a
 /// new file. Others leave the bytes as they stand.
 [[nodiscard]] bool MitabRecodes();
+/// Whether the library tells and takes the widths of the boxes of texts.
+[[nodiscard]] bool MitabKnowsTextWidths();
 /// Chooses the character set of a new file, by MapInfo's name. False when the library cannot write it.
 [[nodiscard]] bool SetMitabCharset(mitab_handle file, const QByteArray &charset);
 /// Forgets an error that the library has noted, which would make it refuse to write objects that are sound.

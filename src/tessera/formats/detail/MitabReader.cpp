@@ -75,6 +75,7 @@ MitabReader::MitabReader(TMapLayer &layer, mitab_handle file, MitabText &text, T
       m_map(*layer.GetMapHost()),
       m_file(file),
       m_report(report),
+      m_knowsTextWidths(MitabKnowsTextWidths()),
       m_columns(file, text),
       m_styles(m_map, text) {}
 
@@ -252,8 +253,9 @@ void MitabReader::DeliverObject(Staged &staged) {
   added->SetStyle(staged.style);
   added->GetFields().SetRecord({m_values.data() + staged.row, staged.rowSize});
   if (!isText) return;
+  const double ofLetters = LettersWidthToHeight(m_map.GetCanvas(), text->GetFont(), text->GetText());
   text->SetHeight(height);
-  text->SetWidth(width);
+  text->SetWidth(m_knowsTextWidths || ofLetters == 0 ? width : height * ofLetters);
 }
 
 void MitabReader::FinishReport() {

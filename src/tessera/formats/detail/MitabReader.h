@@ -68,6 +68,7 @@ class MitabReader {
   TMapHost &m_map;
   mitab_handle m_file;
   TFormatReport &m_report;
+  bool m_knowsTextWidths;
   MitabColumnReader m_columns;
   MitabStyleReader m_styles;
   std::vector<Staged> m_objects;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/formats/detail/MifStyles.h>
 #include <tessera/formats/detail/MitabStyles.h>
+#include <tessera/graphics/TCanvas.h>
 
 #include <algorithm>
 #include <cmath>
@@ -64,6 +65,14 @@ bool HasSymbol(int kind) {
 }
 
 }  // namespace
+
+double LettersWidthToHeight(TCanvas &canvas, const TFont &font, const QString &text) {
+  constexpr int LargePt = 100;  // so that it is not the pixels that count
+  canvas.Font() = font;
+  canvas.Font().SetSize(LargePt);
+  const QSize extent = canvas.TextExtent(text);
+  return extent.height() > 0 ? double(extent.width()) / extent.height() : 0;
+}
 
 bool IsMapInfoSymbolFont(const QString &name) {
   return name.compare(UsualSymbolFont, Qt::CaseInsensitive) == 0 || name == SymbolFontFamily;

@@ -67,6 +67,9 @@ class MitabStyleWriter {
   qint64 m_fontStyles = 0;
 };
 
+/// How wide the letters of a text are, compared with their height, in a font of any size; 0 without letters.
+[[nodiscard]] double LettersWidthToHeight(TCanvas &canvas, const TFont &font, const QString &text);
+
 /// Whether a symbol in this font is one of MapInfo's own, and not a character of a font.
 [[nodiscard]] bool IsMapInfoSymbolFont(const QString &name);
 

@@ -242,11 +242,18 @@ MitabFeature MitabWriter::MakeText(const TCustomMapObject &object) {
   mitab_c_set_text_display(feature.get(), text.GetAngle(), text.GetHeight(), text.GetWidth(),
                            ColorToMif(text.GetFont().GetColor()),
                            text.GetUseBGColor() ? ColorToMif(text.GetBGColor()) : NoColor, AsItIs, AsItIs, AsItIs);
-  const bool keepsBox = AreNear(mitab_c_get_text_width(feature.get()), text.GetWidth()) &&
-                        AreNear(mitab_c_get_text_height(feature.get()), text.GetHeight());
-  if (!keepsBox) ++m_changedBoxes;
+  if (!KeepsBox(text, feature.get())) ++m_changedBoxes;
   if (text.GetFreezeFontSize()) ++m_frozenTexts;
   return feature;
+}
+
+bool MitabWriter::KeepsBox(const TText &text, mitab_feature feature) const {
+  constexpr double OfWidth = 0.05;  // which pixels make of the letters when a box is fitted to them
+  if (!AreNear(mitab_c_get_text_height(feature), text.GetHeight())) return false;
+  TMapHost *map = m_layer.GetMapHost();
+  if (MitabKnowsTextWidths() || map == nullptr) return AreNear(mitab_c_get_text_width(feature), text.GetWidth());
+  const double width = text.GetHeight() * LettersWidthToHeight(map->GetCanvas(), text.GetFont(), text.GetText());
+  return std::abs(width - text.GetWidth()) <= OfWidth * width;
 }
 
 MitabFeature MitabWriter::MakeSymbol(const TCustomMapObject &object) {
@@ -274,7 +281,7 @@ void MitabWriter::FinishReport() {
                 m_text.GetLostCharacters());
   m_report.Lose(QStringLiteral("shapes without points or with coordinates that are no numbers, not written: %1"),
                 m_badShapes);
-  m_report.Lose(QStringLiteral("widths of text boxes, changed: %1"), m_changedBoxes);
+  m_report.Lose(QStringLiteral("widths of text boxes that are not those of the letters: %1"), m_changedBoxes);
   m_report.Lose(QStringLiteral("geodesic circles and the like, written as plain regions: %1"), m_plainRegions);
   m_report.Lose(QStringLiteral("sizes of texts that do not follow the zoom: %1"), m_frozenTexts);
   m_report.Lose(QStringLiteral("pictures of sprites, written as symbols: %1"), m_counts[MitabKindWriters::SpriteIndex]);

@@ -57,6 +57,8 @@ class MitabWriter {
   [[nodiscard]] MitabFeature New(int kind);
   void SetPart(mitab_feature feature, int part, std::span<const TMapPoint> points, std::size_t leastPoints);
   void SetPlace(mitab_feature feature, const TMapPoint &place);
+  /// Whether a text will have its box again when it is read.
+  [[nodiscard]] bool KeepsBox(const TText &text, mitab_feature feature) const;
   void FinishReport();
 
   const TMapLayer &m_layer;
