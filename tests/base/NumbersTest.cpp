@@ -3,6 +3,7 @@
 
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/detail/Numbers.h>
+#include <tessera/base/detail/PlainNumber.h>
 
 #include <gtest/gtest.h>
 
@@ -168,6 +169,42 @@ TEST(ReadFloatTest, ReadsBackEveryKindOfNumber) {
     ASSERT_EQ(Read({buffer, end}), Reading(value, end - buffer));
     const std::string fixed = Written(value, '.');
     ASSERT_EQ(Read(fixed), ReadPlainly(fixed));
+  }
+}
+
+/// Reads `text` before a blank the fast way (benchmark rows "load"); nothing where that leaves it to ReadFloat.
+std::optional<TReading> ReadFast(std::string_view text, char separator) {
+  const auto bytes = std::make_unique<char[]>(text.size() + 1 + detail::PlainNumberBytes);
+  std::copy(text.begin(), text.end(), bytes.get());
+  bytes[text.size()] = ' ';
+  double value = 7;
+  const char *end = detail::ReadPlainNumber(bytes.get(), separator, value);
+  if (end == nullptr || *end != ' ') return std::nullopt;
+  return Reading(value, end - bytes.get());
+}
+
+TEST(ReadPlainNumberTest, EqualsReadFloatOrLeavesTheNumberToIt) {
+  for (const char *text : {"", "-", ".5", "+1.5", "--1", "12345678.5", "1e5", "1.5e5", "1.2.3", "1,5", "1.5x", "nan",
+                           "123456.1234567890", "1\xFF", "\xB1.5", "1.\xB5", "/.5", "1:5", "1.:"}) {
+    EXPECT_EQ(ReadFast(text, '.'), std::nullopt) << text;
+  }
+  for (const char *text :
+       {"0", "-0", "-0.0", "7.", "1234567", "1234567.12345678", "-0.00000000000001", "1.9999999", "9999999.99999999"}) {
+    EXPECT_EQ(ReadFast(text, '.'), Read(text)) << text;
+  }
+  for (const char separator : {'.', ','}) {
+    std::mt19937_64 random(13);
+    int taken = 0;
+    constexpr int Count = 2'000'000;
+    for (int i = 0; i < Count; ++i) {
+      const std::string text = i % 2 == 0 ? RandomText(random, separator).substr(0, 18)
+                                          : Written(NextDouble(random, 2) / double(1U << random() % 24), separator);
+      const auto fast = ReadFast(text, separator);
+      if (!fast || fast->second != std::ssize(text)) continue;
+      ++taken;
+      ASSERT_EQ(fast, Read(text, separator)) << text;
+    }
+    EXPECT_GT(taken, Count / 4) << "the fast way is hardly taken";
   }
 }
 

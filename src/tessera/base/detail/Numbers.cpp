@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/detail/Numbers.h>
+#include <tessera/base/detail/PlainNumber.h>
 
 #include <QLocale>
 #include <QVarLengthArray>
-#include <QtEndian>
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -26,42 +25,21 @@ bool IsDigit(char c) {
 
 // ---- Reading
 
-/// 10^0 … 10^22: the powers of ten that a double holds exactly.
-constexpr std::array<double, 23> ExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                                1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr std::array<std::uint64_t, 9> IntegerPowers = {1,       10,        100,        1'000,      10'000,
-                                                        100'000, 1'000'000, 10'000'000, 100'000'000};
 /// Every integer up to here is a double.
 constexpr std::uint64_t LargestExactInteger = std::uint64_t(1) << 53U;
 /// So many decimal digits fit in 64 bits whatever they are.
 constexpr std::ptrdiff_t SafeDigits = 19;
 
-/// The value of eight digits, the first of them in the lowest byte.
-std::uint64_t ValueOfEightDigits(std::uint64_t digits) {
-  digits = (digits * 10) + (digits >> 8U);  // pairs, in every other byte
-  constexpr std::uint64_t Mask = 0x000000FF000000FF;
-  constexpr std::uint64_t HundredAndMillion = 100 + (std::uint64_t(1'000'000) << 32U);
-  constexpr std::uint64_t OneAndTenThousand = 1 + (std::uint64_t(10'000) << 32U);
-  return (((digits & Mask) * HundredAndMillion) + (((digits >> 16U) & Mask) * OneAndTenThousand)) >> 32U;
-}
-
 /// Appends the decimal digits at `at` to `mantissa`, which wraps around beyond SafeDigits, and passes over them.
 /// Eight bytes are looked at together, without a branch on the number of digits among them.
 const char *ReadDigits(const char *at, const char *last, std::uint64_t &mantissa) {
   while (last - at >= 8) {
-    const std::uint64_t bytes = qFromLittleEndian<std::uint64_t>(at) ^ 0x3030303030303030U;
-    // A byte that is no digit leaves its high half set, here or by the addition. A carry out of it only reaches later
-    // bytes.
-    const std::uint64_t others = (bytes | (bytes + 0x0606060606060606U)) & 0xF0F0F0F0F0F0F0F0U;
-    if (others == 0) {
-      mantissa = mantissa * IntegerPowers[8] + ValueOfEightDigits(bytes);
-      at += 8;
-      continue;
-    }
-    const auto count = std::size_t(std::countr_zero(others)) / 8;
+    const std::uint64_t digits = LoadDigits(at);
+    const unsigned count = CountDigits(digits);
     if (count == 0) return at;
-    mantissa = mantissa * IntegerPowers[count] + ValueOfEightDigits(bytes << (64 - 8 * count));
-    return at + count;
+    mantissa = mantissa * IntegerPowers[count] + ValueOfEightDigits(digits << (64 - 8 * count));
+    at += count;
+    if (count < 8) return at;
   }
   for (; at != last && IsDigit(*at); ++at) mantissa = mantissa * 10 + std::uint64_t(*at - '0');
   return at;
