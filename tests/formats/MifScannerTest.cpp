@@ -2,7 +2,7 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/formats/StringParserU.h>
 #include <tessera/formats/SyntaxParser.h>
-#include <tessera/formats/detail/MidReader.h>
+#include <tessera/formats/detail/MidSplitter.h>
 #include <tessera/formats/detail/MifItems.h>
 #include <tessera/formats/detail/MifScanner.h>
 #include <tessera/formats/detail/MifText.h>
@@ -72,15 +72,15 @@ TEST(MifScannerTest, EndsAndCountsLinesAtFeedsReturnsAndPairsOfThem) {
 }
 
 /// What a scanner answers to random questions, the same for the same seed.
-std::string Answers(std::string_view text, std::size_t window, unsigned seed) {
+std::string Answers(std::string_view text, unsigned seed, std::size_t window = detail::MifScanner::DefaultWindow,
+                    const detail::LookAheadLimits &limits = detail::LookAheadLimits::Nothing()) {
   detail::MemorySource source(text);
-  detail::MifScanner scanner(source, '.', window);
+  detail::MifScanner scanner(source, '.', window, limits);
   std::mt19937 random(seed);
   std::string answers;
   TMapPoint vertices[3];
   while (!scanner.AtEnd()) {
     int count = 0;
-    TBounds bounds = TBounds::Empty();
     try {
       switch (random() % 4) {
         case 0: {
@@ -96,7 +96,7 @@ std::string Answers(std::string_view text, std::size_t window, unsigned seed) {
           answers += scanner.ReadCount(count) ? std::to_string(count) + ';' : "none;";
           break;
         default: {
-          const std::size_t done = scanner.ReadVertices(vertices, 3, bounds);
+          const std::size_t done = scanner.ReadVertices(vertices, 3);
           for (std::size_t i = 0; i < done; ++i) answers += std::to_string(vertices[i].X + 3 * vertices[i].Y) + ' ';
           scanner.ThrowIfMalformed();
         }
@@ -109,15 +109,51 @@ std::string Answers(std::string_view text, std::size_t window, unsigned seed) {
   return answers;
 }
 
-TEST(MifScannerTest, ReadsTheSameThroughAWindowOfAnySize) {
+/// Lines of two numbers, mostly, and what stands between them or looks like them.
+std::string RandomLines(std::mt19937 &random) {
+  const char *pieces[] = {"1 2\n", "-3.5  4\r\n", "\t7 8 \n", "9 1", "\n",     "\r",
+                          " ",     "12\n",        "1e2 3\n",  "5x",  "2 3 4\n"};
+  std::string text;
+  for (std::size_t i = random() % 25; i > 0; --i)
+    text += pieces[random() % (random() % 8 == 0 ? std::size(pieces) : 9)];
+  return text;
+}
+
+// Benchmark rows "load": the window slides, and vertices are read ahead.
+TEST(MifScannerTest, ReadsTheSameThroughAWindowOfAnySizeAndWithVerticesReadAhead) {
   std::mt19937 random(11);
   for (int i = 0; i < 5000; ++i) {
     std::string text(random() % 60, ' ');
     for (char &c : text) c = "\r\n\n  \t123.-e5x"[random() % 1000 < 20 ? 13 : random() % 13];
+    if (i % 2 == 0) text = RandomLines(random);
     const auto seed = unsigned(random());
+    const std::string plain = Answers(text, seed);
     const std::size_t window = 1 + random() % 30;
-    ASSERT_EQ(Answers(text, window, seed), Answers(text, detail::MifScanner::DefaultWindow, seed)) << text;
+    ASSERT_EQ(Answers(text, seed, window), plain) << text;
+    const detail::LookAheadLimits limits{
+        .chunkBytes = qint64(1 + random() % 20), .chunks = qint64(1 + random() % 4), .leastBytes = 0};
+    ASSERT_EQ(Answers(text, seed, window, limits), plain) << text << " in chunks of " << limits.chunkBytes;
   }
+}
+
+TEST(MifScannerTest, ListsTheVerticesThatStandInLinesOfTheirOwn) {
+  const std::string_view text = "5\n1 2\n 3\t4 \r\n\nPen (1,2,3)\n5e1 6\r7 8 9\n1\n2 3\n4 5";
+  detail::MemorySource source(text);
+  const auto listed = [&](qint64 begin, qint64 end) {
+    detail::VertexTable table;
+    detail::MifScanner(source, '.', 4).ListVertices(begin, end, table);
+    std::string found;
+    for (qint64 at = 0; at < qint64(text.size()); at = table.GetNextBegin(qint64(text.size()))) {
+      TMapPoint vertex{};
+      const auto taken = table.Take(at, &vertex, 1);
+      if (taken.count == 0) continue;
+      found += std::to_string(at) + ':' + std::to_string(int(vertex.X)) + ',' + std::to_string(int(vertex.Y)) + ' ';
+    }
+    return found;
+  };
+  EXPECT_EQ(listed(0, qint64(text.size())), "2:1,2 6:3,4 26:50,6 40:2,3 ");
+  EXPECT_EQ(listed(3, 7), "6:3,4 ") << "what begins in the chunk, though it ends behind";
+  EXPECT_EQ(listed(7, 26), "");
 }
 
 using detail::DecodeWindows1251;

@@ -19,13 +19,24 @@ FileSource::FileSource(const QString &fileName) : m_file(fileName) {
   m_size = m_file.size();
 }
 
+qint64 FileSource::ReadFile(qint64 position, char *out, qint64 size, QString &failure) {
+  const std::lock_guard lock(m_mutex);
+  const qint64 done = m_file.seek(position) ? m_file.read(out, size) : -1;
+  if (done < 0) failure = m_file.errorString();
+  if (done == 0) failure = QStringLiteral("Another program has cut it short.");
+  return std::max<qint64>(done, 0);
+}
+
 std::size_t FileSource::Read(qint64 position, char *out, std::size_t size) {
   const qint64 wanted = std::min(qint64(size), m_size - position);
   if (wanted <= 0 || !m_failure.isEmpty()) return 0;
-  const qint64 done = m_file.seek(position) ? m_file.read(out, wanted) : -1;
-  if (done < 0) m_failure = m_file.errorString();
-  if (done == 0) m_failure = QStringLiteral("Another program has cut it short.");
-  return std::size_t(std::max<qint64>(done, 0));
+  return std::size_t(ReadFile(position, out, wanted, m_failure));
+}
+
+std::size_t FileSource::ReadAside(qint64 position, char *out, std::size_t size) {
+  const qint64 wanted = std::min(qint64(size), m_size - position);
+  QString failure;
+  return wanted <= 0 ? 0 : std::size_t(ReadFile(position, out, wanted, failure));
 }
 
 void FileSource::ThrowIfFailed() const {

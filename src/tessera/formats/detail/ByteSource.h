@@ -5,6 +5,7 @@
 
 #include <QFile>
 
+#include <mutex>
 #include <string_view>
 
 namespace tessera::detail {
@@ -21,6 +22,8 @@ class TESSERA_CORE_EXPORT ByteSource {
   [[nodiscard]] virtual qint64 GetSize() const = 0;
   /// Copies up to `size` bytes from `position` on to `out`, and answers how many; 0 at the end, and after a failure.
   virtual std::size_t Read(qint64 position, char *out, std::size_t size) = 0;
+  /// The same, but a failure is not noted. May be called in another thread while the source is used in its own.
+  virtual std::size_t ReadAside(qint64 position, char *out, std::size_t size) = 0;
   /// @throws EInOutError when bytes could not be read.
   virtual void ThrowIfFailed() const {}
 };
@@ -32,6 +35,7 @@ class TESSERA_CORE_EXPORT MemorySource final : public ByteSource {
 
   [[nodiscard]] qint64 GetSize() const override { return qint64(m_bytes.size()); }
   std::size_t Read(qint64 position, char *out, std::size_t size) override;
+  std::size_t ReadAside(qint64 position, char *out, std::size_t size) override { return Read(position, out, size); }
 
  private:
   std::string_view m_bytes;
@@ -46,9 +50,14 @@ class TESSERA_CORE_EXPORT FileSource final : public ByteSource {
 
   [[nodiscard]] qint64 GetSize() const override { return m_size; }
   std::size_t Read(qint64 position, char *out, std::size_t size) override;
+  std::size_t ReadAside(qint64 position, char *out, std::size_t size) override;
   void ThrowIfFailed() const override;
 
  private:
+  /// How many bytes could be read; when none, `failure` tells why.
+  qint64 ReadFile(qint64 position, char *out, qint64 size, QString &failure);
+
+  std::mutex m_mutex;  // guards m_file, which has one position for all
   QFile m_file;
   qint64 m_size = 0;
   QString m_failure;

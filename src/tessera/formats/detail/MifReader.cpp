@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <span>
 
 namespace tessera::detail {
 namespace {
@@ -127,12 +128,13 @@ constexpr KeywordSet<FirstKind + KindCount> Keywords([] {
 
 }  // namespace
 
-MifReader::MifReader(TMapLayer &layer, ByteSource &mif, ByteSource *mid, TFormatReport &report)
+MifReader::MifReader(TMapLayer &layer, ByteSource &mif, ByteSource *mid, TFormatReport &report,
+                     const LookAheadLimits &limits)
     : m_layer(layer),
       m_watchedLayer(&layer),
       m_map(*layer.GetMapHost()),
-      m_mif(mif, DecimalSeparator()),
-      m_mid(mid),
+      m_mif(mif, DecimalSeparator(), MifScanner::DefaultWindow, limits),
+      m_mid(mid, limits),
       m_report(report),
       m_size(mif.GetSize()),
       m_emptyPartsLeft(MaxEmptyParts + m_size / EmptyPartBytes),
@@ -265,7 +267,8 @@ void MifReader::ReadPart(TParts &parts, int count) {
   const std::size_t wanted = std::min(std::size_t(std::max(count, 0)), m_mif.MostVertices());
   std::size_t done = 0;
   points.AppendInPlace(wanted, [&](TMapPoint *first, TBounds &bounds) {
-    done = m_mif.ReadVertices(first, wanted, bounds);
+    done = m_mif.ReadVertices(first, wanted);
+    for (const TMapPoint &point : std::span(first, done)) bounds.Widen(point.X, point.Y);
     return done;
   });
   if (done < wanted) part.SetPoints(points.Clone());  // gives back the room

@@ -22,10 +22,14 @@ namespace detail {
 ///
 /// A line is understood by the keywords that occur in it, wherever that is. A line without any is passed over. The last
 /// line of the file is never looked at; an object there is not read, which is intended.
+///
+/// Of long files vertices and values further on are read in other threads, where there are cores for that. Layer,
+/// objects and report are touched in the caller's alone.
 class TESSERA_CORE_EXPORT MifReader {
  public:
   /// What is given must outlive the reader; there may be no data file. @pre the layer is on a map.
-  MifReader(TMapLayer &layer, ByteSource &mif, ByteSource *mid, TFormatReport &report);
+  MifReader(TMapLayer &layer, ByteSource &mif, ByteSource *mid, TFormatReport &report,
+            const LookAheadLimits &limits = LookAheadLimits::OfMachine());
 
   /// Reads to the end, or to the first thing that cannot be understood; the objects up to there stay in the layer.
   /// @throws EConvertError, ERangeError; EInOutError when a file cannot be read to its end

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/detail/Numbers.h>
+#include <tessera/base/detail/PlainNumber.h>
 #include <tessera/formats/detail/MifItems.h>
 #include <tessera/formats/detail/MifScanner.h>
 #include <tessera/formats/detail/MifText.h>
 
 #include <algorithm>
 #include <cstring>
+#include <system_error>
 
 namespace tessera::detail {
 
@@ -14,17 +16,31 @@ namespace {
 /// Behind a pair of a return and a feed there has to be one byte more in the window, so that AtEnd finds it without
 /// moving the window, and with it the line.
 constexpr std::ptrdiff_t PairAndOne = 3;
+/// Zeros behind the window, so that no number reaches beyond them and the fast way need not look where it ends.
+constexpr std::size_t Margin = 32;
+static_assert(Margin >= PlainNumberBytes);
+
+bool IsBlankInLine(char c) {
+  return c == ' ' || c == '\t';
+}
+
+const char *SkipBlanksInLine(const char *at) {
+  while (IsBlankInLine(*at)) ++at;
+  return at;
+}
 
 }  // namespace
 
-MifScanner::MifScanner(ByteSource &source, char separator, std::size_t window)
+MifScanner::MifScanner(ByteSource &source, char separator, std::size_t window, const LookAheadLimits &limits)
     : m_source(source),
       m_separator(separator),
-      m_window(std::min(window, std::size_t(source.GetSize()) + 1)),
+      m_window(std::min(window, std::size_t(source.GetSize()) + 1) + Margin),
       m_last(m_window.data()),
       m_at(m_last),
       m_lineFeed(m_last),
-      m_carriageReturn(m_last) {}
+      m_carriageReturn(m_last),
+      m_stop(limits.AreWorthIt(source.GetSize()) ? 0 : Never),
+      m_limits(limits) {}
 
 inline void MifScanner::PassLineEnd(const char *lineEnd) {
   m_at = lineEnd;
@@ -47,12 +63,16 @@ inline void MifScanner::Search(const char *&lineEnd, char byte, const char *from
   lineEnd = found ? static_cast<const char *>(found) : m_last;
 }
 
+std::size_t MifScanner::WindowSize() const {
+  return m_window.size() - Margin;
+}
+
 bool MifScanner::ReadMore() {
   if (m_reachesEnd) return false;
   const auto kept = std::size_t(m_last - m_at);
   const qint64 end = PositionOf(m_last);
-  if (kept > m_window.size() / 2) {
-    std::vector<char> larger(2 * m_window.size());
+  if (kept > WindowSize() / 2) {
+    std::vector<char> larger(2 * WindowSize() + Margin);
     std::copy(m_at, m_last, larger.data());
     m_window.swap(larger);
   } else if (kept > 0 && m_at != m_window.data()) {
@@ -60,7 +80,7 @@ bool MifScanner::ReadMore() {
   }
   m_windowStart = end - qint64(kept);
   m_at = m_window.data();
-  const std::size_t added = m_source.Read(end, m_window.data() + kept, m_window.size() - kept);
+  const std::size_t added = m_source.Read(end, m_window.data() + kept, WindowSize() - kept);
   m_last = m_at + kept + added;
   Search(m_lineFeed, '\n', m_at);
   Search(m_carriageReturn, '\r', m_at);
@@ -148,25 +168,120 @@ bool MifScanner::ReadAnyVertex(TMapPoint &vertex) {
   return false;
 }
 
-inline bool MifScanner::ReadPlainVertex(TMapPoint &vertex) {
-  const char *x = SkipBlanks(m_at);
-  const char *end = x == m_last ? nullptr : ReadNumber(x, vertex.X);
-  const char *y = end == nullptr ? m_last : SkipBlanks(end);
-  end = y == m_last ? nullptr : ReadNumber(y, vertex.Y);
-  if (end == nullptr || m_last - end < PairAndOne || (*end != '\n' && *end != '\r')) return false;
-  m_mark = PositionOf(x);
-  PassLineEnd(end);
-  return true;
+inline const char *MifScanner::ReadNumberInLine(const char *at, double &value) const {
+  at = SkipBlanksInLine(at);
+  const char *end = ReadPlainNumber(at, m_separator, value);
+  if (end != nullptr && IsMifBlank(*end)) return end;
+  return at < m_last ? ReadNumber(at, value) : nullptr;
 }
 
-std::size_t MifScanner::ReadVertices(TMapPoint *vertices, std::size_t count, TBounds &bounds) {
-  for (std::size_t done = 0; done < count; ++done) {
+template <typename Store>
+inline void MifScanner::ReadPlainVertices(const Store &store) {
+  const char *stop = m_at + std::clamp<qint64>(m_stop - GetPosition(), 0, m_last - m_at);
+  const char *at = m_at;
+  const char *line = nullptr;
+  while (at < stop) {
     TMapPoint vertex;
-    if (!ReadPlainVertex(vertex) && !ReadAnyVertex(vertex)) return done;
-    vertices[done] = vertex;
-    bounds.Widen(vertex.X, vertex.Y);
+    const char *end = ReadNumberInLine(at, vertex.X);
+    if (end == nullptr || !IsBlankInLine(*end)) break;
+    end = ReadNumberInLine(end, vertex.Y);
+    if (end != nullptr) end = SkipBlanksInLine(end);
+    if (end == nullptr || m_last - end < PairAndOne || (*end != '\n' && *end != '\r')) break;
+    line = at;
+    at = end + (end[0] == '\r' && end[1] == '\n' ? 2 : 1);
+    if (!store(vertex, line, at)) break;
   }
-  return count;
+  if (line != nullptr) m_mark = PositionOf(line);
+  m_at = at;
+}
+
+std::size_t MifScanner::CopyPlainVertices(TMapPoint *vertices, std::size_t count) {
+  const TMapPoint *last = vertices + count;
+  TMapPoint *next = vertices;
+  ReadPlainVertices([&](const TMapPoint &vertex, const char *, const char *) {
+    *next++ = vertex;
+    return next != last;
+  });
+  return std::size_t(next - vertices);
+}
+
+std::size_t MifScanner::ReadVertices(TMapPoint *vertices, std::size_t count) {
+  std::size_t done = 0;
+  while (done < count) {
+    if (GetPosition() >= m_stop) done += TakeAhead(vertices + done, count - done);
+    if (done < count) done += CopyPlainVertices(vertices + done, count - done);
+    if (done == count || GetPosition() >= m_stop) continue;
+    if (!ReadAnyVertex(vertices[done])) break;
+    ++done;
+  }
+  return done;
+}
+
+void MifScanner::StartLookAhead() {
+  struct Reader {
+    AsideSource source;
+    MifScanner scanner;
+    Reader(ByteSource &of, char separator) : source(of), scanner(source, separator) {}
+  };
+  m_stop = Never;
+  try {
+    const auto reader = std::make_shared<Reader>(m_source, m_separator);
+    const auto list = [reader](qint64 begin, qint64 end, VertexTable &table) {
+      reader->scanner.ListVertices(begin, end, table);
+    };
+    m_ahead = std::make_unique<LookAhead<VertexTable>>(GetPosition(), m_source.GetSize(), list, m_limits);
+  } catch (const std::system_error &) {  // NOLINT(bugprone-empty-catch): one thread is enough
+  }
+}
+
+std::size_t MifScanner::TakeAhead(TMapPoint *vertices, std::size_t count) {
+  if (!m_ahead) StartLookAhead();
+  if (!m_ahead) return 0;
+  VertexTable *table = m_ahead->At(GetPosition());
+  m_stop = m_ahead->GetChunkEnd();
+  if (table == nullptr) return 0;
+  const VertexTable::Taken taken = table->Take(GetPosition(), vertices, count);
+  if (taken.count > 0) {
+    m_mark = taken.lastBegin;
+    MoveTo(taken.end);
+  }
+  m_stop = table->GetNextBegin(m_stop);
+  return taken.count;
+}
+
+void MifScanner::MoveTo(qint64 position) {
+  if (position <= PositionOf(m_last)) {
+    m_at = m_last - (PositionOf(m_last) - position);
+    return;
+  }
+  m_windowStart = position;
+  m_at = m_last = m_lineFeed = m_carriageReturn = m_window.data();
+  m_reachesEnd = false;
+}
+
+void MifScanner::MoveToLine(qint64 position) {
+  if (GetPosition() >= position) return;
+  MoveTo(position - 1);
+  ReadLine();
+}
+
+void MifScanner::ListVertices(qint64 begin, qint64 end, VertexTable &table) {
+  table.Restart(begin);
+  const auto add = [&](const TMapPoint &vertex, const char *line, const char *lineEnd) {
+    table.Add(vertex, PositionOf(line), PositionOf(lineEnd));
+    return true;
+  };
+  MoveToLine(begin);
+  m_stop = end;
+  while (GetPosition() < end && !AtEnd()) {
+    const qint64 position = GetPosition();
+    ReadPlainVertices(add);
+    if (GetPosition() != position) continue;
+    // It is another line, or the end of the window cuts it.
+    static_cast<void>(FindLineEnd());
+    ReadPlainVertices(add);
+    if (GetPosition() == position) ReadLine();
+  }
 }
 
 void MifScanner::ThrowIfMalformed() {
