@@ -97,6 +97,9 @@ TEST_F(RenderCommandTest, TellsWhatItTookInOneLineOfJson) {
   EXPECT_EQ(run.out.find('\n'), run.out.size() - 1);
   const QJsonObject line = QJsonDocument::fromJson(QByteArray::fromStdString(run.out)).object();
   EXPECT_EQ(line[u"rebuildMs"].toArray().size(), 3) << run.out;
+  EXPECT_EQ(line[u"firstFrameMs"], line[u"rebuildMs"][0]);
+  const double later[] = {line[u"rebuildMs"][1].toDouble(), line[u"rebuildMs"][2].toDouble()};
+  EXPECT_EQ(line[u"laterFrameMs"].toDouble(), std::max(later[0], later[1]));
   EXPECT_EQ(line[u"verticesDrawn"].toInt(), 18);
   EXPECT_GT(line[u"peakMemoryKiB"].toInt(), 1000);
 }

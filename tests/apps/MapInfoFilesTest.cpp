@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace tessera::test {
 namespace {
 
@@ -68,6 +70,55 @@ TEST_F(TMapInfoFilesTest, TellsFilesOfPlainShapesFromOthers) {
   Write("Version 300\nColumns 0\n", "");
   EXPECT_FALSE(HoldsOnlyPlainShapes(Mif(), Mid()));
   EXPECT_FALSE(HoldsOnlyPlainShapes(Mif() + u'x', Mid()));
+}
+
+/// HoldsOnlyPlainShapes, line by line.
+bool IsPlainLineByLine(const QByteArray &mif, const QByteArray &mid) {
+  bool isInHeader = true;
+  bool endsInPoint = false;
+  for (const QByteArray &whole : mif.split('\n')) {
+    const QByteArray line = whole.trimmed();
+    if (line.isEmpty()) continue;
+    endsInPoint = !isInHeader && line.toLower().startsWith("po");
+    if (!isInHeader && QByteArray("0123456789-+.").contains(line[0])) continue;
+    if (!apps::IsPlainMifLine(line.toStdString(), isInHeader)) return false;
+    if (line.toLower() == "data") isInHeader = false;
+  }
+  for (const QByteArray &line : mid.split('\n')) {
+    const QList<QByteArray> pieces = line.split('"');
+    if (pieces.size() % 2 == 0) return false;
+    for (qsizetype i = 1; i < pieces.size(); i += 2) {
+      const bool isDoubled = i + 2 < pieces.size() && pieces[i + 1].isEmpty();
+      if (isDoubled || pieces[i].contains(',') || pieces[i].contains(';') || pieces[i].contains('\t')) return false;
+    }
+  }
+  return !isInHeader && !endsInPoint;
+}
+
+TEST_F(TMapInfoFilesTest, TellsRandomFilesApartAsLineByLine) {
+  std::mt19937 random(17);
+  const char *lines[] = {"Pline 2\n",     "1 2\n",         "\t-3 4e5\r\n", "region   12\n", "POINT 1  2\n",
+                         "Center 0 0\n",  "Pen (1,2,5)\n", "\n",           "5.5 (6\n",      "point a b c\n",
+                         "pLine 12x\n",   "Pen (2,2,5)\n", "(1 2)\n",      "Point 1\n",     "Region\n",
+                         "\x1fpline 5\n", "pointy 1 2\n",  "Smooth\n",     "Data\n"};
+  const char *values[] = {"\"a\",1\n", "1,\"\"\n",     "\n",    "\"b\"\r\n",
+                          "\"a;b\"\n", "\"a\"\"b\"\n", "\"a\n", "a\"b\"c\n"};
+  int plainCount = 0;
+  for (int i = 0; i < 1000; ++i) {
+    QByteArray mif(random() % 20 == 0 ? "Data" : Header);
+    QByteArray mid;
+    for (std::size_t k = random() % 12; k > 0; --k) {
+      mif += lines[random() % (i % 2 == 0 ? 8 : std::size(lines))];
+      if (random() % 4 == 0) mif += QByteArray("10.25 -20.5\n").repeated(int(random() % 30));
+      mid += values[random() % (i % 3 == 0 ? std::size(values) : 4)];
+    }
+    if (random() % 8 == 0) mif.chop(1);
+    Write(mif, mid);
+    const bool isPlain = IsPlainLineByLine(mif, mid);
+    ASSERT_EQ(HoldsOnlyPlainShapes(Mif(), Mid()), isPlain) << mif.toStdString() << mid.toStdString();
+    plainCount += isPlain ? 1 : 0;
+  }
+  EXPECT_GT(plainCount, 150);
 }
 
 TEST_F(TMapInfoFilesTest, GivesTheSameForPlainShapesTheFastWay) {

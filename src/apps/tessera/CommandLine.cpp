@@ -2,6 +2,7 @@
 #include <apps/tessera/CommandLine.h>
 
 #include <cstdio>
+#include <memory>
 
 namespace tessera::apps {
 namespace {
@@ -32,6 +33,11 @@ QStringList FilesOf(const QCommandLineParser &parser) {
   const QStringList files = parser.positionalArguments().mid(1);
   if (files.isEmpty()) throw EUsageError(QStringLiteral("no file is named"));
   return files;
+}
+
+TTessera &CommandMap() {
+  static TTessera *const map = std::make_unique<TTessera>().release();
+  return *map;
 }
 
 void Print(const QString &text) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <tessera/layers/MapFiles.h>
+#include <tessera/map/TTessera.h>
 
 #include <QCommandLineParser>
 
@@ -27,6 +28,10 @@ void SetUpParser(QCommandLineParser &parser, const QString &description, const Q
 [[nodiscard]] bool Parse(QCommandLineParser &parser, const QStringList &arguments);
 /// The files named behind the command. @throws EUsageError without any.
 [[nodiscard]] QStringList FilesOf(const QCommandLineParser &parser);
+
+/// The map that the commands work on. It is never taken apart, since the process ends with the command and the system
+/// gives back the memory of a million objects at once.
+[[nodiscard]] TTessera &CommandMap();
 
 /// Writes a text to standard output as it stands.
 void Print(const QString &text);

@@ -53,7 +53,7 @@ int RunConvert(const QStringList &arguments) {
   if (files.size() != 2) throw EUsageError(QStringLiteral("a file to read and one to write are to be named"));
   SetUpProvider(files[1], parser.value(CharsetOption));
 
-  TTessera map;
+  TTessera &map = CommandMap();
   const TerminalProgress progress(map);
   const TLoadedFile loaded = LoadMapFile(*map.GetLayers(), files[0]);
   if (loaded.layer == nullptr) {

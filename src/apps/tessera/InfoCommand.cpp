@@ -23,7 +23,7 @@ int RunInfo(const QStringList &arguments) {
   const QStringList files = FilesOf(parser);
   const bool asJson = parser.isSet(JsonOption);
 
-  TTessera map;
+  TTessera &map = CommandMap();
   const TerminalProgress progress(map);
   QJsonArray layers;
   int status = esDone;
@@ -38,8 +38,8 @@ int RunInfo(const QStringList &arguments) {
         Print(ToText(loaded, info));
       }
     }
-    // One file at a time is enough to hold.
-    map.GetLayers()->Clear();
+    // One file at a time is enough to hold, and the last one goes with the process.
+    if (&file != &files.back()) map.GetLayers()->Clear();
   }
   if (asJson) Print(QString::fromUtf8(QJsonDocument(QJsonObject{{QStringLiteral("layers"), layers}}).toJson()));
   return status;

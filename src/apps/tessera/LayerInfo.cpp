@@ -13,11 +13,11 @@
 namespace tessera::apps {
 namespace {
 
-/// The name of the object's class without its namespace.
-QString ClassNameOf(const TCustomMapObject &object) {
+/// The name of a class without its namespace.
+QString ClassNameOf(const std::type_info &type) {
   int status = 0;
-  const std::unique_ptr<char, decltype(&std::free)> name(
-      abi::__cxa_demangle(typeid(object).name(), nullptr, nullptr, &status), std::free);
+  const std::unique_ptr<char, decltype(&std::free)> name(abi::__cxa_demangle(type.name(), nullptr, nullptr, &status),
+                                                         std::free);
   return QString::fromLatin1(name.get()).section(QStringLiteral("::"), -1);
 }
 
@@ -91,9 +91,16 @@ qint64 CountVertices(const TCustomMapObject &object) {
 
 TLayerInfo Inspect(const TMapLayer &layer) {
   TLayerInfo info;
+  const std::type_info *type = nullptr;
+  qint64 *countOfType = nullptr;
   for (int i = 0; i < layer.GetObjectCount(); ++i) {
     const TCustomMapObject &object = *layer.GetObjects(i);
-    ++info.objects[ClassNameOf(object)];
+    // Mostly objects of one class follow on each other; names take long.
+    if (type == nullptr || *type != typeid(object)) {
+      type = &typeid(object);
+      countOfType = &info.objects[ClassNameOf(*type)];
+    }
+    ++*countOfType;
     info.parts += object.GetParts().GetCount();
     info.vertices += CountVertices(object);
   }

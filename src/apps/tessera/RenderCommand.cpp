@@ -12,7 +12,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <numeric>
+#include <vector>
 
 namespace tessera::apps {
 namespace {
@@ -53,14 +55,24 @@ QJsonValue PeakMemoryKiB() {
   return QJsonValue::Null;
 }
 
+/// The middle of the frames after the first, for which more is worked out; null when there is none.
+QJsonValue LaterFrameMs(std::vector<double> framesMs) {
+  if (framesMs.size() < 2) return QJsonValue::Null;
+  const auto middle = framesMs.begin() + 1 + std::ptrdiff_t(framesMs.size() - 1) / 2;
+  std::nth_element(framesMs.begin() + 1, middle, framesMs.end());
+  return *middle;
+}
+
 /// Makes the picture as often as asked and prints what it took.
 void PrintTimings(TTessera &map, int rebuilds, double loadMs) {
+  std::vector<double> framesMs;
   QJsonArray rebuildMs;
   for (int i = 0; i < rebuilds; ++i) {
     QElapsedTimer timer;
     timer.start();
     map.PaintMapToBitmap();
-    rebuildMs.append(MsSince(timer));
+    framesMs.push_back(MsSince(timer));
+    rebuildMs.append(framesMs.back());
   }
   const auto drawn = map.GetDisplayed()->Items();
   const qint64 vertices =
@@ -68,6 +80,8 @@ void PrintTimings(TTessera &map, int rebuilds, double loadMs) {
                       [](qint64 sum, const TCustomMapObject *object) { return sum + CountVertices(*object); });
   const QJsonObject line{{QStringLiteral("loadMs"), loadMs},
                          {QStringLiteral("rebuildMs"), rebuildMs},
+                         {QStringLiteral("firstFrameMs"), framesMs.front()},
+                         {QStringLiteral("laterFrameMs"), LaterFrameMs(framesMs)},
                          {QStringLiteral("objectsDrawn"), qint64(drawn.size())},
                          {QStringLiteral("verticesDrawn"), vertices},
                          {QStringLiteral("peakMemoryKiB"), PeakMemoryKiB()}};
@@ -80,7 +94,7 @@ int RunRender(const QStringList &arguments) {
   const auto options = ParseRenderOptions(arguments);
   if (!options) return esDone;
 
-  TTessera map;
+  TTessera &map = CommandMap();
   const TerminalProgress progress(map);
   map.resize(options->sizePx);
   QElapsedTimer timer;

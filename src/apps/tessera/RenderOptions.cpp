@@ -34,7 +34,8 @@ void AddOptions(QCommandLineParser &parser) {
       {FitOption, QStringLiteral("Shows all of the data. This is so without --center and --zoom.")},
       {TimingsOption,
        QStringLiteral("Makes the picture N times (5 without =N) and prints a line of JSON: the milliseconds of "
-                      "loading and of each time, what was drawn, and the most memory used in KiB."),
+                      "loading, of each time, of the first one and of the middle one of the others, what was drawn, "
+                      "and the most memory used in KiB."),
        QStringLiteral("N")},
   });
 }
