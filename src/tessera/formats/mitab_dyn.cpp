@@ -9,18 +9,18 @@
 namespace tessera {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-#define TESSERA_HAS_ADDRESS_SANITIZER
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define TESSERA_HAS_SANITIZER
 #elif defined(__has_feature)
 #if __has_feature(address_sanitizer)
-#define TESSERA_HAS_ADDRESS_SANITIZER
+#define TESSERA_HAS_SANITIZER
 #endif
 #endif
 
-/// The library must find its own functions before those of the same names in another one of the process. The address
-/// sanitizer ends a process that asks for this.
+/// The library must find its own functions before those of the same names in another one of the process. The sanitizers
+/// end a process that asks for this.
 QLibrary::LoadHints Hints() {
-#ifdef TESSERA_HAS_ADDRESS_SANITIZER
+#ifdef TESSERA_HAS_SANITIZER
   return QLibrary::ResolveAllSymbolsHint;
 #else
   return QLibrary::ResolveAllSymbolsHint | QLibrary::DeepBindHint;
