@@ -6,6 +6,7 @@
 #include "GridBench.h"
 #include "InputBench.h"
 #include "LabelBench.h"
+#include "ProgramBench.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -15,6 +16,7 @@
 #include <QLocale>
 #include <QTextStream>
 
+#include <memory>
 #include <stdexcept>
 
 namespace tessera::bench {
@@ -46,8 +48,9 @@ void DescribeOptions(QCommandLineParser &parser) {
        QStringLiteral("n"), QStringLiteral("3")},
       {QStringLiteral("sets"),
        QStringLiteral("Measure only these of the sets L, R, P, s and l (P with one small or large symbol), T"
-                      " (labels), E (editing), H (input, on L), B (the attribute grid, on P) and C (circles)."),
-       QStringLiteral("letters"), QStringLiteral("LRPslTEHBC")},
+                      " (labels), E (editing), H (input, on L), B (the attribute grid, on P), C (circles) and W"
+                      " (the program tessera, on L, R and P)."),
+       QStringLiteral("letters"), QStringLiteral("LRPslTEHBCW")},
       {QStringLiteral("data"), QStringLiteral("Keep the sets in <directory>."), QStringLiteral("directory"),
        QDir::temp().filePath(QStringLiteral("tessera-bench"))},
       {QStringLiteral("draw"), QStringLiteral("Measure drawing only.")},
@@ -91,6 +94,13 @@ void MeasureOtherSets(const QCommandLineParser &parser, const FileBenchSettings 
   if (sets.contains(u'C')) MeasureCircles(PictureSize, table, settings.fastRuns);
   if (settings.drawsOnly) return;
   const QString directory = parser.value(QStringLiteral("data"));
+  if (sets.contains(u'W')) {
+    for (const auto &[set, timesGdal] :
+         {std::pair(BenchSet::Regions, 18), std::pair(BenchSet::Lines, 15), std::pair(BenchSet::Points, 12)}) {
+      ProgramBench(NameOf(set), EnsureSet(set, ScaleOf(parser), directory), timesGdal, PictureSize, table)
+          .Run(settings.slowRuns);
+    }
+  }
   if (sets.contains(u'H')) {
     InputBench(EnsureSet(BenchSet::Regions, ScaleOf(parser), directory), PictureSize, table).Run(settings.fastRuns);
   }
@@ -135,6 +145,12 @@ int main(int argc, char **argv) {
   QLocale::setDefault(QLocale::c());
   const QApplication application(argc, argv);
   try {
+    if (argc == 3 && QByteArrayView(argv[1]) == tessera::bench::ReadWithGdal) {
+      // Kept to the end of the process, as the program does.
+      static const tessera::bench::GdalMap *const map =
+          std::make_unique<tessera::bench::GdalMap>(QString::fromLocal8Bit(argv[2])).release();
+      return map == nullptr ? 1 : 0;
+    }
     QCommandLineParser parser;
     tessera::bench::DescribeOptions(parser);
     parser.process(application);
