@@ -40,14 +40,28 @@ inline constexpr std::array<std::uint64_t, 9> IntegerPowers = {1,       10,     
   return (((digits & Mask) * HundredAndMillion) + (((digits >> 16U) & Mask) * OneAndTenThousand)) >> 32U;
 }
 
+/// Where among the 16 bytes from `at` on the first stands that is a blank or below it; 16 when none does.
+[[nodiscard]] inline unsigned FindBlank(const char *at) {
+  // Sets the top bit of a byte that is less than '!'. A borrow only reaches bytes behind such a one.
+  const auto blanksIn = [](std::uint64_t bytes) {
+    return (bytes - 0x2121212121212121U) & ~bytes & 0x8080808080808080U;
+  };
+  const std::uint64_t first = blanksIn(qFromLittleEndian<std::uint64_t>(at));
+  const std::uint64_t second = blanksIn(qFromLittleEndian<std::uint64_t>(at + 8));
+  return unsigned(first != 0 ? std::countr_zero(first) : 64 + std::countr_zero(second)) / 8;
+}
+
 /// The bytes from the start of a number that ReadPlainNumber may look at.
 inline constexpr std::size_t PlainNumberBytes = 18;
 
-/// ReadFloat for numbers as files of coordinates have them: a minus or none, one to seven digits, and the separator
-/// with further ones, up to 15 in all. Gives the same bits. Others are for ReadFloat: where the answer is nullptr, and
-/// where the byte that it points to could still belong to the number. There is no branch on the number of digits, since
-/// each number has another. @pre PlainNumberBytes can be read
+/// ReadFloat for numbers as files of coordinates have them: a minus or none, one to seven digits, the separator and
+/// further ones or neither, up to 16 bytes. Gives the same bits. Others are for ReadFloat: where the answer is nullptr,
+/// and where no blank stands behind the number, to which it points.
+///
+/// Where the next number begins does not wait for the digits of this one, and there is no branch on how many they are.
+/// @pre PlainNumberBytes can be read
 [[nodiscard]] inline const char *ReadPlainNumber(const char *at, char separator, double &value) {
+  const char *end = at + FindBlank(at);
   const std::uint64_t sign = *at == '-' ? 1 : 0;
   at += sign;
   const std::uint64_t first = LoadDigits(at);
@@ -59,7 +73,7 @@ inline constexpr std::size_t PlainNumberBytes = 18;
   };
   if (at[whole] != separator) {
     value = withSign(double(std::int64_t(ValueOfEightDigits(first << (64 - 8 * whole)))));
-    return at + whole;
+    return at + whole == end ? end : nullptr;
   }
   // The digits close up over the separator; a byte that is no digit comes in from above.
   const std::uint64_t before = (std::uint64_t(1) << 8 * whole) - 1;
@@ -71,7 +85,7 @@ inline constexpr std::size_t PlainNumberBytes = 18;
                                  ValueOfEightDigits(high << 8U << (56 - 8 * highCount));
   // Both operands are exact, so the one rounding of the division is the correct one.
   value = withSign(double(std::int64_t(mantissa)) / ExactPowers[lowCount + highCount - whole]);
-  return at + 1 + lowCount + highCount;
+  return at + 1 + lowCount + highCount == end ? end : nullptr;
 }
 
 }  // namespace tessera::detail

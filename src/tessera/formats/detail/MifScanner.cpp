@@ -181,15 +181,17 @@ inline void MifScanner::ReadPlainVertices(const Store &store) {
   const char *at = m_at;
   const char *line = nullptr;
   while (at < stop) {
-    TMapPoint vertex;
-    const char *end = ReadNumberInLine(at, vertex.X);
+    // Not at once as a point, which would be waited for until both numbers have reached the memory.
+    double x = 0;
+    double y = 0;
+    const char *end = ReadNumberInLine(at, x);
     if (end == nullptr || !IsBlankInLine(*end)) break;
-    end = ReadNumberInLine(end, vertex.Y);
+    end = ReadNumberInLine(end, y);
     if (end != nullptr) end = SkipBlanksInLine(end);
     if (end == nullptr || m_last - end < PairAndOne || (*end != '\n' && *end != '\r')) break;
     line = at;
     at = end + (end[0] == '\r' && end[1] == '\n' ? 2 : 1);
-    if (!store(vertex, line, at)) break;
+    if (!store(x, y, line, at)) break;
   }
   if (line != nullptr) m_mark = PositionOf(line);
   m_at = at;
@@ -198,8 +200,10 @@ inline void MifScanner::ReadPlainVertices(const Store &store) {
 std::size_t MifScanner::CopyPlainVertices(TMapPoint *vertices, std::size_t count) {
   const TMapPoint *last = vertices + count;
   TMapPoint *next = vertices;
-  ReadPlainVertices([&](const TMapPoint &vertex, const char *, const char *) {
-    *next++ = vertex;
+  ReadPlainVertices([&](double x, double y, const char *, const char *) {
+    next->X = x;
+    next->Y = y;
+    ++next;
     return next != last;
   });
   return std::size_t(next - vertices);
@@ -267,8 +271,8 @@ void MifScanner::MoveToLine(qint64 position) {
 
 void MifScanner::ListVertices(qint64 begin, qint64 end, VertexTable &table) {
   table.Restart(begin);
-  const auto add = [&](const TMapPoint &vertex, const char *line, const char *lineEnd) {
-    table.Add(vertex, PositionOf(line), PositionOf(lineEnd));
+  const auto add = [&](double x, double y, const char *line, const char *lineEnd) {
+    table.Add({x, y}, PositionOf(line), PositionOf(lineEnd));
     return true;
   };
   MoveToLine(begin);

@@ -72,7 +72,7 @@ class TESSERA_CORE_EXPORT MifScanner {
   [[nodiscard]] const char *FindLineEnd();
   /// Moves to the start of the line after the end at `lineEnd`.
   void PassLineEnd(const char *lineEnd);
-  /// Reads vertices that each stand in a line of their own, as nearly all do, and calls store(vertex, begin, end) with
+  /// Reads vertices that each stand in a line of their own, as nearly all do, and calls store(x, y, begin, end) with
   /// the place of the line. Stops when that answers false, before the first that is not so plain, at m_stop, and at the
   /// end of the window.
   template <typename Store>
