@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <typeinfo>
 
 namespace tessera::detail {
 namespace {
@@ -128,15 +129,15 @@ void MifStyles::Keep(Known clause, std::size_t home) {
 }
 
 bool MifStyles::Apply(std::string_view line, TCustomMapObject &object) {
-  const TObjectStylePtr before = object.GetStyle();
+  const TObjectStyle *style = object.GetStyle().constData();
   const bool isKept = line.size() <= LongestKnown;
-  const std::size_t home = isKept ? HashOf(line, before.constData()) : 0;
+  const std::size_t home = isKept ? HashOf(line, style) : 0;
   const auto apply = [&object](const Known &clause) {
     object.SetStyle(clause.after);
     if (clause.shape == NoShapeGiven) return;
-    if (auto *symbol = dynamic_cast<TSymbol *>(&object)) symbol->SetShape(clause.shape);
+    if (typeid(object) == typeid(TSymbol)) static_cast<TSymbol &>(object).SetShape(clause.shape);
   };
-  const Known *known = isKept && !line.empty() ? Find(line, before.constData(), home) : nullptr;
+  const Known *known = isKept && !line.empty() ? Find(line, style, home) : nullptr;
   if (known != nullptr) {
     apply(*known);
     return true;
@@ -148,7 +149,7 @@ bool MifStyles::Apply(std::string_view line, TCustomMapObject &object) {
     m_hasLostCenters = m_hasLostCenters || attribute == TObjectAttribute::oaCenter;
     return true;
   }
-  Known clause = Read(attribute, line, before);
+  Known clause = Read(attribute, line, object.GetStyle());
   apply(clause);
   if (isKept) Keep(std::move(clause), home);
   return true;
