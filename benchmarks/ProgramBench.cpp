@@ -5,26 +5,23 @@
 #include "TesseraSide.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <chrono>
 #include <fcntl.h>
 #include <memory>
 #include <spawn.h>
 #include <stdexcept>
-#include <sys/resource.h>
 #include <sys/wait.h>
+#include <thread>
 
 namespace tessera::bench {
 namespace {
 
-struct ProcessUse {
-  double seconds = 0;
-  double peakBytes = 0;
-};
-
-/// Runs a program to its end. @throws std::runtime_error when it fails
-ProcessUse RunProcess(const QStringList &words) {
+/// Starts a program that says nothing. @throws std::runtime_error when it cannot be started
+pid_t Start(const QStringList &words) {
   std::vector<std::string> texts;
   for (const QString &word : words) texts.push_back(word.toStdString());
   std::vector<char *> argv;
@@ -35,16 +32,47 @@ ProcessUse RunProcess(const QStringList &words) {
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
   posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-  rusage use{};
-  int status = -1;
-  const double seconds = SecondsOf([&] {
-    pid_t process = 0;
-    if (posix_spawn(&process, argv[0], &actions, nullptr, argv.data(), environ) == 0) wait4(process, &status, 0, &use);
-  });
+  pid_t process = 0;
+  const int error = posix_spawn(&process, argv[0], &actions, nullptr, argv.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
-  if (status != 0) throw std::runtime_error(texts[0] + " failed");
-  constexpr double KiB = 1024;
-  return {seconds, static_cast<double>(use.ru_maxrss) * KiB};
+  if (error != 0) throw std::runtime_error(texts[0] + " cannot be started");
+  return process;
+}
+
+void ThrowUnlessDone(int status) {
+  if (status != 0) throw std::runtime_error("a program that was to be measured has failed");
+}
+
+double SecondsOfProcess(const QStringList &words) {
+  int status = -1;
+  const double seconds = SecondsOf([&] { waitpid(Start(words), &status, 0); });
+  ThrowUnlessDone(status);
+  return seconds;
+}
+
+/// The memory of a process now, without the pages of files.
+double AnonymousBytes(pid_t process) {
+  QFile file(QStringLiteral("/proc/%1/status").arg(process));
+  if (!file.open(QIODevice::ReadOnly)) return 0;
+  constexpr QByteArrayView Name = "RssAnon:";
+  for (const QByteArray &line : file.readAll().split('\n')) {
+    constexpr double KiB = 1024;
+    if (line.startsWith(Name)) return KiB * line.mid(Name.size()).simplified().split(' ').first().toDouble();
+  }
+  return 0;
+}
+
+/// The most that is seen every millisecond. What the system counts for a child begins with what its parent has.
+double PeakOfProcess(const QStringList &words) {
+  const pid_t process = Start(words);
+  double peak = 0;
+  int status = -1;
+  while (waitpid(process, &status, WNOHANG) == 0) {
+    peak = std::max(peak, AnonymousBytes(process));
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  ThrowUnlessDone(status);
+  return peak;
 }
 
 const QString Program = QStringLiteral(TESSERA_PROGRAM);
@@ -78,7 +106,7 @@ void ProgramBench::Run(int runs) {
 
 void ProgramBench::MeasureTime(const Command &command, int runs) {
   constexpr double OverItself = 1.25;
-  const auto ours = [&] { return RunProcess(command.arguments).seconds; };
+  const auto ours = [&] { return SecondsOfProcess(command.arguments); };
   const auto itself = [&] {
     std::unique_ptr<TesseraSide> map;
     return SecondsOf([&] {
@@ -94,7 +122,7 @@ void ProgramBench::MeasureTime(const Command &command, int runs) {
   const auto gdal = [&] {
     if (isKnown) return m_gdalSeconds[m_gdalSeconds.size() / 2];
     const QStringList words{QCoreApplication::applicationFilePath(), QString::fromLatin1(ReadWithGdal), m_mifPath};
-    m_gdalSeconds.push_back(RunProcess(words).seconds);
+    m_gdalSeconds.push_back(SecondsOfProcess(words));
     return m_gdalSeconds.back();
   };
   m_table.Measure(
@@ -102,12 +130,11 @@ void ProgramBench::MeasureTime(const Command &command, int runs) {
   std::sort(m_gdalSeconds.begin(), m_gdalSeconds.end());
 }
 
-/// What the process takes at its peak beyond what it takes without a file, beside what the map keeps.
+/// What the process takes at its peak, without the pages of files, beside what the map keeps.
 void ProgramBench::MeasureMemory(const Command &command) {
   constexpr double OverLayer = 1.1;
   constexpr double MiB = 1024 * 1024;
-  const double empty = RunProcess({Program, QStringLiteral("--version")}).peakBytes;
-  const double peak = RunProcess(command.arguments).peakBytes - empty;
+  const double peak = PeakOfProcess(command.arguments);
   const std::size_t before = HeapUse();
   TesseraSide map(m_mifPath, m_pictureSize);
   if (command.draws) map.Draw();

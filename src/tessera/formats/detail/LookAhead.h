@@ -13,7 +13,7 @@ namespace tessera::detail {
 
 /// How much of a text is looked at ahead of its reader.
 struct TESSERA_CORE_EXPORT LookAheadLimits {
-  qint64 chunkBytes = qint64(1) << 18U;
+  qint64 chunkBytes = qint64(1) << 17U;
   /// Chunks that there are tables of at the same time; 0 when nothing is to be looked at ahead.
   qint64 chunks = 6;
   /// A text that is shorter is not worth a thread.

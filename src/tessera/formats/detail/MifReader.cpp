@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/detail/Numbers.h>
+#include <tessera/base/detail/PlainNumber.h>
 #include <tessera/formats/detail/MifReader.h>
 #include <tessera/formats/detail/MifText.h>
 #include <tessera/layers/TMapLayer.h>
@@ -65,6 +66,13 @@ QString NameOf(const std::string &word) {
 
 constexpr std::string_view PlainPointWord = "POINT";
 
+/// ReadFloat for a line of a MifScanner.
+const char *ReadNumber(const char *at, const char *last, char separator, double &value) {
+  const char *end = ReadPlainNumber(at, separator, value);
+  if (end != nullptr && end <= last && (end == last || *end == ' ')) return end;
+  return ReadFloat(at, last, separator, value);
+}
+
 /// Whether the line is the word Point and two numbers with nothing but blanks around: so are nearly all points, and
 /// they need not be cut into items.
 bool ReadPlainPoint(std::string_view line, char separator, TMapPoint &point) {
@@ -81,9 +89,9 @@ bool ReadPlainPoint(std::string_view line, char separator, TMapPoint &point) {
     ++at;
   }
   if (!skipBlanks()) return false;
-  at = ReadFloat(at, last, separator, point.X);
+  at = ReadNumber(at, last, separator, point.X);
   if (at == nullptr || !skipBlanks()) return false;
-  at = ReadFloat(at, last, separator, point.Y);
+  at = ReadNumber(at, last, separator, point.Y);
   if (at == nullptr) return false;
   skipBlanks();
   return at == last;

@@ -30,7 +30,8 @@ class TESSERA_CORE_EXPORT MifScanner {
   [[nodiscard]] bool AtEnd();
   /// Bytes read so far.
   [[nodiscard]] qint64 GetPosition() const { return PositionOf(m_at); }
-  /// The next line without its end; empty at the end of the text. It is valid until more is read.
+  /// The next line without its end; empty at the end of the text. It is valid until more is read, and so many bytes as
+  /// ReadPlainNumber looks at are readable behind it.
   std::string_view ReadLine();
   /// Reads an integer and passes over the rest of its line. False when nothing but blanks is left.
   /// @throws EConvertError
