@@ -135,6 +135,8 @@ bool TMapLayer::LoadFromFile(const QString &fileName, const QString &layerName) 
   });
   const bool isLoaded = provider->Load(this, fileName);
   if (!self) return false;
+  // While it is expected to take a while, and not when the first picture is.
+  m_objects->UpdateExtents();
   SetSource({fileName, provider->GetReport().AllLosses()});
   if (!isLoaded) return false;
   SetFileName(fileName);

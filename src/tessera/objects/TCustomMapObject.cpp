@@ -3,13 +3,13 @@
 #include <tessera/base/THandle.h>
 #include <tessera/base/detail/FarPixels.h>
 #include <tessera/geometry/PolySplitter.h>
+#include <tessera/geometry/detail/VertexRuns.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/objects/TCustomMapObject.h>
 #include <tessera/objects/TMapObjectsList.h>
 #include <tessera/objects/detail/RectTests.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 
 namespace tessera {
@@ -179,15 +179,13 @@ std::optional<TBounds> TCustomMapObject::GetVertexExtent() const {
   TBounds extent = GetBounds();
   if (extent.IsInverted()) return std::nullopt;
   bool hasVertices = false;
-  bool areNumbers = true;
   for (const TPart &part : m_parts.Items()) {
-    for (const TMapPoint &point : part.GetPoints().Points()) {
-      extent.Widen(point.X, point.Y);
-      areNumbers &= !std::isnan(point.X) && !std::isnan(point.Y);
-    }
+    const auto bounds = part.GetPoints().GetRuns().GetBounds();
+    if (!bounds) return std::nullopt;
+    extent.Widen(*bounds);
     hasVertices |= part.GetPoints().GetCount() > 0;
   }
-  return hasVertices && areNumbers ? std::optional(extent) : std::nullopt;
+  return hasVertices ? std::optional(extent) : std::nullopt;
 }
 
 void TCustomMapObject::AssignToolsToCanvas(TCanvas &canvas) const {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/geometry/detail/VertexRuns.h>
 
+#include <cmath>
+
 namespace tessera::detail {
 namespace {
 
@@ -43,6 +45,25 @@ std::unique_ptr<RoundedBox[]> VertexRuns::MakeBoxes(std::span<const TMapPoint> p
     out = AppendBoxes(below, Lengths[level] / Lengths[level - 1], out);
   }
   return boxes;
+}
+
+std::optional<TBounds> VertexRuns::GetBounds() const {
+  TBounds bounds = TBounds::Empty();
+  if (m_boxes) {
+    const std::size_t top = Lengths.size() - 1;
+    const std::size_t first = FirstOf(top, m_points.size());
+    const std::size_t count = RunsOf(m_points.size(), Lengths[top]);
+    const RoundedBox box = BoxOf(std::span<const RoundedBox>(m_boxes + first, count));
+    if (box == RoundedBox::Everywhere()) return std::nullopt;
+    bounds.Widen({box.minX, box.minY, box.maxX, box.maxY});
+    return bounds;
+  }
+  bool areNumbers = true;
+  for (const TMapPoint &point : m_points) {
+    bounds.Widen(point.X, point.Y);
+    areNumbers &= !std::isnan(point.X) && !std::isnan(point.Y);
+  }
+  return areNumbers ? std::optional(bounds) : std::nullopt;
 }
 
 void VertexRuns::Widen(RoundedBox *boxes, std::size_t count, std::size_t index, const TMapPoint &place) {

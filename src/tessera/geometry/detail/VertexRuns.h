@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 
 namespace tessera::detail {
@@ -54,6 +55,8 @@ class TESSERA_CORE_EXPORT VertexRuns {
     }
     return end;
   }
+  /// Bounds that hold all vertices; none when some are not numbers. Boxes make them a little larger.
+  [[nodiscard]] std::optional<TBounds> GetBounds() const;
   /// Whether all vertices lie in a rectangle.
   [[nodiscard]] bool LieWithin(const TBounds &rect) const {
     const auto isBoxIn = [&rect](const RoundedBox &box) { return box.LiesWithin(rect); };
