@@ -228,6 +228,7 @@ void FileBench::MeasureUsedHeap(const BareView &view) {
 
 void FileBench::MeasureIndex(const FlatMap &map) {
   IndexBench(m_tessera->Layer(), m_file.label, m_table).Run(m_settings.slowRuns, m_settings.fastRuns);
+  MeasureIndexedPictures(map);
   if (map.HasOnlyPoints()) return;
   const BareView view = BareLoop(map).ViewOf(m_settings.pictureSize, 16);
   m_tessera->Show(view);
@@ -235,19 +236,28 @@ void FileBench::MeasureIndex(const FlatMap &map) {
   alone.Show(view);
   alone.KeepOnlyShown();
   const auto drawAlone = [&] { return MillisecondsOf([&] { alone.Draw(); }); };
-  for (const bool useIndex : {false, true}) {
-    m_tessera->Layer().SetUseIndex2D(useIndex);
-    const auto draw = [&] { return MillisecondsOf([&] { m_tessera->Draw(); }); };
-    const QString title = Title(QStringLiteral("picture of 1/256 with%1 the index, or of what it shows alone"))
-                              .arg(useIndex ? QString() : QStringLiteral("out"));
-    m_table.Measure({title, QStringLiteral("ms"), draw, drawAlone, {}}, m_settings.fastRuns);
-  }
   // One after the other, so that the difference is not that of two moments.
   const auto search = [&] { return -drawAlone() + MillisecondsOf([&] { m_tessera->Draw(); }); };
   const auto allowance = [] { return 3.0; };
   m_table.Measure({Title(QStringLiteral("finding the objects of the picture, or 3 ms")), QStringLiteral("ms"), search,
                    allowance, 1.0},
                   m_settings.fastRuns);
+}
+
+void FileBench::MeasureIndexedPictures(const FlatMap &map) {
+  constexpr double Target = 1.05;
+  const auto draw = [this](bool useIndex) {
+    return [this, useIndex] {
+      m_tessera->Layer().SetUseIndex2D(useIndex);
+      return MillisecondsOf([this] { m_tessera->Draw(); });
+    };
+  };
+  for (const int zoom : {1, 4, 16}) {
+    m_tessera->Show(BareLoop(map).ViewOf(m_settings.pictureSize, zoom));
+    const QString title = Title(QStringLiteral("picture of 1/%1 with the index, or without")).arg(zoom * zoom);
+    m_table.Measure({title, QStringLiteral("ms"), draw(true), draw(false), Target}, m_settings.fastRuns);
+  }
+  m_tessera->Layer().SetUseIndex2D(true);
 }
 
 }  // namespace tessera::bench

@@ -66,6 +66,7 @@ class FileBench {
   void MeasureFirstPicture(const BareView &view);
   void MeasureUsedHeap(const BareView &view);
   void MeasureIndex(const FlatMap &map);
+  void MeasureIndexedPictures(const FlatMap &map);
 
   BenchFile m_file;
   const FileBenchSettings &m_settings;

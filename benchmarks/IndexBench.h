@@ -19,6 +19,7 @@ class IndexBench {
 
  private:
   void MeasureBuild(int runs);
+  void MeasureMemory();
   void MeasureQueries(double shareOfArea, const QString &title, int runs);
   [[nodiscard]] std::vector<TBounds> MakeWindows(double shareOfArea) const;
 

@@ -29,6 +29,20 @@ void TCardinalArray::Add(std::uint32_t id) {
   ++m_count;
 }
 
+void TCardinalArray::AddAll(std::span<const std::uint32_t> ids) {
+  const std::size_t count = std::size_t(m_count) + ids.size();
+  std::size_t capacity = m_items.size();
+  // As far as the steps of Grou go, each from one free place.
+  while (capacity > std::max(std::size_t(m_count), InitialCapacity) && capacity <= count) capacity = 2 * (capacity - 1);
+  if (capacity <= count) {
+    for (const std::uint32_t id : ids) Add(id);
+    return;
+  }
+  m_items.resize(capacity);
+  std::copy(ids.begin(), ids.end(), m_items.begin() + m_count);
+  m_count = int(count);
+}
+
 void TCardinalArray::Remove(int index) {
   const auto at = m_items.begin() + std::ptrdiff_t(CheckedIndex(index, std::size_t(m_count), IdIndex));
   std::copy(at + 1, m_items.begin() + m_count, at);

@@ -27,6 +27,8 @@ class TESSERA_CORE_EXPORT TCardinalArray {
   void Grou();
   /// @throws ERangeError when there is no place (after Copy).
   void Add(std::uint32_t id);
+  /// Adds ids in their order, as one by one.
+  void AddAll(std::span<const std::uint32_t> ids);
   /// Takes out the id at `index`; later ids move down. @throws ERangeError outside the count.
   void Remove(int index);
   /// @throws ERangeError outside the capacity.

@@ -2,7 +2,9 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/layers/TIndexCell.h>
 #include <tessera/layers/TMapLayer.h>
-#include <tessera/layers/detail/IdSet.h>
+#include <tessera/layers/detail/FoundIds.h>
+#include <tessera/layers/detail/IndexBelow.h>
+#include <tessera/layers/detail/IndexBox.h>
 #include <tessera/layers/detail/IndexBuilder.h>
 #include <tessera/objects/detail/RectTests.h>
 
@@ -12,44 +14,19 @@ namespace {
 constexpr char CellIndex[] = "Cell";
 constexpr char IdIndex[] = "Id";
 
-/// Appends ids to an answer, each only once.
-class UniqueIds {
- public:
-  explicit UniqueIds(TCardinalArray &ids) : m_ids(ids) {
-    for (const std::uint32_t id : std::as_const(ids).Ids()) s_seen.Insert(id);
-  }
-  ~UniqueIds() {
-    s_seen.Empty(std::as_const(m_ids).Ids());
-    // It may not have found room.
-    s_seen.Empty({&m_last, 1});
-  }
-  UniqueIds(const UniqueIds &) = delete;
-  UniqueIds &operator=(const UniqueIds &) = delete;
-
-  void Add(std::uint32_t id) {
-    if (!s_seen.Insert(id)) return;
-    m_last = id;
-    m_ids.Add(id);
-  }
-
- private:
-  static thread_local detail::IdSet s_seen;
-  TCardinalArray &m_ids;
-  std::uint32_t m_last = 0;
-};
-
-thread_local detail::IdSet UniqueIds::s_seen;
-
-/// Walks the leaves under `cell`, itself included, that pass `meets` with all cells above them.
-template <typename Meets, typename Use>
-bool ForEachLeaf(const TIndexCell &cell, const Meets &meets, const Use &use) {
-  if (!meets(cell)) return false;
-  for (const auto &child : cell.GetCells()) ForEachLeaf(*child, meets, use);
-  if (cell.GetCells().empty()) use(cell);
-  return true;
+/// Adds the ids of all leaves below a cell that hold a point.
+void AddIdsAt(const detail::IndexTree &tree, const detail::IndexTree::Cell &cell, const TMapPoint &point,
+              TCardinalArray &ids) {
+  tree.ForEachChild(cell, [&](const detail::IndexTree::Cell &child) {
+    if (!CellBounds2Bounds(child.bounds).ContainsPoint(point.X, point.Y)) return;
+    if (tree.IsLeaf(child)) ids.AddAll(tree.IdsOf(child));
+    AddIdsAt(tree, child, point, ids);
+  });
 }
 
 }  // namespace
+
+TIndexCell::TIndexCell() = default;
 
 TIndexCell::TIndexCell(TMapLayer *layer) {
   SetLayer(layer);
@@ -91,15 +68,63 @@ void TIndexCell::InitRootCell() {
 
 void TIndexCell::Divide() {
   if (GetIdsCount() <= m_minObjectCountPerCell) return;
-  if (!detail::IndexBuilder(*this).Run()) return;
+  std::shared_ptr<const detail::IndexTree> tree = detail::BuildIndexTree(m_layer, m_bounds, m_ids);
+  if (!tree) return;
+  const detail::IndexTree::Cell root = tree->GetRoot();
+  detail::IndexBelow below{std::move(tree), root, m_layer, m_level};
+  if (GetCount() == 0) {
+    m_below = std::make_unique<detail::IndexBelow>(std::move(below));
+  } else {
+    Cells more = MakeCellsOf(below);
+    std::move(more.begin(), more.end(), std::back_inserter(MakeCells()));
+  }
   std::vector<std::uint32_t>().swap(m_ids);
+  m_isBuildNeeded = false;
 }
 
 void TIndexCell::Clear() {
-  if (m_cells.empty()) return;
+  if (GetCount() == 0) return;
   m_ids.clear();
   m_cells.clear();
+  m_below.reset();
   m_isBuildNeeded = true;
+}
+
+TIndexCell::Cells TIndexCell::MakeCellsOf(const detail::IndexBelow &below) const {
+  Cells cells;
+  below.tree->ForEachChild(below.cell, [&](const detail::IndexTree::Cell &each) {
+    auto cell = std::make_unique<TIndexCell>();
+    cell->m_layer = below.layer;
+    cell->m_parent = const_cast<TIndexCell *>(this);
+    cell->m_level = below.level + 1;
+    cell->m_bounds = each.bounds;
+    if (below.tree->IsLeaf(each)) {
+      const std::span<const std::uint32_t> ids = below.tree->IdsOf(each);
+      cell->m_ids.assign(ids.begin(), ids.end());
+    } else {
+      cell->m_below =
+          std::make_unique<detail::IndexBelow>(detail::IndexBelow{below.tree, each, below.layer, cell->m_level});
+      cell->m_isBuildNeeded = false;
+    }
+    cells.push_back(std::move(cell));
+  });
+  return cells;
+}
+
+TIndexCell::Cells &TIndexCell::MakeCells() const {
+  if (m_below) {
+    m_cells = MakeCellsOf(*m_below);
+    m_below.reset();
+  }
+  return m_cells;
+}
+
+void TIndexCell::AddChildCell(std::unique_ptr<TIndexCell> cell) {
+  MakeCells().push_back(std::move(cell));
+}
+
+int TIndexCell::GetCount() const {
+  return m_below ? m_below->tree->CountChildren(m_below->cell) : int(m_cells.size());
 }
 
 void TIndexCell::UpdateBounds(const TCellBounds &bounds) {
@@ -110,7 +135,8 @@ void TIndexCell::UpdateBounds(const TCellBounds &bounds) {
 }
 
 TIndexCell *TIndexCell::GetCell(int index) const {
-  return m_cells[CheckedIndex(index, m_cells.size(), CellIndex)].get();
+  const Cells &cells = MakeCells();
+  return cells[CheckedIndex(index, cells.size(), CellIndex)].get();
 }
 
 std::uint32_t TIndexCell::GetIds(int index) const {
@@ -143,12 +169,18 @@ bool TIndexCell::GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) c
 
 bool TIndexCell::GetIdsInRect(const TIndexCell & /*root*/, const TIndexCell &cell, const TCellBounds &rect,
                               TCardinalArray &ids) {
-  UniqueIds unique(ids);
-  const auto meets = [&rect](const TIndexCell &each) { return each.ContainsRect(rect); };
-  const auto addIds = [&unique](const TIndexCell &leaf) {
-    for (const std::uint32_t id : leaf.m_ids) unique.Add(id);
-  };
-  return ForEachLeaf(cell, meets, addIds) && ids.GetCount() != 0;
+  detail::FoundIds found(ids);
+  if (!cell.FindInRect(rect, found)) return false;
+  found.HandOver();
+  return ids.GetCount() != 0;
+}
+
+bool TIndexCell::FindInRect(const TCellBounds &rect, detail::FoundIds &found) const {
+  if (!ContainsRect(rect)) return false;
+  if (m_below) m_below->tree->FindInRect(m_below->cell, CellBounds2Bounds(rect), found);
+  for (const auto &child : m_cells) child->FindInRect(rect, found);
+  if (GetCount() == 0) found.Add(m_ids);
+  return true;
 }
 
 bool TIndexCell::GetAllIdsAtPoint(double x, double y, TCardinalArray &ids) const {
@@ -156,13 +188,13 @@ bool TIndexCell::GetAllIdsAtPoint(double x, double y, TCardinalArray &ids) const
   return GetIdsAtPoint(*this, *this, x, y, ids);
 }
 
-bool TIndexCell::GetIdsAtPoint(const TIndexCell & /*root*/, const TIndexCell &cell, double x, double y,
+bool TIndexCell::GetIdsAtPoint(const TIndexCell &root, const TIndexCell &cell, double x, double y,
                                TCardinalArray &ids) {
-  const auto meets = [x, y](const TIndexCell &each) { return each.ContainsPoint(x, y); };
-  const auto addIds = [&ids](const TIndexCell &leaf) {
-    for (const std::uint32_t id : leaf.m_ids) ids.Add(id);
-  };
-  return ForEachLeaf(cell, meets, addIds) && ids.GetCount() != 0;
+  if (!cell.ContainsPoint(x, y)) return false;
+  if (cell.m_below) AddIdsAt(*cell.m_below->tree, cell.m_below->cell, {x, y}, ids);
+  for (const auto &child : cell.m_cells) GetIdsAtPoint(root, *child, x, y, ids);
+  if (cell.GetCount() == 0) ids.AddAll(cell.m_ids);
+  return ids.GetCount() != 0;
 }
 
 }  // namespace tessera

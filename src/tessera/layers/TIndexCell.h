@@ -17,8 +17,10 @@ namespace tessera {
 class TMapLayer;
 
 namespace detail {
-class IndexBuilder;
+class FoundIds;
 class IndexReader;
+class IndexWriter;
+struct IndexBelow;
 }  // namespace detail
 
 /// One cell of a layer's spatial index, a quadtree over the map: it narrows queries down to the ids of the objects near
@@ -30,11 +32,14 @@ class IndexReader;
 /// in it, that contains its four corners, or that has no vertices at all; an object that crosses it otherwise is not
 /// found there, which is intended. Borders belong to both sides.
 ///
-/// Division ends early only where it could never end by itself: see IndexBuilder.
+/// Division ends early only where it could never end by itself, or would hardly fit into memory.
+///
+/// What a division has made is kept in arrays, which answer the queries. The cells below become objects when somebody
+/// asks for them, level by level, and the answers stay the same; so ask for none where a query will do.
 class TESSERA_CORE_EXPORT TIndexCell {
  public:
   /// A root without a layer.
-  TIndexCell() = default;
+  TIndexCell();
   /// A root of a layer's objects. It is attached, which builds the tree, and then built once more on top, so that every
   /// quadrant of the root is there twice; that is intended. @throws ERangeError when the layer is empty.
   explicit TIndexCell(TMapLayer *layer);
@@ -83,11 +88,11 @@ class TESSERA_CORE_EXPORT TIndexCell {
   // Contents.
 
   /// Takes a child in as the last one.
-  void AddChildCell(std::unique_ptr<TIndexCell> cell) { m_cells.push_back(std::move(cell)); }
-  [[nodiscard]] int GetCount() const { return int(m_cells.size()); }
+  void AddChildCell(std::unique_ptr<TIndexCell> cell);
+  [[nodiscard]] int GetCount() const;
   /// @throws ERangeError outside the count.
   [[nodiscard]] TIndexCell *GetCell(int index) const;
-  [[nodiscard]] std::span<const std::unique_ptr<TIndexCell>> GetCells() const { return m_cells; }
+  [[nodiscard]] std::span<const std::unique_ptr<TIndexCell>> GetCells() const { return MakeCells(); }
   /// The ids a leaf holds; a divided cell has none.
   [[nodiscard]] int GetIdsCount() const { return int(m_ids.size()); }
   /// @throws ERangeError outside the count.
@@ -132,13 +137,21 @@ class TESSERA_CORE_EXPORT TIndexCell {
   static constexpr int DefaultMaxCellLevel = 5;
 
  private:
-  friend class detail::IndexBuilder;
   friend class detail::IndexReader;
+  friend class detail::IndexWriter;
+
+  using Cells = std::vector<std::unique_ptr<TIndexCell>>;
+  [[nodiscard]] Cells MakeCellsOf(const detail::IndexBelow &below) const;
+  /// The children as objects, from now on.
+  Cells &MakeCells() const;
+  bool FindInRect(const TCellBounds &rect, detail::FoundIds &found) const;
 
   TMapLayer *m_layer = nullptr;
   TIndexCell *m_parent = nullptr;
   std::vector<std::uint32_t> m_ids;
-  std::vector<std::unique_ptr<TIndexCell>> m_cells;
+  // The children, in one of two forms.
+  mutable Cells m_cells;
+  mutable std::unique_ptr<detail::IndexBelow> m_below;
   TCellBounds m_bounds = Bounds2CellBounds(TBounds::Empty());
   int m_level = 0;
   int m_minObjectCountPerCell = DefaultMinObjectCountPerCell;

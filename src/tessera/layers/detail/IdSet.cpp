@@ -18,6 +18,7 @@ bool IdSet::Grow(std::uint32_t id) {
 }
 
 void IdSet::Empty(std::span<const std::uint32_t> ids) {
+  if (ids.size() > m_words.size()) std::fill(m_words.begin(), m_words.end(), 0);
   for (const std::uint32_t id : ids) {
     if (id / BitsPerWord < m_words.size()) m_words[id / BitsPerWord] = 0;
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
 #include <tessera/layers/TIndexCell.h>
+#include <tessera/layers/detail/IndexBelow.h>
 
 #include <QIODevice>
 #include <QSaveFile>
@@ -24,16 +25,19 @@ constexpr qint64 SmallestRecord = 4 * sizeof(double) + 2 * IdSize;
 /// More levels than between the largest and the smallest double number.
 constexpr int MaxDepth = 2200;
 
-class RecordWriter {
- public:
-  explicit RecordWriter(QIODevice &device) : m_device(device) {}
+}  // namespace
 
-  void Write(double value) { Write(std::bit_cast<std::uint64_t>(value)); }
-  template <typename Number>
-  void Write(Number value) {
-    const Number little = qToLittleEndian(value);
-    m_bytes.append(reinterpret_cast<const char *>(&little), sizeof(little));
-    if (m_bytes.size() >= BufferSize) Flush();
+namespace detail {
+
+/// Writes the record of a cell with all below it.
+class IndexWriter {
+ public:
+  explicit IndexWriter(QIODevice &device) : m_device(device) {}
+
+  void WriteCell(const TIndexCell &cell) {
+    WriteHead(cell.m_bounds, cell.m_ids, cell.GetCount());
+    if (cell.m_below) WriteChildren(*cell.m_below->tree, cell.m_below->cell);
+    for (const auto &child : cell.m_cells) WriteCell(*child);
   }
   void Flush() {
     if (m_device.write(m_bytes) != m_bytes.size()) {
@@ -43,23 +47,32 @@ class RecordWriter {
   }
 
  private:
+  void WriteChildren(const IndexTree &tree, const IndexTree::Cell &cell) {
+    tree.ForEachChild(cell, [&](const IndexTree::Cell &child) {
+      const bool isLeaf = tree.IsLeaf(child);
+      WriteHead(child.bounds, isLeaf ? tree.IdsOf(child) : std::span<const std::uint32_t>(), tree.CountChildren(child));
+      if (!isLeaf) WriteChildren(tree, child);
+    });
+  }
+  void WriteHead(const TCellBounds &bounds, std::span<const std::uint32_t> ids, int children) {
+    for (const double value : {bounds.MinX, bounds.MaxX, bounds.MinY, bounds.MaxY}) {
+      Write(std::bit_cast<std::uint64_t>(value));
+    }
+    Write(std::uint32_t(ids.size()));
+    for (const std::uint32_t id : ids) Write(id);
+    Write(std::uint32_t(children));
+  }
+  template <typename Number>
+  void Write(Number value) {
+    const Number little = qToLittleEndian(value);
+    m_bytes.append(reinterpret_cast<const char *>(&little), sizeof(little));
+    if (m_bytes.size() >= BufferSize) Flush();
+  }
+
   static constexpr int BufferSize = 64 * 1024;
   QIODevice &m_device;
   QByteArray m_bytes;
 };
-
-void WriteRecord(const TIndexCell &cell, RecordWriter &writer) {
-  const TCellBounds &bounds = cell.GetBounds();
-  for (const double value : {bounds.MinX, bounds.MaxX, bounds.MinY, bounds.MaxY}) writer.Write(value);
-  writer.Write(std::uint32_t(cell.GetIdsCount()));
-  for (int i = 0; i < cell.GetIdsCount(); ++i) writer.Write(cell.GetIds(i));
-  writer.Write(std::uint32_t(cell.GetCount()));
-  for (const auto &child : cell.GetCells()) WriteRecord(*child, writer);
-}
-
-}  // namespace
-
-namespace detail {
 
 /// Reads the record of a cell with all below it. Nothing is believed that the rest of the device cannot hold.
 class IndexReader {
@@ -77,7 +90,7 @@ class IndexReader {
     const std::uint32_t children = ReadCount(SmallestRecord, QStringLiteral("cells"));
     cell.m_cells.reserve(children);
     for (std::uint32_t i = 0; i < children; ++i) {
-      cell.AddChildCell(std::make_unique<TIndexCell>(&m_root));
+      cell.m_cells.push_back(std::make_unique<TIndexCell>(&m_root));
       ReadRecord(*cell.m_cells.back(), depth + 1);
     }
   }
@@ -86,7 +99,7 @@ class IndexReader {
   void HandOver(TIndexCell &read) {
     m_root.m_bounds = read.m_bounds;
     m_root.m_ids.insert(m_root.m_ids.end(), read.m_ids.begin(), read.m_ids.end());
-    std::move(read.m_cells.begin(), read.m_cells.end(), std::back_inserter(m_root.m_cells));
+    std::move(read.m_cells.begin(), read.m_cells.end(), std::back_inserter(m_root.MakeCells()));
   }
 
  private:
@@ -132,8 +145,8 @@ bool TIndexCell::SaveToFile(const QString &fileName) const {
 }
 
 void TIndexCell::WriteIndex(QIODevice &device) const {
-  RecordWriter writer(device);
-  WriteRecord(*this, writer);
+  detail::IndexWriter writer(device);
+  writer.WriteCell(*this);
   writer.Flush();
 }
 
