@@ -10,6 +10,7 @@ constexpr std::size_t RunLength = 16;
 /// So many runs are cheaper to look through again than to cut.
 constexpr std::uint32_t FewRuns = 8;
 constexpr double Infinity = std::numeric_limits<double>::infinity();
+constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr TBounds Nothing = {Infinity, Infinity, -Infinity, -Infinity};
 
 bool IsNowhere(const TMapPoint &point) {
@@ -45,8 +46,8 @@ bool HasCornersIn(const TCustomMapObject &object, const TCellBounds &cell) {
          object.ContainsPoint(cell.MaxX, cell.MaxY) && object.ContainsPoint(cell.MinX, cell.MaxY);
 }
 
-bool IsIn(const TBounds &box, const TMapPoint *point) {
-  return point && box.ContainsPoint(point->X, point->Y);
+bool IsIn(const TBounds &box, const TMapPoint &point) {
+  return box.ContainsPoint(point.X, point.Y);
 }
 
 /// The numbers of the bits that are set.
@@ -57,52 +58,79 @@ void ForEachBit(unsigned bits, Use use) {
 
 }  // namespace
 
-/// The quadrants of a cell.
+/// The quadrants of a cell, asked all at once, without branches: every two have their sides in common. Each answer is a
+/// bit for each quadrant.
 struct IndexShapes::Quadrants {
-  explicit Quadrants(const TCellBounds &cell) : Quadrants(QuadrantsOf(cell)) {}
-  explicit Quadrants(const std::array<TCellBounds, 4> &cells)
-      : boxes{IndexBox(cells[0]), IndexBox(cells[1]), IndexBox(cells[2]), IndexBox(cells[3])} {
-    for (std::size_t i = 0; i < boxes.size(); ++i) bounds[i] = boxes[i].GetBounds();
+  explicit Quadrants(const TCellBounds &cell) : cells(QuadrantsOf(cell)) {
+    for (std::size_t i = 0; i < cells.size(); ++i) bounds[i] = IndexBox::BoundsOf(cells[i]);
   }
 
-  /// A bit for each quadrant that holds the point. Without branches: two have their sides in common.
-  [[nodiscard]] unsigned Holding(const TMapPoint &p) const {
-    const unsigned left = unsigned(p.X >= bounds[0].MinX) & unsigned(p.X <= bounds[0].MaxX);
-    const unsigned right = unsigned(p.X >= bounds[2].MinX) & unsigned(p.X <= bounds[2].MaxX);
-    const unsigned lower = unsigned(p.Y >= bounds[0].MinY) & unsigned(p.Y <= bounds[0].MaxY);
-    const unsigned upper = unsigned(p.Y >= bounds[2].MinY) & unsigned(p.Y <= bounds[2].MaxY);
-    return (left & lower) | (left & upper) << 1 | (right & upper) << 2 | (right & lower) << 3;
+  /// Those that hold the point.
+  [[nodiscard]] unsigned Holding(const TMapPoint &p) const { return Holding(TBounds{p.X, p.Y, p.X, p.Y}); }
+  /// Those that hold all of a box that is in order.
+  [[nodiscard]] unsigned Holding(const TBounds &b) const {
+    return Combine([&](const TBounds &q) { return unsigned(q.MinX <= b.MinX) & unsigned(b.MaxX <= q.MaxX); },
+                   [&](const TBounds &q) { return unsigned(q.MinY <= b.MinY) & unsigned(b.MaxY <= q.MaxY); });
   }
   [[nodiscard]] unsigned Meeting(const TBounds &b) const {
-    const unsigned left = unsigned(b.MinX <= bounds[0].MaxX) & unsigned(bounds[0].MinX <= b.MaxX);
-    const unsigned right = unsigned(b.MinX <= bounds[2].MaxX) & unsigned(bounds[2].MinX <= b.MaxX);
-    const unsigned lower = unsigned(b.MinY <= bounds[0].MaxY) & unsigned(bounds[0].MinY <= b.MaxY);
-    const unsigned upper = unsigned(b.MinY <= bounds[2].MaxY) & unsigned(bounds[2].MinY <= b.MaxY);
-    return (left & lower) | (left & upper) << 1 | (right & upper) << 2 | (right & lower) << 3;
+    return Combine([&](const TBounds &q) { return unsigned(q.MinX <= b.MaxX) & unsigned(b.MinX <= q.MaxX); },
+                   [&](const TBounds &q) { return unsigned(q.MinY <= b.MaxY) & unsigned(b.MinY <= q.MaxY); });
+  }
+  /// Those with all corners in a box.
+  [[nodiscard]] unsigned WithCornersIn(const TBounds &b) const {
+    const auto isIn = [](double low, double each, double high) {
+      return unsigned(low <= each) & unsigned(each <= high);
+    };
+    const auto isInX = [&](const TCellBounds &q) {
+      return isIn(b.MinX, q.MinX, b.MaxX) & isIn(b.MinX, q.MaxX, b.MaxX);
+    };
+    const auto isInY = [&](const TCellBounds &q) {
+      return isIn(b.MinY, q.MinY, b.MaxY) & isIn(b.MinY, q.MaxY, b.MaxY);
+    };
+    return Combine(isInX(cells[0]), isInX(cells[2]), isInY(cells[0]), isInY(cells[2]));
   }
 
-  std::array<IndexBox, 4> boxes;
-  std::array<TBounds, 4> bounds;
+  std::array<TCellBounds, 4> cells;
+  std::array<TBounds, 4> bounds{};
+
+ private:
+  [[nodiscard]] static unsigned Combine(unsigned left, unsigned right, unsigned lower, unsigned upper) {
+    return (left & lower) | (left & upper) << 1 | (right & upper) << 2 | (right & lower) << 3;
+  }
+  template <typename OnX, typename OnY>
+  [[nodiscard]] unsigned Combine(OnX onX, OnY onY) const {
+    return Combine(onX(bounds[0]), onX(bounds[2]), onY(bounds[0]), onY(bounds[2]));
+  }
 };
 
 /// What becomes of an entry in the quadrants: a bit for each.
 struct IndexShapes::Fate {
   unsigned met = 0;
   unsigned covered = 0;
-  std::array<const TMapPoint *, 4> samples{};
+  std::array<TMapPoint, 4> samples;
 };
 
 void IndexShapes::Add(const TCustomMapObject &object, std::uint32_t id) {
-  const TBoxContainment containment = object.GetBoxContainment();
-  const bool isByBounds = containment == TBoxContainment::ByBounds;
-  Object described{
-      &object, Nothing,    isByBounds ? object.GetBounds() : TBounds::Empty(), id, std::uint32_t(m_runs.size()),
-      0,       containment};
+  Object described{&object, id, std::uint32_t(m_runs.size()), 0};
   for (const TPart &part : object.GetParts().Items()) AddRuns(part.GetPoints().Points(), described);
-  described.extent = ExtentOf(described);
-  m_hasFigures |= containment == TBoxContainment::Refined;
+  const TBounds extent = ExtentOf(described);
+  Containment containment = Containment::None;
+  switch (object.GetBoxContainment()) {
+    case TBoxContainment::Refined:
+      containment = Containment::Refined;
+      m_hasFigures = true;
+      break;
+    case TBoxContainment::ByBounds:
+      containment = object.GetBounds() == extent                ? Containment::ByExtent
+                    : extent.ContainsBounds(object.GetBounds()) ? Containment::ByInnerBounds
+                                                                : Containment::ByBounds;
+      break;
+    case TBoxContainment::Never:
+      break;
+  }
+  const auto place = std::uint32_t(m_objects.size());
   m_objects.push_back(described);
-  m_stacks[0].push_back(WholeEntry(std::uint32_t(m_objects.size() - 1)));
+  m_stacks[0].push_back(WholeEntry({extent, {}, place, 0, 0, containment, false, false}));
 }
 
 void IndexShapes::AddRuns(std::span<const TMapPoint> points, Object &object) {
@@ -129,11 +157,30 @@ TBounds IndexShapes::ExtentOf(const Object &object) const {
   return extent;
 }
 
-IndexShapes::Entry IndexShapes::WholeEntry(std::uint32_t at) const {
-  const Object &object = m_objects[at];
+IndexShapes::Entry IndexShapes::WholeEntry(const Entry &entry) const {
+  Entry whole = entry;
+  const Object &object = m_objects[entry.object];
   const bool hasVertices = object.runCount != 0;
-  return {at,    object.firstRun, object.runCount,
-          false, !hasVertices,    hasVertices ? m_runs[object.firstRun].points : nullptr};
+  whole.firstRun = object.firstRun;
+  whole.runCount = object.runCount;
+  whole.isCut = false;
+  whole.covers = !hasVertices;
+  whole.sample = hasVertices ? *m_runs[object.firstRun].points : TMapPoint{NaN, NaN};
+  return whole;
+}
+
+TBounds IndexShapes::BoundsOf(const Entry &entry) const {
+  switch (entry.containment) {
+    case Containment::ByExtent:
+      return entry.extent;
+    case Containment::ByInnerBounds:
+    case Containment::ByBounds:
+      return m_objects[entry.object].self->GetBounds();
+    case Containment::None:
+    case Containment::Refined:
+      break;
+  }
+  return TBounds::Empty();
 }
 
 QuadrantRanges IndexShapes::Split(const TCellBounds &cell, const CellRange &range) {
@@ -142,9 +189,10 @@ QuadrantRanges IndexShapes::Split(const TCellBounds &cell, const CellRange &rang
   m_cutMarks.push_back(m_cutRuns.size());
   QuadrantRanges ranges{};
   for (unsigned i = 0; i < ranges.size(); ++i) ranges[i] = {i, m_stacks[i].size(), 0};
+  Expect(quadrants, range);
   for (std::size_t i = 0; i < range.count; ++i) {
-    const Entry entry = isNested ? EntryAt(range, i) : WholeEntry(EntryAt(range, i).object);
-    DealOut(entry, quadrants, FateOf(entry, quadrants));
+    const Entry entry = isNested ? EntryAt(range, i) : WholeEntry(EntryAt(range, i));
+    DealOut(entry, FateOf(entry, quadrants));
   }
   for (CellRange &each : ranges) each.count = m_stacks[each.stack].size() - each.first;
   return ranges;
@@ -156,50 +204,53 @@ void IndexShapes::Release(const QuadrantRanges &ranges) {
   m_cutMarks.pop_back();
 }
 
-IndexShapes::Fate IndexShapes::FateOf(const Entry &entry, const Quadrants &quadrants) const {
-  constexpr unsigned All = 15;
-  const Object &object = m_objects[entry.object];
-  Fate fate{0, 0, {entry.sample, entry.sample, entry.sample, entry.sample}};
-  if (entry.covers) return {All, All, fate.samples};
-  const unsigned near = quadrants.Meeting(object.extent);
-  unsigned sought = 0;
-  for (unsigned i = 0; i < quadrants.boxes.size(); ++i) {
-    const unsigned bit = 1U << i;
-    const bool isNear = (near & bit) != 0;
-    if (isNear && quadrants.bounds[i].ContainsBounds(object.extent)) {
-      fate.met |= bit;
-    } else if (quadrants.boxes[i].HasCornersIn(object.bounds)) {
-      fate.met |= bit;
-      fate.covered |= bit;
-    } else if (isNear && IsIn(quadrants.bounds[i], entry.sample)) {
-      fate.met |= bit;
-    } else {
-      fate.samples[i] = nullptr;
-      if (isNear) sought |= bit;
-    }
+void IndexShapes::Expect(const Quadrants &quadrants, const CellRange &range) const {
+  for (std::size_t i = 0; i < range.count; ++i) {
+    const Entry &entry = EntryAt(range, i);
+    if (entry.isCut || quadrants.Holding(entry.extent) != 0) continue;
+    for (std::uint32_t run = 0; run < std::min(entry.runCount, 4U); ++run)
+      __builtin_prefetch(&m_runs[entry.firstRun + run]);
   }
-  if (sought != 0) FindVertices(entry, quadrants, sought, fate);
-  if (object.containment != TBoxContainment::Refined) return fate;
+}
+
+IndexShapes::Fate IndexShapes::FateOf(const Entry &entry, const Quadrants &quadrants) {
+  constexpr unsigned All = 15;
+  Fate fate{0, 0, {entry.sample, entry.sample, entry.sample, entry.sample}};
+  m_nearRuns.clear();
+  if (entry.covers) return {All, All, fate.samples};
+  const unsigned near = quadrants.Meeting(entry.extent);
+  fate.met = near & quadrants.Holding(entry.extent);
+  if (fate.met == near && entry.containment < Containment::ByBounds) return fate;
+  fate.covered = quadrants.WithCornersIn(BoundsOf(entry)) & ~fate.met;
+  fate.met |= fate.covered | (near & quadrants.Holding(entry.sample));
+  ForEachBit(All & ~fate.met, [&fate](unsigned i) { fate.samples[i] = {NaN, NaN}; });
+  LocateRuns(entry, quadrants);
+  if (near & ~fate.met) FindVertices(entry, quadrants, near & ~fate.met, fate);
+  if (entry.containment != Containment::Refined) return fate;
   ForEachBit(All & ~fate.met, [&](unsigned i) {
-    if (quadrants.boxes[i].IsContainedBy(*object.self)) fate.met |= 1U << i;
+    if (IndexBox(quadrants.cells[i]).IsContainedBy(*m_objects[entry.object].self)) fate.met |= 1U << i;
   });
   return fate;
 }
 
+void IndexShapes::LocateRuns(const Entry &entry, const Quadrants &quadrants) {
+  m_nearRuns.resize(entry.runCount);
+  for (std::uint32_t i = 0; i < entry.runCount; ++i) {
+    m_nearRuns[i] = std::uint8_t(quadrants.Meeting(RunOf(entry, i).box));
+  }
+}
+
 void IndexShapes::FindVertices(const Entry &entry, const Quadrants &quadrants, unsigned sought, Fate &fate) const {
   const auto take = [&](unsigned found, const TMapPoint &sample) {
-    ForEachBit(found, [&](unsigned i) { fate.samples[i] = &sample; });
+    ForEachBit(found, [&](unsigned i) { fate.samples[i] = sample; });
     fate.met |= found;
     sought &= ~found;
   };
   for (std::uint32_t i = 0; i < entry.runCount && sought != 0; ++i) {
+    if ((m_nearRuns[i] & sought) == 0) continue;
     const Run &run = RunOf(entry, i);
-    unsigned near = quadrants.Meeting(run.box) & sought;
-    ForEachBit(near, [&](unsigned quadrant) {
-      if (!quadrants.bounds[quadrant].ContainsBounds(run.box)) return;
-      take(1U << quadrant, *run.points);
-    });
-    near &= sought;
+    take(quadrants.Holding(run.box) & sought, *run.points);
+    unsigned near = m_nearRuns[i] & sought;
     for (std::uint32_t k = 0; k < run.count && near != 0; ++k) {
       const unsigned found = quadrants.Holding(run.points[k]) & near;
       if (found == 0) continue;
@@ -209,33 +260,31 @@ void IndexShapes::FindVertices(const Entry &entry, const Quadrants &quadrants, u
   }
 }
 
-void IndexShapes::DealOut(const Entry &entry, const Quadrants &quadrants, const Fate &fate) {
-  std::array<Entry, 4> dealt{entry, entry, entry, entry};
-  for (unsigned i = 0; i < dealt.size(); ++i) {
-    dealt[i].sample = fate.samples[i];
-    dealt[i].covers = (fate.covered >> i & 1U) != 0;
-  }
-  if (entry.runCount > FewRuns && (fate.met & ~fate.covered) != 0) CutRuns(entry, quadrants, dealt);
-  ForEachBit(fate.met, [&](unsigned i) { m_stacks[i].push_back(dealt[i]); });
+void IndexShapes::DealOut(const Entry &entry, const Fate &fate) {
+  ForEachBit(fate.met, [&](unsigned i) {
+    Entry dealt = entry;
+    dealt.sample = fate.samples[i];
+    dealt.covers = (fate.covered >> i & 1U) != 0;
+    if (m_nearRuns.size() > FewRuns && !dealt.covers) CutRuns(i, dealt);
+    m_stacks[i].push_back(dealt);
+  });
 }
 
-void IndexShapes::CutRuns(const Entry &entry, const Quadrants &quadrants, std::array<Entry, 4> &dealt) {
-  std::array<std::uint32_t, 4> counts{};
+void IndexShapes::CutRuns(unsigned quadrant, Entry &entry) {
+  const auto isNear = [quadrant](std::uint8_t near) { return unsigned(near) >> quadrant & 1U; };
+  std::uint32_t count = 0;
+  for (const std::uint8_t near : m_nearRuns) count += isNear(near);
+  // It is cut only when half of it goes, so that all the cuts on the way down take no more room than two of it.
+  if (2 * count > entry.runCount) return;
+  const std::size_t first = m_cutRuns.size();
+  m_cutRuns.resize(first + count);
+  std::size_t end = first;
   for (std::uint32_t i = 0; i < entry.runCount; ++i) {
-    ForEachBit(quadrants.Meeting(RunOf(entry, i).box), [&](unsigned quadrant) { ++counts[quadrant]; });
+    if (isNear(m_nearRuns[i])) m_cutRuns[end++] = entry.isCut ? m_cutRuns[entry.firstRun + i] : entry.firstRun + i;
   }
-  for (unsigned i = 0; i < dealt.size(); ++i) {
-    // It is cut only when half of it goes, so that all the cuts on the way down take no more room than two of it.
-    if (dealt[i].covers || 2 * counts[i] > entry.runCount) continue;
-    const std::size_t first = m_cutRuns.size();
-    for (std::uint32_t k = 0; k < entry.runCount; ++k) {
-      const std::uint32_t run = entry.isCut ? m_cutRuns[entry.firstRun + k] : entry.firstRun + k;
-      if (quadrants.Meeting(m_runs[run].box) >> i & 1U) m_cutRuns.push_back(run);
-    }
-    dealt[i].firstRun = std::uint32_t(first);
-    dealt[i].runCount = counts[i];
-    dealt[i].isCut = true;
-  }
+  entry.firstRun = std::uint32_t(first);
+  entry.runCount = count;
+  entry.isCut = true;
 }
 
 bool IndexShapes::IsCrowded(const TCellBounds &cell, const CellRange &range) {
@@ -254,8 +303,8 @@ IndexShapes::Crowd IndexShapes::FindCrowd(const TCellBounds &cell, const CellRan
   const std::size_t samples = SamplesOf(range.count);
   const TBounds bounds = CellBounds2Bounds(cell);
   for (std::size_t i = 0; i < samples; ++i) {
-    const TMapPoint *sample = EntryAt(range, i * range.count / samples).sample;
-    if (IsIn(bounds, sample)) tryPoint(*sample);
+    const TMapPoint &sample = EntryAt(range, i * range.count / samples).sample;
+    if (IsIn(bounds, sample)) tryPoint(sample);
   }
   // Rims of figures may run through the cell with a corner on their inner side.
   if (!m_hasFigures) return crowd;
@@ -270,10 +319,9 @@ std::size_t IndexShapes::DepthAt(const TMapPoint &point, const CellRange &range)
   std::size_t depth = 0;
   for (std::size_t i = 0; i < range.count; ++i) {
     const Entry &entry = EntryAt(range, i);
-    const Object &object = m_objects[entry.object];
-    depth +=
-        std::size_t(entry.covers || IsIn(core, entry.sample) || HoldsInside(object.bounds, point) ||
-                    (object.containment == TBoxContainment::Refined && object.self->ContainsPoint(point.X, point.Y)));
+    depth += std::size_t(
+        entry.covers || IsIn(core, entry.sample) || HoldsInside(BoundsOf(entry), point) ||
+        (entry.containment == Containment::Refined && m_objects[entry.object].self->ContainsPoint(point.X, point.Y)));
   }
   return depth;
 }
@@ -301,9 +349,9 @@ std::size_t IndexShapes::CountLasting(const TCellBounds &cell, const CellRange &
   std::size_t count = 0;
   for (std::size_t i = 0; i < range.count; ++i) {
     const Entry &entry = EntryAt(range, i);
-    const Object &object = m_objects[entry.object];
-    count += std::size_t(entry.covers || IsIn(core, entry.sample) ||
-                         (object.containment == TBoxContainment::Refined && HasCornersIn(*object.self, cell)));
+    count +=
+        std::size_t(entry.covers || IsIn(core, entry.sample) ||
+                    (entry.containment == Containment::Refined && HasCornersIn(*m_objects[entry.object].self, cell)));
   }
   return count;
 }

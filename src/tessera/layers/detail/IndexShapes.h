@@ -39,24 +39,24 @@ class IndexShapes {
     const TMapPoint *points;
     std::uint32_t count;
   };
-  /// What is known of an object throughout.
   struct Object {
     const TCustomMapObject *self;
-    TBounds extent;  // of the vertices that may lie in a box at all; infinitely inverted without any
-    TBounds bounds;  // as the object answers them; inverted unless it contains boxes by them
     std::uint32_t id;
     std::uint32_t firstRun;
     std::uint32_t runCount;
-    TBoxContainment containment;
   };
-  /// An object in a cell.
+  /// How an object contains boxes: not at all, by its extent, by other bounds within that, by any others, or by itself.
+  enum class Containment : std::uint8_t { None, ByExtent, ByInnerBounds, ByBounds, Refined };
+  /// An object in a cell. Nearly all questions are answered from here, where objects follow each other in the memory.
   struct Entry {
+    TBounds extent;          // of the vertices that may lie in a box at all; infinitely inverted without any
+    TMapPoint sample;        // some vertex in the cell; not a number when none is known
     std::uint32_t object;    // place in m_objects
     std::uint32_t firstRun;  // of all that meet the cell, and perhaps others: place in m_runs, or in m_cutRuns
     std::uint32_t runCount;
+    Containment containment;
     bool isCut;
-    bool covers;              // is in every cell below
-    const TMapPoint *sample;  // some vertex in the cell; none when none is known
+    bool covers;  // is in every cell below
   };
   struct Quadrants;
   struct Fate;
@@ -68,17 +68,25 @@ class IndexShapes {
 
   void AddRuns(std::span<const TMapPoint> points, Object &object);
   [[nodiscard]] TBounds ExtentOf(const Object &object) const;
-  [[nodiscard]] Entry WholeEntry(std::uint32_t at) const;
+  /// The entry as it is before any cut.
+  [[nodiscard]] Entry WholeEntry(const Entry &entry) const;
+  /// The bounds by which the object contains boxes; inverted when it does not.
+  [[nodiscard]] TBounds BoundsOf(const Entry &entry) const;
   [[nodiscard]] const Entry &EntryAt(const CellRange &range, std::size_t i) const {
     return m_stacks[range.stack][range.first + i];
   }
   [[nodiscard]] const Run &RunOf(const Entry &entry, std::uint32_t i) const {
     return m_runs[entry.isCut ? m_cutRuns[entry.firstRun + i] : entry.firstRun + i];
   }
-  [[nodiscard]] Fate FateOf(const Entry &entry, const Quadrants &quadrants) const;
+  /// Has the processor fetch what the entries that lie across quadrants will need.
+  void Expect(const Quadrants &quadrants, const CellRange &range) const;
+  [[nodiscard]] Fate FateOf(const Entry &entry, const Quadrants &quadrants);
+  /// Fills m_nearRuns.
+  void LocateRuns(const Entry &entry, const Quadrants &quadrants);
   void FindVertices(const Entry &entry, const Quadrants &quadrants, unsigned sought, Fate &fate) const;
-  void DealOut(const Entry &entry, const Quadrants &quadrants, const Fate &fate);
-  void CutRuns(const Entry &entry, const Quadrants &quadrants, std::array<Entry, 4> &dealt);
+  void DealOut(const Entry &entry, const Fate &fate);
+  /// Lets the entry have only the runs that meet a quadrant, when they are much fewer.
+  void CutRuns(unsigned quadrant, Entry &entry);
   /// The most crowded of a few points of the cell.
   [[nodiscard]] Crowd FindCrowd(const TCellBounds &cell, const CellRange &range) const;
   [[nodiscard]] std::size_t DepthAt(const TMapPoint &point, const CellRange &range) const;
@@ -94,6 +102,8 @@ class IndexShapes {
   bool m_hasFigures = false;  // that neither bounds nor vertices tell
   std::array<std::vector<Entry>, 4> m_stacks;
   std::vector<std::uint32_t> m_cutRuns;
+  std::vector<std::uint8_t>
+      m_nearRuns;  // a bit for each quadrant that a run of the entry at hand meets; empty when not needed
   std::vector<std::size_t> m_cutMarks;  // the length of m_cutRuns before each split
 };
 
