@@ -25,6 +25,15 @@ void ExpectCapacity(const TCardinalArray &ids, int capacity) {
   EXPECT_THROW(static_cast<void>(ids.GetItem(capacity)), ERangeError);
 }
 
+int CapacityOf(const TCardinalArray &ids) {
+  int capacity = ids.GetCount();
+  try {
+    for (;; ++capacity) static_cast<void>(ids.GetItem(capacity));
+  } catch (const ERangeError &) {
+    return capacity;
+  }
+}
+
 TEST(TCardinalArrayTest, DoublesWhenOneFreePlaceIsLeftAndGivesStorageBackWhenCleared) {
   TCardinalArray ids;
   Fill(ids, 31);
@@ -41,6 +50,22 @@ TEST(TCardinalArrayTest, DoublesWhenOneFreePlaceIsLeftAndGivesStorageBackWhenCle
   ExpectCapacity(ids, 32);
 }
 
+TEST(TCardinalArrayTest, AddsManyAsOneByOne) {
+  for (const std::uint32_t there : {0U, 1U, 30U, 31U, 40U}) {
+    for (const std::uint32_t more : {0U, 1U, 2U, 29U, 30U, 31U, 32U, 200U}) {
+      SCOPED_TRACE(testing::Message() << there << " and " << more);
+      TCardinalArray ids;
+      TCardinalArray oneByOne;
+      for (TCardinalArray *each : {&ids, &oneByOne}) Fill(*each, there);
+      const TIds added(more, 7);
+      ids.AddAll(added);
+      for (const std::uint32_t id : added) oneByOne.Add(id);
+      EXPECT_EQ(Contents(ids), Contents(oneByOne));
+      ExpectCapacity(ids, CapacityOf(oneByOne));
+    }
+  }
+}
+
 TEST(TCardinalArrayTest, LeavesNoPlaceInACopy) {
   TCardinalArray ids;
   Fill(ids, 3);
@@ -48,6 +73,7 @@ TEST(TCardinalArrayTest, LeavesNoPlaceInACopy) {
   copy.Copy(ids);
   EXPECT_EQ(Contents(copy), Contents(ids));
   EXPECT_THROW(copy.Add(1), ERangeError);
+  EXPECT_THROW(copy.AddAll(Contents(ids)), ERangeError);
   copy.Clear();
   EXPECT_NO_THROW(copy.Add(1));
 }

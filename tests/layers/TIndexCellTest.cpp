@@ -9,6 +9,7 @@
 #include <tessera/objects/TRegion.h>
 #include <tessera/objects/TSymbol.h>
 
+#include <QBuffer>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -53,6 +54,13 @@ Ids IdsOf(const TCardinalArray &ids) {
 
 QByteArray BytesOf(const TCellBounds &bounds) {
   return QByteArray::fromRawData(reinterpret_cast<const char *>(&bounds), sizeof bounds).toHex();
+}
+
+QByteArray FileBytesOf(const TIndexCell &cell) {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  cell.WriteIndex(buffer);
+  return buffer.data();
 }
 
 void ExpectSameTree(const TIndexCell &cell, const PlainCell &plain) {
@@ -120,18 +128,34 @@ const Sample Samples[] = {
     {"stray vertices", FillWithStrayVertices},
 };
 
+/// With some ids there already, of which others are found, too.
+void ExpectSameAppending(const TIndexCell &root, const PlainCell &plain, const TCellBounds &rect) {
+  TCardinalArray ids;
+  Ids plainIds{1, 1'000'000, 4};
+  ids.AddAll(plainIds);
+  TIndexCell::GetIdsInRect(root, root, rect, ids);
+  plain.GetIdsInRect(rect, plainIds);
+  ASSERT_EQ(IdsOf(ids), plainIds);
+}
+
 void ExpectSameAnswers(TMapLayer &layer, const PlainCell &plain) {
   TRandomShapes random(12);
   const TIndexCell &root = *layer.GetIndex2D();
   const TCellBounds all = root.GetBounds();
   for (int i = 0; i < 300; ++i) {
-    const double x = random.Real(all.MinX - 10, all.MaxX + 10);
-    const double y = random.Real(all.MinY - 10, all.MaxY + 10);
-    const TCellBounds rect{x, x + random.Real(-5, 150), y, y + random.Real(-5, 150)};
+    // On a grid, where points and the borders of cells are, and anywhere.
+    const bool isOnGrid = i % 4 == 1;
+    const double x = isOnGrid ? 64 * random.Whole(0, 16) : random.Real(all.MinX - 10, all.MaxX + 10);
+    const double y = isOnGrid ? 64 * random.Whole(0, 16) : random.Real(all.MinY - 10, all.MaxY + 10);
+    const double reach = i % 3 == 0 ? 1200 : 150;
+    TCellBounds rect{x, x + random.Real(-5, reach), y, y + random.Real(-5, reach)};
+    if (isOnGrid) rect = {x - 64, x, y - 64, y};
+    if (i == 0) rect = {all.MinX, all.MaxX, all.MinY, all.MaxY};
     TCardinalArray ids;
     Ids plainIds;
     ASSERT_EQ(root.GetAllIdsAtPoint(x, y, ids), plain.GetIdsAtPoint(x, y, plainIds));
     ASSERT_EQ(IdsOf(ids), plainIds);
+    ASSERT_NO_FATAL_FAILURE(ExpectSameAppending(root, plain, rect));
     plainIds.clear();
     const bool hasCandidates = plain.GetIdsInRect(rect, plainIds);
     ASSERT_EQ(root.GetAllIdsInRect(rect, ids), hasCandidates);
@@ -155,9 +179,17 @@ TEST(TIndexCellSampleTest, BuildsTheTreeAndGivesTheAnswersOfThePlainProcedure) {
     sample.fill(layer, random);
     layer.SetUseIndex2D(true);
     const auto plain = PlainCell::Build(layer, 100'000);
-    EXPECT_GT(layer.GetIndex2D()->GetCount(), 0);
-    ASSERT_NO_FATAL_FAILURE(ExpectSameTree(*layer.GetIndex2D(), *plain));
+    const TIndexCell &root = *layer.GetIndex2D();
+    EXPECT_GT(root.GetCount(), 0);
+    const QByteArray bytes = FileBytesOf(root);
+    // First from the arrays, then with one cell an object, and in the end with all.
     ASSERT_NO_FATAL_FAILURE(ExpectSameAnswers(layer, *plain));
+    EXPECT_GT(root.GetCell(0)->GetCount(), 0);
+    ASSERT_NO_FATAL_FAILURE(ExpectSameAnswers(layer, *plain));
+    EXPECT_EQ(FileBytesOf(root), bytes);
+    ASSERT_NO_FATAL_FAILURE(ExpectSameTree(root, *plain));
+    ASSERT_NO_FATAL_FAILURE(ExpectSameAnswers(layer, *plain));
+    EXPECT_EQ(FileBytesOf(root), bytes);
   }
 }
 
@@ -320,6 +352,31 @@ TEST_F(TIndexCellTest, DividesAChildThatIsMadeWithIds) {
   EXPECT_EQ(IdsOf(*child->GetCell(2)), (Ids{4, 5}));
   root.AddChildCell(std::move(child));
   EXPECT_EQ(root.GetCell(root.GetCount() - 1)->GetParent(), &root);
+}
+
+TEST_F(TIndexCellTest, AnswersByItsCellsAsTheyAreChanged) {
+  AddDiagonal(64);
+  TIndexCell &root = Root();
+  root.SetLevel(7);
+  layer.SetUseIndex2D(false);
+  const TCellBounds lowerLeft{0, 1, 0, 1};
+  TIndexCell *child = root.GetCell(0);
+  EXPECT_EQ(child->GetLevel(), 1) << "that of the time of building";
+  EXPECT_EQ(child->GetLayer(), &layer);
+  EXPECT_FALSE(child->IsBuildNeeded());
+  child->GetCell(0)->Clear();
+  EXPECT_TRUE(root.GetAllIdsInRect({0, 63, 0, 63}, ids));
+  EXPECT_EQ(ids.GetCount(), 48);
+  EXPECT_FALSE(root.GetAllIdsInRect(lowerLeft, ids));
+  auto added = std::make_unique<TIndexCell>(child);
+  added->SetBounds(lowerLeft);
+  ids.Clear();
+  child->AddChildCell(std::move(added));
+  EXPECT_FALSE(root.GetAllIdsInRect(lowerLeft, ids));
+  child->SetBounds({100, 101, 100, 101});
+  EXPECT_FALSE(root.GetAllIdsInRect({0, 30, 0, 30}, ids)) << "no cell is asked whose parent does not meet";
+  root.SetBounds({-2, -1, -2, -1});
+  EXPECT_FALSE(root.GetAllIdsInRect({0, 63, 0, 63}, ids));
 }
 
 TEST_F(TIndexCellTest, FindsItsIdsThatMeetABox) {

@@ -8,12 +8,14 @@
 #include <tessera/objects/TCircle.h>
 #include <tessera/objects/TGeoCircle.h>
 #include <tessera/objects/TRectangle.h>
+#include <tessera/objects/TSymbol.h>
 #include <tessera/objects/detail/RectTests.h>
 #include <tessera/objects/detail/ScreenOutliner.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace tessera::test {
 namespace {
@@ -80,6 +82,20 @@ TEST(ShapeExtentTest, AreaQueriesAnswerAsTheObjectsDo) {
     }
   }
   EXPECT_GT(met, 1000);
+}
+
+TEST(ShapeExtentTest, AreaQueriesAroundAllObjectsAnswerAsTheObjectsDo) {
+  constexpr double Infinity = std::numeric_limits<double>::infinity();
+  TMapLayer layer;
+  for (const double at : {0.1, 0.5, 0.9}) layer.NewObject<TSymbol>()->MoveTo(at, at);
+  for (const double beyond : {0.1, 7.0, Infinity}) {
+    EXPECT_EQ(CompareQuery(layer, {0, 0, beyond, beyond}), beyond > 1 ? 3 : 1);
+  }
+  EXPECT_EQ(CompareQuery(layer, {0.1, 0.1, 0.9, 0.9}), 3);
+  static_cast<TSymbol *>(layer.First())->MoveTo(8, 8);
+  EXPECT_EQ(CompareQuery(layer, {0, 0, 7, 7}), 2);
+  layer.NewObject<TSymbol>()->MoveTo(std::numeric_limits<double>::quiet_NaN(), 1);
+  EXPECT_EQ(CompareQuery(layer, {-Infinity, -Infinity, Infinity, Infinity}), 3);
 }
 
 TEST(ShapeExtentTest, HoldsEveryPointThatACircleTakesForItsOwn) {

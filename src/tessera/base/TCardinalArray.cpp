@@ -32,8 +32,9 @@ void TCardinalArray::Add(std::uint32_t id) {
 void TCardinalArray::AddAll(std::span<const std::uint32_t> ids) {
   const std::size_t count = std::size_t(m_count) + ids.size();
   std::size_t capacity = m_items.size();
-  // As far as the steps of Grou go, each from one free place.
-  while (capacity > std::max(std::size_t(m_count), InitialCapacity) && capacity <= count) capacity = 2 * (capacity - 1);
+  // The steps of Grou, each from one free place. Small copies take none, or odd ones.
+  const bool grows = capacity > std::size_t(m_count) && capacity >= InitialCapacity;
+  while (grows && capacity <= count) capacity = 2 * (capacity - 1);
   if (capacity <= count) {
     for (const std::uint32_t id : ids) Add(id);
     return;

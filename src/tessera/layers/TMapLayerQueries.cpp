@@ -56,14 +56,17 @@ void TMapLayer::KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, int *s
   // From the last to the first; those that stay gather at the end.
   const std::span<std::uint32_t> all = ids.Ids();
   const std::size_t count = m_objects->GetCount();
+  const bool areAllInside = m_objects->AreAllInside(rect);
+  constexpr std::size_t Ahead = 16;
   std::size_t firstKept = all.size();
   for (std::size_t i = all.size(); i-- > 0;) {
+    if (i >= Ahead && !areAllInside) m_objects->ExpectExtent(all[i - Ahead]);
     if (all[i] >= count && staleCount) {
       ++*staleCount;
       continue;
     }
     CheckedIndex(all[i], count, "Object");
-    if (IsCandidateInRect(all[i], rect)) all[--firstKept] = all[i];
+    if (areAllInside || IsCandidateInRect(all[i], rect)) all[--firstKept] = all[i];
   }
   std::copy(all.begin() + std::ptrdiff_t(firstKept), all.end(), all.begin());
   ids.Truncate(int(all.size() - firstKept));
@@ -79,8 +82,9 @@ bool TMapLayer::FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, int 
     return true;
   }
   m_objects->UpdateExtents();
+  const bool areAllInside = m_objects->AreAllInside(bounds);
   for (std::size_t id = 0; id < m_objects->GetCount(); ++id) {
-    if (MeetsRect(id, bounds)) ids.Add(std::uint32_t(id));
+    if (areAllInside || MeetsRect(id, bounds)) ids.Add(std::uint32_t(id));
   }
   return ids.GetCount() != 0;
 }
@@ -109,7 +113,9 @@ void TMapLayer::Paint() {
   TCardinalArray ids;
   int staleCount = 0;
   if (!FindIdsInRect(Bounds2CellBounds(map->GetViewport().GetViewBounds()), ids, &staleCount)) return;
-  detail::LayerPainter(*this, *m_objects).Paint(std::as_const(ids).Ids());
+  using Order = detail::LayerPainter::Order;
+  detail::LayerPainter(*this, *m_objects)
+      .Paint(std::as_const(ids).Ids(), m_useIndex2D ? Order::Scattered : Order::List);
   if (staleCount > 0 && !std::exchange(m_isStaleIndexTold, true)) {
     ShowMessage(QStringLiteral("The spatial index of layer \"%1\" is out of date, so it may not show all objects.")
                     .arg(m_name));

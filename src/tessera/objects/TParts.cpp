@@ -54,6 +54,11 @@ TParts::Many *TParts::GetMany() const {
   return (word & ManyFlag) != 0 ? reinterpret_cast<Many *>(word & ~ManyFlag) : nullptr;
 }
 
+const void *TParts::GetStore() const {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): as above
+  return reinterpret_cast<const void *>(GetWord() & ~ManyFlag);
+}
+
 std::span<TPart> TParts::Items() {
   if (GetWord() == 0) return {};
   if (Many *many = GetMany()) return *many;

@@ -10,6 +10,10 @@
 
 namespace tessera {
 
+namespace detail {
+class ObjectStore;
+}
+
 /// One part of an object: an open or closed chain of vertices. Parts are made by TParts only.
 class TESSERA_CORE_EXPORT TPart {
  public:
@@ -81,10 +85,13 @@ class TESSERA_CORE_EXPORT TParts {
 
  private:
   friend class TCustomMapObject;
+  friend class detail::ObjectStore;
   friend class TMapPoints;
   friend class TPart;
   TParts() = default;
   ~TParts();
+  /// Where the vertices of a single part are, or the array of several.
+  [[nodiscard]] const void *GetStore() const;
   /// Tells the object that parts, vertices or bounds have changed.
   void NoteChange();
   void FreeParts();

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/detail/Prefetch.h>
 #include <tessera/layers/detail/IndexShapes.h>
 
 #include <limits>
@@ -208,8 +209,7 @@ void IndexShapes::Expect(const Quadrants &quadrants, const CellRange &range) con
   for (std::size_t i = 0; i < range.count; ++i) {
     const Entry &entry = EntryAt(range, i);
     if (entry.isCut || quadrants.Holding(entry.extent) != 0) continue;
-    for (std::uint32_t run = 0; run < std::min(entry.runCount, 4U); ++run)
-      __builtin_prefetch(&m_runs[entry.firstRun + run]);
+    for (std::uint32_t run = 0; run < std::min(entry.runCount, 4U); ++run) Prefetch(&m_runs[entry.firstRun + run]);
   }
 }
 

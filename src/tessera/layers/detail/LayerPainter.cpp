@@ -23,8 +23,19 @@ bool LayerPainter::IsPassedOver(const ObjectStore::Extent &extent) const {
   return m_passesOver && extent.look == Look::Outline && m_map.GetOutliner().ThinsToOne(extent.box);
 }
 
-void LayerPainter::Paint(std::span<const std::uint32_t> ids) {
-  for (const std::uint32_t id : ids) {
+void LayerPainter::Expect(std::span<const std::uint32_t> ids, std::size_t i) const {
+  constexpr std::size_t PlacesAhead = 32;
+  constexpr std::size_t ObjectsAhead = 16;
+  constexpr std::size_t VerticesAhead = 6;
+  if (i + PlacesAhead < ids.size()) m_store.ExpectPlace(ids[i + PlacesAhead]);
+  if (i + ObjectsAhead < ids.size()) m_store.ExpectObject(ids[i + ObjectsAhead]);
+  if (i + VerticesAhead < ids.size()) m_store.ExpectVertices(ids[i + VerticesAhead]);
+}
+
+void LayerPainter::Paint(std::span<const std::uint32_t> ids, Order order) {
+  for (std::size_t i = 0; i < ids.size(); ++i) {
+    if (order == Order::Scattered) Expect(ids, i);
+    const std::uint32_t id = ids[i];
     TCustomMapObject &object = *m_store.Items()[id];
     const ObjectStore::Extent extent = m_store.ExtentOf(id);
     if (IsPassedOver(extent)) {

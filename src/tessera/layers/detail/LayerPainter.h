@@ -17,7 +17,10 @@ class LayerPainter {
  public:
   /// @pre the layer is on a map and the store's extents are up to date
   LayerPainter(const TObjectLayer &layer, const ObjectStore &store);
-  void Paint(std::span<const std::uint32_t> ids);
+  /// The order in which objects are drawn: that of their list, or another, in which they do not follow each other in
+  /// the memory.
+  enum class Order { List, Scattered };
+  void Paint(std::span<const std::uint32_t> ids, Order order);
 
  private:
   /// The look of a symbol, and what draws it.
@@ -34,6 +37,8 @@ class LayerPainter {
   static constexpr std::size_t MostPlaces = std::size_t(1) << 18;
   static constexpr std::size_t MostStamps = 4 * KnownLooks;
 
+  /// Has the processor fetch what the objects after the one at `i` will need.
+  void Expect(std::span<const std::uint32_t> ids, std::size_t i) const;
   [[nodiscard]] bool IsPassedOver(const ObjectStore::Extent &extent) const;
   void PassOver(TCustomMapObject &object);
   void PaintAlone(TCustomMapObject &object);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/detail/Prefetch.h>
 #include <tessera/layers/detail/ObjectStore.h>
 #include <tessera/objects/TPolyline.h>
 #include <tessera/objects/TRegion.h>
@@ -11,6 +12,8 @@ namespace tessera::detail {
 namespace {
 
 using Look = ObjectStore::Look;
+
+constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
 
 /// Of these very kinds: what is derived from them may draw itself anyhow.
 Look LookOf(const TCustomMapObject &object) {
@@ -172,8 +175,31 @@ ObjectStore::Extent ObjectStore::MeasureExtent(TCustomMapObject &object) {
   object.m_isExtentKnown = true;
   NoteStyle(object);
   const std::optional<TBounds> extent = object.GetExtent();
-  if (!extent) return {RoundedBox::Everywhere(), Look::Own};
-  return {RoundedBox::Of(*extent), LookOf(object)};
+  const RoundedBox box = extent ? RoundedBox::Of(*extent) : RoundedBox::Everywhere();
+  m_common.Widen(box);
+  // With a side that is no number it lies nowhere, and neither do all together from now on.
+  if (!(box.minX <= box.maxX && box.minY <= box.maxY)) m_common = {NaN, NaN, NaN, NaN};
+  return {box, extent ? LookOf(object) : Look::Own};
+}
+
+void ObjectStore::ExpectPlace(std::size_t index) const {
+  if (index < m_objects.size()) Prefetch(&m_objects[index]);
+  ExpectExtent(index);
+}
+
+void ObjectStore::ExpectObject(std::size_t index) const {
+  if (index >= m_objects.size()) return;
+  constexpr std::size_t LineLength = 64;
+  const auto *object = reinterpret_cast<const std::byte *>(m_objects[index].get());
+  for (std::size_t at = 0; at < sizeof(TCustomMapObject); at += LineLength) Prefetch(object + at);
+}
+
+void ObjectStore::ExpectVertices(std::size_t index) const {
+  if (index < m_objects.size() && m_objects[index]) Prefetch(m_objects[index]->m_parts.GetStore());
+}
+
+void ObjectStore::ExpectExtent(std::size_t index) const {
+  if (index < m_extents.size()) Prefetch(&m_extents[index]);
 }
 
 void ObjectStore::FindMeeting(const TBounds &rect, TCardinalArray &places) const {
@@ -193,6 +219,7 @@ void ObjectStore::NoteGeometry(TCustomMapObject &object) {
   if (m_changed.size() >= m_extents.size() / FewAmong + 1) {
     // Most have changed, so all are worked out anew.
     m_extents.clear();
+    m_common = NoBox;
     m_changed.clear();
     return;
   }

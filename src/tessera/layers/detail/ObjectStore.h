@@ -6,6 +6,7 @@
 #include <tessera/geometry/detail/RoundedBox.h>
 #include <tessera/objects/TCustomMapObject.h>
 
+#include <limits>
 #include <memory>
 #include <span>
 #include <vector>
@@ -50,6 +51,12 @@ class TESSERA_CORE_EXPORT ObjectStore {
   /// beyond the end
   void Merge(std::vector<std::pair<std::size_t, Owned>> &&objects);
 
+  /// Has the processor fetch the place of an object in the list, with its extent, in a second step the object, and in a
+  /// third its vertices. For a visit in another order than that of the list, in which the memory is fetched by itself.
+  void ExpectPlace(std::size_t index) const;
+  void ExpectObject(std::size_t index) const;
+  void ExpectVertices(std::size_t index) const;
+
   // Extents.
 
   enum class Relation { Apart, Inside, Unknown };
@@ -66,6 +73,10 @@ class TESSERA_CORE_EXPORT ObjectStore {
   [[nodiscard]] std::optional<int> GetPickReachPx() const { return m_pickReachPx; }
   /// The style of an object has changed, on which its reach depends.
   void NoteStyle(const TCustomMapObject &object);
+  /// Whether a rectangle is known to hold the extents of all objects. @pre the extents are up to date
+  [[nodiscard]] bool AreAllInside(const TBounds &rect) const { return m_common.LiesWithin(rect); }
+  /// Has the processor fetch what RelationOf and ExtentOf ask for.
+  void ExpectExtent(std::size_t index) const;
   /// How the object at `index` lies to a rectangle with its corners in order. Near the border, and for objects that do
   /// not tell their extent, it is not known. @pre the extents are up to date
   [[nodiscard]] Relation RelationOf(std::size_t index, const TBounds &rect) const {
@@ -90,6 +101,8 @@ class TESSERA_CORE_EXPORT ObjectStore {
   }
 
  private:
+  static constexpr RoundedBox NoBox{std::numeric_limits<float>::infinity(), std::numeric_limits<float>::infinity(),
+                                    -std::numeric_limits<float>::infinity(), -std::numeric_limits<float>::infinity()};
   static constexpr std::size_t NoSlot = SIZE_MAX;
   Extent MeasureExtent(TCustomMapObject &object);
   [[nodiscard]] std::size_t SlotOf(const TCustomMapObject &object) const;
@@ -101,6 +114,7 @@ class TESSERA_CORE_EXPORT ObjectStore {
   // Slots, of which some may be gaps.
   mutable std::vector<Owned> m_objects;
   mutable std::vector<Extent> m_extents;  // of the first so many slots
+  RoundedBox m_common = NoBox;            // around all extents there were
   std::optional<int> m_pickReachPx = 0;   // never shrinks
   mutable std::size_t m_gaps = 0;
   mutable std::size_t m_shift = 0;                   // how far the object found last had moved; below 0 it wraps around
