@@ -15,8 +15,6 @@ using detail::PaintStage;
 
 namespace {
 
-constexpr int FullTurn = 3600;  ///< In tenths of a degree.
-
 /// A text's box, turned about its upper left corner.
 struct TextBox {
   QPointF corner;
@@ -73,7 +71,7 @@ void TCanvas::TextOut(int x, int y, const QString &text) {
     face.DrawRun(d->GetSurface(), corner.x(), corner.y(), text);
     return;
   }
-  const TextBox box{corner, QSizeF(face.Extent(text)) * d->Ratio(), d->m_escapement % FullTurn / 10.0};
+  const TextBox box{corner, QSizeF(face.Extent(text)) * d->Ratio(), d->m_escapement % Private::FullTurn / 10.0};
   const DeviceRect bounds = boundsOf(box);
   if (bounds.Intersected(d->GetSurface().Bounds()).IsEmpty()) return;
   DevicePen pen;

@@ -17,6 +17,8 @@ class TCanvas::Private {
   using Ink = detail::Ink;
   using PaintStage = detail::PaintStage;
 
+  static constexpr int FullTurn = 3600;  ///< In tenths of a degree.
+
   explicit Private(TBitmap *bitmap) : m_bitmap(bitmap) {}
 
   /// Makes the picture stage that of the bitmap as it is now. False when the bitmap is empty.
@@ -41,7 +43,6 @@ class TCanvas::Private {
 
   /// Whether text is drawn upright and covers what is there.
   [[nodiscard]] bool DrawsUprightText() const {
-    constexpr int FullTurn = 3600;  // in tenths of a degree
     return m_pen.GetMode() == TPenMode::pmCopy && m_escapement % FullTurn == 0;
   }
 

@@ -2,7 +2,7 @@
 #include <tessera/graphics/detail/CanvasState.h>
 #include <tessera/graphics/detail/StampPainter.h>
 
-#include <cstring>
+#include <QtEndian>
 
 namespace tessera::detail {
 namespace {
@@ -45,11 +45,7 @@ bool PixelCover::IsHidden(const Figure &figure, std::int64_t x, std::int64_t y) 
   if (left < 0 || top < 0 || left + figure.widthPx > m_width || top + rows > m_height) return false;
   const auto shift = unsigned(left % 8);
   unsigned char *const first = m_bits.data() + std::size_t(top) * m_stride + std::size_t(left / 8);
-  const auto wordAt = [](const unsigned char *at) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, at, sizeof word);
-    return word;
-  };
+  const auto wordAt = [](const unsigned char *at) { return qFromLittleEndian<std::uint64_t>(at); };
   unsigned char *at = first;
   std::size_t row = 0;
   while (row < figure.touched.size() && (figure.touched[row] << shift & ~wordAt(at)) == 0) {
@@ -59,8 +55,7 @@ bool PixelCover::IsHidden(const Figure &figure, std::int64_t x, std::int64_t y) 
   if (row == figure.touched.size()) return true;
   at = first;
   for (const std::uint64_t covered : figure.covered) {
-    const std::uint64_t word = wordAt(at) | covered << shift;
-    std::memcpy(at, &word, sizeof word);
+    qToLittleEndian<std::uint64_t>(wordAt(at) | covered << shift, at);
     at += m_stride;
   }
   return false;
