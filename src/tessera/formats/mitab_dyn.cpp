@@ -135,6 +135,7 @@ QFunctionPointer Resolve(QLibrary &library, const detail::MitabEntry &entry) {
   entry(mitab_c_set_quick_spatial_index_mode)
 // clang-format on
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a name that is defined cannot stand in parentheses
 #define DEFINE(name) decltype(name) name = nullptr;
 TESSERA_MITAB_ENTRIES(DEFINE)
 #undef DEFINE
@@ -147,6 +148,7 @@ namespace {
              [](QFunctionPointer found) { name = reinterpret_cast<decltype(name)>(found); }},
 constexpr MitabEntry Entries[] = {TESSERA_MITAB_ENTRIES(DESCRIBE)};
 #undef DESCRIBE
+// NOLINTEND(bugprone-macro-parentheses)
 
 }  // namespace
 

@@ -58,9 +58,9 @@ void MidTable::Restart(qint64 origin) {
 }
 
 void MidTable::Add(std::string_view values, qint64 begin, qint64 end) {
-  constexpr qint64 Most = std::numeric_limits<std::uint32_t>::max();
+  constexpr std::uint32_t Most = std::numeric_limits<std::uint32_t>::max();
   // What is as long as that is read by whoever comes to it.
-  if (end - m_origin > Most || qint64(m_values.size() + values.size()) > Most) return;
+  if (end - m_origin > Most || m_values.size() + values.size() > Most) return;
   const std::size_t valuesBegin = m_values.size();
   m_values.insert(m_values.end(), values.begin(), values.end());
   m_lines.push_back({std::uint32_t(begin - m_origin), std::uint32_t(end - m_origin), std::uint32_t(valuesBegin),

@@ -192,7 +192,7 @@ void MitabColumnWriter::WriteColumns(mitab_handle file) {
 
 QByteArray MitabColumnWriter::TextOf(const Column &column, const TDataFieldView &field, const TDataValue &value) {
   if (column.type == TABFT_Char) {
-    const QByteArray bytes = m_text.Encode(field.TextOf(value));
+    QByteArray bytes = m_text.Encode(field.TextOf(value));
     if (field.TextOf(value).size() > column.width) ++m_cutTexts;
     if (m_isMif && bytes.contains('\n')) ++m_brokenLines;
     return bytes;

@@ -225,8 +225,8 @@ void MitabReader::ReadMembers(mitab_feature feature) {
   using Member = decltype(mitab_c_get_collection_region_ref);
   for (const Member member : {mitab_c_get_collection_region_ref, mitab_c_get_collection_polyline_ref,
                               mitab_c_get_collection_multipoint_ref}) {
-    const mitab_feature found = member == nullptr ? nullptr : member(feature);
-    if (found != nullptr) ReadShape(found);
+    if (member == nullptr) continue;
+    if (mitab_feature found = member(feature)) ReadShape(found);
   }
 }
 

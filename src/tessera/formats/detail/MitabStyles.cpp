@@ -102,7 +102,7 @@ TObjectStylePtr MitabStyleReader::StyleOf(mitab_feature feature) {
   const auto known = m_styles.find(look);
   if (known != m_styles.end()) return known->second;
   if (m_styles.size() >= MostStyles) m_styles.clear();
-  const TObjectStylePtr style = MakeStyle(look);
+  TObjectStylePtr style = MakeStyle(look);
   m_styles.emplace(std::move(look), style);
   return style;
 }

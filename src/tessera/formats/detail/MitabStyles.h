@@ -31,6 +31,7 @@ class MitabStyleReader {
     std::array<int, 2> font{};
     int back = 0;
     std::string fontName;
+    // NOLINTNEXTLINE(modernize-use-nullptr): it takes the comparison with zero within for one of pointers
     auto operator<=>(const Look &) const = default;
   };
   static Look LookOf(mitab_feature feature);

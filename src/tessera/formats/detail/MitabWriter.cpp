@@ -38,7 +38,7 @@ bool IsOf(const TCustomMapObject &object) {
 TBounds BoundsOf(const TMapLayer &layer) {
   TBounds bounds = TBounds::Empty();
   for (int i = 0; i < layer.GetObjectCount(); ++i) {
-    const TBounds &own = std::as_const(*layer.GetObjects(i)).GetBounds();
+    const TBounds own = std::as_const(*layer.GetObjects(i)).GetBounds();
     const bool isFinite = std::isfinite(own.MinX + own.MinY + own.MaxX + own.MaxY);
     if (isFinite && !own.IsInverted()) bounds.Widen(own);
     if (const auto *text = dynamic_cast<const TText *>(layer.GetObjects(i))) {
@@ -220,7 +220,7 @@ MitabFeature MitabWriter::MakeRectangle(const TCustomMapObject &rectangle) {
 
 MitabFeature MitabWriter::MakeCircle(const TCustomMapObject &object) {
   const auto &circle = static_cast<const TCircle &>(object);
-  const TBounds &box = circle.GetBounds();
+  const TBounds box = circle.GetBounds();
   const double radius = std::abs(circle.GetRadius());
   const TMapPoint center{(box.MinX + box.MaxX) / 2, (box.MinY + box.MaxY) / 2};
   if (!IsFinite(center) || !std::isfinite(radius)) return nullptr;

@@ -50,9 +50,9 @@ class MitabWriter {
   MitabFeature MakeRegion(const TCustomMapObject &region);
   MitabFeature MakeLine(const TCustomMapObject &line);
   MitabFeature MakeRectangle(const TCustomMapObject &rectangle);
-  MitabFeature MakeCircle(const TCustomMapObject &circle);
-  MitabFeature MakeText(const TCustomMapObject &text);
-  MitabFeature MakeSymbol(const TCustomMapObject &symbol);
+  MitabFeature MakeCircle(const TCustomMapObject &object);
+  MitabFeature MakeText(const TCustomMapObject &object);
+  MitabFeature MakeSymbol(const TCustomMapObject &object);
   MitabFeature MakePlace(const TCustomMapObject &object);
   [[nodiscard]] MitabFeature New(int kind);
   void SetPart(mitab_feature feature, int part, std::span<const TMapPoint> points, std::size_t leastPoints);
