@@ -205,6 +205,42 @@ TEST_F(MifReadTest, SharesStylesBetweenObjectsWithTheSameClausesAndNeedsSixItems
   EXPECT_EQ(As<TSymbol>(6)->GetShape(), TSymbol::NoShape);
 }
 
+TEST_F(MifReadTest, LeavesObjectsWholeThatAreChangedOrOutliveTheLayerTheyWereLoadedInto) {
+  constexpr int Count = 3000;
+  QByteArray mif = "Columns 1\n  Name Char(30)\nData\n";
+  QByteArray mid;
+  for (int i = 0; i < Count; ++i) {
+    const QByteArray x = QByteArray::number(i);
+    mif += QByteArray(i % 2 == 0 ? "Point X 1\n" : "Pline 3\nX 0\nX 1\nX 2\n").replace("X", x);
+    mid += "\"the object number " + x + "\"\n";
+  }
+  WriteFile(QStringLiteral("a.mif"), mif + "End\n");
+  WriteFile(QStringLiteral("a.mid"), mid);
+  auto loaded = std::make_unique<TMapLayer>();
+  loaded->SetMap(&map);
+  loaded->LoadFromFile(PathOf(QStringLiteral("a.mif")), QString());
+  ASSERT_EQ(loaded->GetObjectCount(), Count);
+  std::vector<std::unique_ptr<TCustomMapObject>> kept;
+  for (int i = Count - 1; i >= 0; --i) {
+    TCustomMapObject &object = *loaded->GetObjects(i);
+    TMapPoints &points = object.GetParts().GetFirst().GetPoints();
+    if (i % 5 == 0) points.Add(i, 7);
+    if (i % 7 == 0) points.SetPoint(0, {i + 0.5, 0});
+    if (i % 11 == 0) object.GetFields().GetFields(0).SetAsString(QStringLiteral("another name"));
+    if (i % 3 == 0) kept.push_back(loaded->TakeObject(&object));
+  }
+  loaded.reset();
+  for (std::size_t at = 0; at < kept.size(); ++at) {
+    const int i = Count - 3 * int(at + 1);
+    const TMapPoints &points = kept[at]->GetParts().GetFirst().GetPoints();
+    ASSERT_EQ(points.GetCount(), (i % 2 == 0 ? 1 : 3) + (i % 5 == 0 ? 1 : 0)) << i;
+    ASSERT_EQ(points.GetPoint(0).X, i % 7 == 0 ? i + 0.5 : i);
+    ASSERT_EQ(kept[at]->GetFields().GetFields(0).GetAsString(),
+              i % 11 == 0 ? QStringLiteral("another name") : QStringLiteral("the object number %1").arg(i));
+    ASSERT_EQ(kept[at]->GetBounds().MinX, i);
+  }
+}
+
 TEST_F(MifReadTest, ReportsADefectWithLineAndWordsAndKeepsWhatWasRead) {
   struct Row {
     const char *mif;

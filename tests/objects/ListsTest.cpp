@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "../support/PoolBegun.h"
 #include "../support/Printers.h"
 
 #include <tessera/base/Exceptions.h>
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <optional>
 #include <random>
 
 namespace tessera {
@@ -117,7 +119,9 @@ class TMapPointsModel {
 
 TEST(TMapPointsTest, FollowsAModelThroughRandomChanges) {
   std::mt19937 random(3);
-  for (int run = 0; run < 50; ++run) {
+  for (int run = 0; run < 100; ++run) {
+    std::optional<PoolBegun> pool;
+    if (run % 2 == 1) pool.emplace();
     TMapPointsModel model;
     for (int step = 0; step < 300; ++step) {
       SCOPED_TRACE(testing::Message() << "run " << run << " step " << step);

@@ -22,7 +22,7 @@ struct PlainCell {
     auto root = std::make_unique<PlainCell>();
     TBounds all = TBounds::Empty();
     for (int id = 0; id < layer.GetObjectCount(); ++id) {
-      const TBounds &box = layer.GetObjects(id)->GetBounds();
+      const TBounds box = layer.GetObjects(id)->GetBounds();
       if (box.MinX < all.MinX) all.MinX = box.MinX;
       if (box.MinY < all.MinY) all.MinY = box.MinY;
       if (box.MaxX > all.MaxX) all.MaxX = box.MaxX;

@@ -135,7 +135,7 @@ class VectorDrawing {
   void DrawLabel(const TCustomMapObject &object, const TMapLayer &layer) {
     const int field = layer.GetLabelFieldIndex();
     if (field < 0 || field >= layer.GetFieldCount()) return;
-    const TBounds &bounds = object.GetBounds();
+    const TBounds bounds = object.GetBounds();
     DrawCentred(object.GetFields().GetFields(field).GetAsString(), layer.GetAutoLabelFont(),
                 At((bounds.MinX + bounds.MaxX) / 2, (bounds.MinY + bounds.MaxY) / 2));
   }

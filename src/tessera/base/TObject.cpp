@@ -9,11 +9,15 @@ TObject::~TObject() {
   TObjectHandle::Empty(this);
 }
 
-void TObject::operator delete(TObject *object, std::destroying_delete_t) {
+void *TObject::End(TObject *object) {
   GuardedCall([object] { object->BeforeDestruction(); });
   void *memory = dynamic_cast<void *>(object);
   object->~TObject();
-  ::operator delete(memory);
+  return memory;
+}
+
+void TObject::operator delete(TObject *object, std::destroying_delete_t) {
+  ::operator delete(End(object));
 }
 
 }  // namespace tessera

@@ -29,6 +29,10 @@ class TESSERA_CORE_EXPORT TObject {
   /// For an object whose constructor has thrown.
   static void operator delete(void *memory) { ::operator delete(memory); }
   static void operator delete(TObject *object, std::destroying_delete_t);
+
+ protected:
+  /// What `delete` does but for the memory, which it answers.
+  [[nodiscard]] static void *End(TObject *object);
 };
 
 }  // namespace tessera

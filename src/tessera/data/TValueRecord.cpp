@@ -1,13 +1,29 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/detail/Pool.h>
 #include <tessera/data/TValueRecord.h>
 #include <tessera/data/detail/ValueRecordIO.h>
 
 #include <cstring>
+#include <memory>
 
 namespace tessera {
 
+using detail::Pool;
 using detail::ValueRecordReader;
 using detail::ValueRecordWriter;
+
+namespace {
+
+using Header = std::uint32_t;
+constexpr Header PoolFlag = 0x80000000U;
+
+Header HeaderOf(const char *block) {
+  Header header = 0;
+  std::memcpy(&header, block, sizeof header);
+  return header;
+}
+
+}  // namespace
 
 TValueRecord &TValueRecord::operator=(const TValueRecord &other) {
   if (this != &other) Assign(other.Bytes());
@@ -15,19 +31,30 @@ TValueRecord &TValueRecord::operator=(const TValueRecord &other) {
 }
 
 std::string_view TValueRecord::Bytes() const {
-  if (!m_block) return {};
-  std::uint32_t size = 0;
-  std::memcpy(&size, m_block.get(), sizeof size);
-  return {m_block.get() + sizeof size, size};
+  if (m_block == nullptr) return {};
+  return {m_block + sizeof(Header), HeaderOf(m_block) & ~PoolFlag};
+}
+
+void TValueRecord::Clear() {
+  if (m_block == nullptr) return;
+  char *block = std::exchange(m_block, nullptr);
+  if ((HeaderOf(block) & PoolFlag) != 0) {
+    Pool::Release(block);
+  } else {
+    std::default_delete<char[]>()(block);
+  }
 }
 
 void TValueRecord::Assign(std::string_view bytes) {
   if (bytes.empty()) return Clear();
-  const auto size = std::uint32_t(bytes.size());
-  auto block = std::make_unique_for_overwrite<char[]>(sizeof size + size);
-  std::memcpy(block.get(), &size, sizeof size);
-  std::memcpy(block.get() + sizeof size, bytes.data(), size);
-  m_block = std::move(block);
+  const std::size_t size = sizeof(Header) + bytes.size();
+  auto *pooled = static_cast<char *>(Pool::Take(size, Pool::Shelf::Values));
+  char *block = pooled ? pooled : std::make_unique_for_overwrite<char[]>(size).release();
+  const auto header = Header(bytes.size()) | (pooled ? PoolFlag : 0);
+  std::memcpy(block, &header, sizeof header);
+  std::memcpy(block + sizeof header, bytes.data(), bytes.size());
+  Clear();
+  m_block = block;
 }
 
 TDataValue TValueRecord::Get(int index) const {

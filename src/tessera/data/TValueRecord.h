@@ -3,8 +3,8 @@
 
 #include <tessera/data/TDataValue.h>
 
-#include <memory>
 #include <string_view>
+#include <utility>
 
 namespace tessera {
 
@@ -15,16 +15,19 @@ class TESSERA_CORE_EXPORT TValueRecord {
   TValueRecord() = default;
   TValueRecord(const TValueRecord &other) { Assign(other.Bytes()); }
   TValueRecord &operator=(const TValueRecord &other);
-  TValueRecord(TValueRecord &&) noexcept = default;
-  TValueRecord &operator=(TValueRecord &&) noexcept = default;
-  ~TValueRecord() = default;
+  TValueRecord(TValueRecord &&other) noexcept : m_block(std::exchange(other.m_block, nullptr)) {}
+  TValueRecord &operator=(TValueRecord &&other) noexcept {
+    std::swap(m_block, other.m_block);
+    return *this;
+  }
+  ~TValueRecord() { Clear(); }
 
   /// Unassigned beyond the end.
   [[nodiscard]] TDataValue Get(int index) const;
   void Set(int index, const TDataValue &value);
   void Insert(int index, const TDataValue &value);
   void Remove(int index);
-  void Clear() { m_block.reset(); }
+  void Clear();
   /// Takes over values in their packed form, as Bytes gives them.
   void Assign(std::string_view bytes);
   [[nodiscard]] std::string_view Bytes() const;
@@ -32,7 +35,8 @@ class TESSERA_CORE_EXPORT TValueRecord {
  private:
   /// Replaces the packed values from `index` on, `count` of them, by `packed`.
   void Replace(int index, int count, std::string_view packed);
-  std::unique_ptr<char[]> m_block;  // the number of bytes as 32 bits, then the bytes
+  char *m_block =
+      nullptr;  // the number of bytes as 32 bits, the highest of them whether it is a pool's; then the bytes
 };
 
 }  // namespace tessera

@@ -2,6 +2,7 @@
 // What a layer answers to a rectangle, how it is drawn, and how it is read and written.
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/MessageSink.h>
+#include <tessera/base/detail/Pool.h>
 #include <tessera/layers/TMapLayer.h>
 #include <tessera/layers/detail/LayerPainter.h>
 #include <tessera/layers/detail/ObjectStore.h>
@@ -139,7 +140,11 @@ bool TMapLayer::LoadFromFile(const QString &fileName, const QString &layerName) 
   const auto loud = qScopeGuard([this, &self] {
     if (self) SetQuiet(false);
   });
-  const bool isLoaded = provider->Load(this, fileName);
+  bool isLoaded = false;
+  {
+    const detail::Pool pool;
+    isLoaded = provider->Load(this, fileName);
+  }
   if (!self) return false;
   // While it is expected to take a while, and not when the first picture is.
   m_objects->UpdateExtents();

@@ -2,6 +2,7 @@
 #include <tessera/base/GuardedCall.h>
 #include <tessera/base/THandle.h>
 #include <tessera/base/detail/FarPixels.h>
+#include <tessera/base/detail/Pool.h>
 #include <tessera/geometry/PolySplitter.h>
 #include <tessera/geometry/detail/VertexRuns.h>
 #include <tessera/graphics/TCanvas.h>
@@ -24,6 +25,14 @@ const TObjectStylePtr &InitialStyle() {
 /// What a highlight's colours are XORed with, so that it stands out in blue.
 constexpr TColor HighlightMask = 0x800000;
 
+void FreeMemory(void *memory, bool isPooled) {
+  if (isPooled) {
+    detail::Pool::Release(memory);
+  } else {
+    ::operator delete(memory);
+  }
+}
+
 template <typename Test>
 bool AnyVertex(const TCustomMapObject &object, Test test) {
   const auto parts = object.GetParts().Items();
@@ -40,6 +49,25 @@ TCustomMapObject::TCustomMapObject() : m_style(InitialStyle()) {}
 TCustomMapObject::~TCustomMapObject() {
   if (m_isInLayer) m_place.layer->ForgetObject(*this);
   Detach();
+}
+
+std::unique_ptr<TCustomMapObject> TCustomMapObject::Make(std::size_t size,
+                                                         TCustomMapObject *(*construct)(void *place)) {
+  void *pooled = detail::Pool::Take(size, detail::Pool::Shelf::Figures);
+  void *memory = pooled ? pooled : ::operator new(size);
+  try {
+    std::unique_ptr<TCustomMapObject> object(construct(memory));
+    object->m_isPooled = pooled != nullptr;
+    return object;
+  } catch (...) {
+    FreeMemory(memory, pooled != nullptr);
+    throw;
+  }
+}
+
+void TCustomMapObject::operator delete(TCustomMapObject *object, std::destroying_delete_t) {
+  const bool isPooled = object->m_isPooled;
+  FreeMemory(End(object), isPooled);
 }
 
 void TCustomMapObject::Detach() {
@@ -235,7 +263,7 @@ void TCustomMapObject::DrawLabel(TCanvas &canvas) {
   if (!WithinRect(view.MinX, view.MinY, view.MaxX, view.MaxY)) return;
   const auto parts = std::as_const(m_parts).Items();
   const bool isPoint = parts.size() == 1 && parts[0].GetPoints().GetCount() == 1;
-  const TBounds &bounds = GetBounds();
+  const TBounds bounds = GetBounds();
   const TPoint anchor = isPoint
                             ? GetPixels(0, 0)
                             : viewport.MapToScreen((bounds.MinX + bounds.MaxX) / 2, (bounds.MinY + bounds.MaxY) / 2);
@@ -298,10 +326,8 @@ void TCustomMapObject::SetAnchorY(double y) {
 }
 
 void TCustomMapObject::MoveAnchor(double x, double y) {
-  TMapPoints &points = FirstPart().GetPoints();
-  points.Restart();
-  m_parts.SetBounds(TBounds::Empty());
-  points.Add(x, y);
+  FirstPart();
+  m_parts.MoveFirstTo(x, y);
 }
 
 }  // namespace tessera

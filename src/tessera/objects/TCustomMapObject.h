@@ -40,6 +40,12 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
   TCustomMapObject();
   /// Leaves its layer and its map, and tells nobody.
   ~TCustomMapObject() override;
+  /// For an object whose constructor has thrown.
+  static void operator delete(void *memory) { ::operator delete(memory); }
+  static void operator delete(TCustomMapObject *object, std::destroying_delete_t);
+  /// Makes an object by `construct` in memory of its size; what a layer loads stands close together.
+  [[nodiscard]] static std::unique_ptr<TCustomMapObject> Make(std::size_t size,
+                                                              TCustomMapObject *(*construct)(void *place));
   /// Tells of the end: see AnnounceEnd.
   void BeforeDestruction() override;
   /// Leaves the selection and the displayed objects of its map and tells handlers and links that it is about to be
@@ -87,7 +93,7 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
   void Paint();
   /// Sets the canvas up for the highlight: the object's tools in inverted blue, XORed with what is there.
   void PrepareCanvasAtributes();
-  [[nodiscard]] const TBounds &GetBounds() const { return m_parts.GetBounds(); }
+  [[nodiscard]] TBounds GetBounds() const { return m_parts.GetBounds(); }
   /// The client pixel of one vertex. @throws ERangeError for a part or point that does not exist.
   [[nodiscard]] TPoint GetPixels(int part, int point) const;
 
@@ -214,12 +220,14 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
   /// Place in the displayed objects, if it is there that the object stands; kept by TDisplayedObjects.
   std::uint32_t m_displayedAt = 0;
   /// Where the object stood in its layer when that was last asked for; kept by the layer, which looks there first.
-  mutable std::uint32_t m_layerAt : 29 = 0;
+  mutable std::uint32_t m_layerAt : 28 = 0;
   std::uint32_t m_isInLayer : 1 = 0;
   /// The layer has taken note of the extent; never set outside a layer.
   std::uint32_t m_isExtentKnown : 1 = 0;
   /// AnnounceEnd is at work.
   std::uint32_t m_isEnding : 1 = 0;
+  /// The object stands in a pool, not in the heap.
+  std::uint32_t m_isPooled : 1 = 0;
 };
 
 /// Makes an object of one kind; what layers and readers take as a class.
@@ -227,7 +235,8 @@ using TMapObjectClass = std::unique_ptr<TCustomMapObject> (*)();
 
 template <class Kind>
 [[nodiscard]] std::unique_ptr<TCustomMapObject> CreateMapObject() {
-  return std::make_unique<Kind>();
+  static_assert(alignof(Kind) <= alignof(double));
+  return TCustomMapObject::Make(sizeof(Kind), [](void *place) -> TCustomMapObject * { return new (place) Kind; });
 }
 
 }  // namespace tessera

@@ -85,11 +85,23 @@ class TESSERA_CORE_EXPORT TMapPoints {
   TMapPoints &operator=(TMapPoints &&other) noexcept;
 
   [[nodiscard]] TParts *GetOwner() const;
+  /// As one of several parts, or of none.
   void SetOwner(TParts *owner);
-  void Reallocate(std::size_t capacity, bool keepsBounds);
+  /// As the only part, which stands within its owner.
+  void SetOnly();
+  /// Exchanges the vertices with those of another list; each keeps its owner.
+  void SwapVertices(TMapPoints &other);
+  enum class Extras { None, Links, Bounds };
+  void Reallocate(std::size_t capacity, Extras extras);
+  void Resize(std::size_t size);
+  static void Free(Block *block);
   void KeepBounds();
   void DropRuns();
-  void NoteChange();
+  /// Becomes empty. The owner does not hear of it.
+  void Forget();
+  /// Changes vertices that are there, while the owner keeps its bounds.
+  template <typename Change>
+  void ChangeVertices(Change change);
   TMapPoint *BeginAppend(std::size_t count);
   void EndAppend(std::size_t count, const TBounds &bounds);
 

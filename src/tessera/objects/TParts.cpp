@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
+#include <tessera/base/detail/Pool.h>
 #include <tessera/objects/TCustomMapObject.h>
 #include <tessera/objects/TParts.h>
 
@@ -20,14 +21,22 @@ constexpr char PartIndex[] = "Part";
 // NOLINTNEXTLINE(misc-redundant-expression): size and alignment happen to be the same
 static_assert(sizeof(TPart) == sizeof(std::uintptr_t) && alignof(TPart) == alignof(std::uintptr_t));
 
+// Bounds that do not follow from the vertices, in a pool or in the heap.
+struct TParts::KeptBounds {
+  TBounds box;
+  bool isPooled;
+};
+
 void TPart::SetPoints(TMapPoints &&points) {
   TParts *owner = m_points.GetOwner();
   TParts *otherOwner = points.GetOwner();
-  std::swap(m_points.m_block, points.m_block);
-  points.SetOwner(otherOwner);
-  m_points.SetOwner(owner);
-  if (owner) owner->NoteChange();
-  if (otherOwner) otherOwner->NoteChange();
+  for (TParts *each : {owner, otherOwner}) {
+    if (each) each->KeepBounds();
+  }
+  m_points.SwapVertices(points);
+  for (TParts *each : {owner, otherOwner}) {
+    if (each) each->NoteChange();
+  }
 }
 
 void TPart::Assign(const TPart &source) {
@@ -36,6 +45,13 @@ void TPart::Assign(const TPart &source) {
 
 TParts::~TParts() {
   FreeParts();
+  DropBounds();
+}
+
+TParts &TParts::Around(TMapPoints &points) {
+  // A part is its list of vertices, and the only one stands in m_store.
+  static_assert(sizeof(TPart) == sizeof(TMapPoints) && offsetof(TParts, m_store) == 0);
+  return *reinterpret_cast<TParts *>(&points);
 }
 
 std::uintptr_t TParts::GetWord() const {
@@ -83,6 +99,7 @@ TParts::Many &TParts::MakeMany() {
   if (Many *many = GetMany()) return *many;
   auto many = std::make_unique<Many>();
   for (TPart &only : Items()) {
+    only.m_points.SetOwner(this);
     many->push_back(std::move(only));
     std::destroy_at(&only);
   }
@@ -91,7 +108,7 @@ TParts::Many &TParts::MakeMany() {
 }
 
 TPart &TParts::Add() {
-  if (GetWord() == 0) return *new (m_store) TPart(this);
+  if (GetWord() == 0) return *new (m_store) TPart;
   Many &many = MakeMany();
   many.push_back(TPart(this));
   return many.back();
@@ -107,6 +124,7 @@ TPart &TParts::Insert(int index) {
 void TParts::Delete(int index) {
   const std::size_t at = CheckedIndex(index, std::size_t(GetCount()), PartIndex);
   if (Many *many = GetMany()) {
+    KeepBounds();
     many->erase(many->begin() + std::ptrdiff_t(at));
     NoteChange();
   } else {
@@ -115,6 +133,7 @@ void TParts::Delete(int index) {
 }
 
 void TParts::Clear() {
+  KeepBounds();
   FreeParts();
   NoteChange();
 }
@@ -129,13 +148,20 @@ void TParts::FreeParts() {
 }
 
 void TParts::Assign(const TParts &source) {
-  Clear();
-  for (const TPart &part : source.Items()) Add().Assign(part);
+  if (this == &source) return;
+  FreeParts();
+  DropBounds();
+  for (const TPart &part : source.Items()) {
+    auto clone = part.GetPoints().Clone();
+    Add().m_points.SwapVertices(clone);
+  }
   SetBounds(source.GetBounds());
 }
 
 void TParts::Own() {
-  for (TPart &part : Items()) part.m_points.SetOwner(this);
+  if (Many *many = GetMany()) {
+    for (TPart &part : *many) part.m_points.SetOwner(this);
+  }
 }
 
 void TParts::Swap(TParts &other) {
@@ -151,19 +177,89 @@ void TParts::NoteChange() {
   TCustomMapObject::Of(*this).NoteGeometry();
 }
 
-void TParts::AddPoint(double x, double y, double /*z*/) {
-  m_bounds.Widen(x, y);
+bool TParts::HasFewVertices() const {
+  int count = 0;
+  for (const TPart &part : Items()) count += part.GetPoints().GetCount();
+  return count <= 1;
+}
+
+TBounds TParts::BoundsOfVertices() const {
+  TBounds bounds = TBounds::Empty();
+  for (const TPart &part : Items()) {
+    for (const TMapPoint &point : part.GetPoints().Points()) bounds.Widen(point.X, point.Y);
+  }
+  return bounds;
+}
+
+TBounds TParts::GetBounds() const {
+  return m_bounds ? m_bounds->box : BoundsOfVertices();
+}
+
+void TParts::Keep(const TBounds &bounds) {
+  if (m_bounds == nullptr) {
+    void *pooled = detail::Pool::Take(sizeof(KeptBounds), detail::Pool::Shelf::Figures);
+    m_bounds = pooled ? new (pooled) KeptBounds{bounds, true} : new KeptBounds{bounds, false};
+  }
+  m_bounds->box = bounds;
+}
+
+void TParts::KeepBounds() {
+  if (m_bounds == nullptr) Keep(BoundsOfVertices());
+}
+
+void TParts::DropBounds() {
+  KeptBounds *bounds = std::exchange(m_bounds, nullptr);
+  if (bounds == nullptr) return;
+  if (bounds->isPooled) {
+    detail::Pool::Release(bounds);
+  } else {
+    std::default_delete<KeptBounds>()(bounds);
+  }
+}
+
+void TParts::NoteAppended(std::span<const TMapPoint> added, const TBounds &bounds) {
+  if (m_bounds == nullptr) {
+    TBounds own = TBounds::Empty();
+    own.Widen(added[0].X, added[0].Y);
+    const TBounds before = BoundsOfVertices();
+    const bool isAlone = added.size() == 1 && before == TBounds::Empty() && own == bounds;
+    if (!isAlone) Keep(before);
+  }
+  if (m_bounds) m_bounds->box.Widen(bounds);
   NoteChange();
+}
+
+void TParts::AddPoint(double x, double y, double /*z*/) {
+  AddBounds({x, y, x, y});
 }
 
 void TParts::AddBounds(const TBounds &bounds) {
-  m_bounds.Widen(bounds);
-  NoteChange();
+  TBounds widened = GetBounds();
+  widened.Widen(bounds);
+  SetBounds(widened);
 }
 
 void TParts::SetBounds(const TBounds &bounds) {
-  m_bounds = bounds;
+  if (HasFewVertices() && bounds == BoundsOfVertices()) {
+    DropBounds();
+  } else {
+    Keep(bounds);
+  }
   NoteChange();
+}
+
+void TParts::MoveFirstTo(double x, double y) {
+  TMapPoints &points = GetFirst().m_points;
+  points.Forget();
+  DropBounds();
+  points.Add(x, y);
+  SetBounds(points.GetBounds());
+}
+
+void TParts::SetSide(double TBounds::*side, double value) {
+  TBounds bounds = GetBounds();
+  bounds.*side = value;
+  SetBounds(bounds);
 }
 
 }  // namespace tessera

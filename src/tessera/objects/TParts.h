@@ -29,6 +29,9 @@ class TESSERA_CORE_EXPORT TPart {
 
  private:
   friend class TParts;
+  /// The only part, in the place for it.
+  TPart() { m_points.SetOnly(); }
+  /// One of several.
   explicit TPart(TParts *owner) { m_points.SetOwner(owner); }
   TMapPoints m_points;
 };
@@ -37,6 +40,7 @@ class TESSERA_CORE_EXPORT TPart {
 ///
 /// Every vertex added to any part widens the bounds; nothing shrinks them but TCustomMapObject::UpdateBounds.
 /// A single part is held in place, several in an array: references to parts are valid until a part is added or deleted.
+/// The bounds of a single vertex need no memory.
 class TESSERA_CORE_EXPORT TParts {
  public:
   TParts(const TParts &) = delete;
@@ -72,16 +76,16 @@ class TESSERA_CORE_EXPORT TParts {
   /// Widens the bounds with a point that was added to one of the parts.
   void AddPoint(double x, double y, double z);
   void AddBounds(const TBounds &bounds);
-  [[nodiscard]] const TBounds &GetBounds() const { return m_bounds; }
+  [[nodiscard]] TBounds GetBounds() const;
   void SetBounds(const TBounds &bounds);
-  [[nodiscard]] double GetMinX() const { return m_bounds.MinX; }
-  [[nodiscard]] double GetMinY() const { return m_bounds.MinY; }
-  [[nodiscard]] double GetMaxX() const { return m_bounds.MaxX; }
-  [[nodiscard]] double GetMaxY() const { return m_bounds.MaxY; }
-  void SetMinX(double value) { SetBounds({value, m_bounds.MinY, m_bounds.MaxX, m_bounds.MaxY}); }
-  void SetMinY(double value) { SetBounds({m_bounds.MinX, value, m_bounds.MaxX, m_bounds.MaxY}); }
-  void SetMaxX(double value) { SetBounds({m_bounds.MinX, m_bounds.MinY, value, m_bounds.MaxY}); }
-  void SetMaxY(double value) { SetBounds({m_bounds.MinX, m_bounds.MinY, m_bounds.MaxX, value}); }
+  [[nodiscard]] double GetMinX() const { return GetBounds().MinX; }
+  [[nodiscard]] double GetMinY() const { return GetBounds().MinY; }
+  [[nodiscard]] double GetMaxX() const { return GetBounds().MaxX; }
+  [[nodiscard]] double GetMaxY() const { return GetBounds().MaxY; }
+  void SetMinX(double value) { SetSide(&TBounds::MinX, value); }
+  void SetMinY(double value) { SetSide(&TBounds::MinY, value); }
+  void SetMaxX(double value) { SetSide(&TBounds::MaxX, value); }
+  void SetMaxY(double value) { SetSide(&TBounds::MaxY, value); }
 
  private:
   friend class TCustomMapObject;
@@ -92,21 +96,36 @@ class TESSERA_CORE_EXPORT TParts {
   ~TParts();
   /// Where the vertices of a single part are, or the array of several.
   [[nodiscard]] const void *GetStore() const;
+  /// The list that the only part stands in.
+  static TParts &Around(TMapPoints &points);
   /// Tells the object that parts, vertices or bounds have changed.
   void NoteChange();
+  /// Vertices are about to be counted that were written behind the others.
+  void NoteAppended(std::span<const TMapPoint> added, const TBounds &bounds);
   void FreeParts();
 
   using Many = std::vector<TPart>;
   [[nodiscard]] Many *GetMany() const;
   Many &MakeMany();
   void Own();
-
-  TBounds m_bounds = TBounds::Empty();
   [[nodiscard]] std::uintptr_t GetWord() const;
   void SetWord(std::uintptr_t word);
 
+  struct KeptBounds;
+  void SetSide(double TBounds::*side, double value);
+  [[nodiscard]] TBounds BoundsOfVertices() const;
+  [[nodiscard]] bool HasFewVertices() const;
+  /// From now on the bounds do not follow from the vertices.
+  void KeepBounds();
+  void Keep(const TBounds &bounds);
+  void DropBounds();
+  /// Makes (x, y) the only vertex of the first part, and the bounds those of this vertex.
+  void MoveFirstTo(double x, double y);
+
   // One word: 0 for no part, the only part itself, or the address of an array of parts with the lowest bit set.
   alignas(std::uintptr_t) std::byte m_store[sizeof(std::uintptr_t)] = {};
+  // None as long as the bounds are those of one vertex or of nothing, which is so for most objects by number.
+  KeptBounds *m_bounds = nullptr;
 };
 
 }  // namespace tessera

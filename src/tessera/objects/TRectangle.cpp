@@ -68,7 +68,7 @@ void TRectangle::Draw() {
 }
 
 bool TRectangle::Contains(const TCustomMapObject &object) const {
-  const TBounds &bounds = object.GetBounds();
+  const TBounds bounds = object.GetBounds();
   return ContainsRect(bounds.MinX, bounds.MinY, bounds.MaxX, bounds.MaxY);
 }
 

@@ -35,7 +35,7 @@ void MoveEntry(List &list, std::size_t from, std::size_t to) {
 }  // namespace
 
 void ObjectStore::NoteSlot(const TCustomMapObject &object, std::size_t slot) {
-  constexpr std::size_t MostSlots = std::size_t(1) << 29;
+  constexpr std::size_t MostSlots = std::size_t(1) << 28;
   Q_ASSERT(slot < MostSlots);
   object.m_layerAt = slot & (MostSlots - 1);
 }
