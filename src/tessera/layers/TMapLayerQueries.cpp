@@ -84,8 +84,15 @@ bool TMapLayer::FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, int 
   }
   m_objects->UpdateExtents();
   const bool areAllInside = m_objects->AreAllInside(bounds);
-  for (std::size_t id = 0; id < m_objects->GetCount(); ++id) {
-    if (areAllInside || MeetsRect(id, bounds)) ids.Add(std::uint32_t(id));
+  if (areAllInside || bounds.IsInverted()) {
+    for (std::size_t id = 0; id < m_objects->GetCount(); ++id) ids.Add(std::uint32_t(id));
+  } else {
+    m_objects->FindMeeting(bounds, ids);
+  }
+  if (!areAllInside) {
+    const auto found = ids.Ids();
+    const auto isApart = [&](std::uint32_t id) { return !MeetsRect(id, bounds); };
+    ids.Truncate(int(std::remove_if(found.begin(), found.end(), isApart) - found.begin()));
   }
   return ids.GetCount() != 0;
 }

@@ -22,6 +22,15 @@ Look LookOf(const TCustomMapObject &object) {
   return kind == typeid(TRegion) || kind == typeid(TPolyline) ? Look::Outline : Look::Own;
 }
 
+bool IsOrdered(const RoundedBox &box) {
+  return box.minX <= box.maxX && box.minY <= box.maxY;
+}
+
+/// Without a branch, for nearly all are apart.
+bool Meet(const RoundedBox &a, const RoundedBox &b) {
+  return bool(int(a.minX <= b.maxX) & int(b.minX <= a.maxX) & int(a.minY <= b.maxY) & int(b.minY <= a.maxY));
+}
+
 template <typename List>
 void MoveEntry(List &list, std::size_t from, std::size_t to) {
   const auto first = list.begin();
@@ -53,6 +62,7 @@ void ObjectStore::CloseGaps() const {
   m_extents.resize(extentsTo);
   m_objects.resize(to);
   m_gaps = 0;
+  ForgetRows();
 }
 
 void ObjectStore::DropGapsAtTheEnd() {
@@ -61,6 +71,19 @@ void ObjectStore::DropGapsAtTheEnd() {
     --m_gaps;
   }
   m_extents.resize(std::min(m_extents.size(), m_objects.size()));
+  m_inRows = std::min(m_inRows, m_extents.size());
+}
+
+void ObjectStore::ForgetRows() const {
+  m_rows.clear();
+  m_inRows = 0;
+}
+
+void ObjectStore::WidenRow(std::size_t slot) {
+  const std::size_t row = slot / RowLength;
+  if (row == m_rows.size()) m_rows.push_back(NoBox);
+  const RoundedBox &box = m_extents[slot].box;
+  m_rows[row].Widen(IsOrdered(box) ? box : RoundedBox::Everywhere());
 }
 
 std::span<const ObjectStore::Owned> ObjectStore::Items() const {
@@ -111,14 +134,17 @@ void ObjectStore::Append(Owned object) {
 void ObjectStore::Insert(std::size_t index, Owned object) {
   CloseGaps();
   NoteSlot(*object, index);
-  if (index < m_extents.size()) m_extents.insert(m_extents.begin() + std::ptrdiff_t(index), MeasureExtent(*object));
+  if (index < m_extents.size()) {
+    m_extents.insert(m_extents.begin() + std::ptrdiff_t(index), MeasureExtent(*object));
+    ForgetRows();
+  }
   m_objects.insert(m_objects.begin() + std::ptrdiff_t(index), std::move(object));
 }
 
 ObjectStore::Owned ObjectStore::Replace(std::size_t index, Owned object) {
   CloseGaps();
   NoteSlot(*object, index);
-  if (index < m_extents.size()) m_extents[index] = MeasureExtent(*object);
+  SetExtent(index, *object);
   m_objects[index].swap(object);
   return object;
 }
@@ -134,6 +160,7 @@ ObjectStore::Owned ObjectStore::Take(const TCustomMapObject &object) {
 
 void ObjectStore::Move(std::size_t from, std::size_t to) {
   CloseGaps();
+  ForgetRows();
   MoveEntry(m_objects, from, to);
   if (std::max(from, to) < m_extents.size()) {
     MoveEntry(m_extents, from, to);
@@ -164,6 +191,7 @@ void ObjectStore::Merge(std::vector<std::pair<std::size_t, Owned>> &&objects) {
   takeOldUpTo(merged.capacity());
   m_objects = std::move(merged);
   m_extents = std::move(extents);
+  ForgetRows();
 }
 
 void ObjectStore::NoteStyle(const TCustomMapObject &object) {
@@ -178,8 +206,14 @@ ObjectStore::Extent ObjectStore::MeasureExtent(TCustomMapObject &object) {
   const RoundedBox box = extent ? RoundedBox::Of(*extent) : RoundedBox::Everywhere();
   m_common.Widen(box);
   // With a side that is no number it lies nowhere, and neither do all together from now on.
-  if (!(box.minX <= box.maxX && box.minY <= box.maxY)) m_common = {NaN, NaN, NaN, NaN};
+  if (!IsOrdered(box)) m_common = {NaN, NaN, NaN, NaN};
   return {box, extent ? LookOf(object) : Look::Own};
+}
+
+void ObjectStore::SetExtent(std::size_t slot, TCustomMapObject &object) {
+  if (slot >= m_extents.size()) return;
+  m_extents[slot] = MeasureExtent(object);
+  if (slot < m_inRows) WidenRow(slot);
 }
 
 void ObjectStore::ExpectPlace(std::size_t index) const {
@@ -204,12 +238,12 @@ void ObjectStore::ExpectExtent(std::size_t index) const {
 
 void ObjectStore::FindMeeting(const TBounds &rect, TCardinalArray &places) const {
   const RoundedBox probe = RoundedBox::Of(rect);
-  for (std::size_t place = 0; place < m_extents.size(); ++place) {
-    const RoundedBox &box = m_extents[place].box;
-    // Without branches but one, for nearly all are apart.
-    const bool meets = bool(int(box.minX <= probe.maxX) & int(probe.minX <= box.maxX) & int(box.minY <= probe.maxY) &
-                            int(probe.minY <= box.maxY));
-    if (meets) places.Add(std::uint32_t(place));
+  for (std::size_t row = 0; row < m_rows.size(); ++row) {
+    if (!Meet(m_rows[row], probe)) continue;
+    const std::size_t end = std::min((row + 1) * RowLength, m_extents.size());
+    for (std::size_t place = row * RowLength; place < end; ++place) {
+      if (Meet(m_extents[place].box, probe)) places.Add(std::uint32_t(place));
+    }
   }
 }
 
@@ -219,6 +253,7 @@ void ObjectStore::NoteGeometry(TCustomMapObject &object) {
   if (m_changed.size() >= m_extents.size() / FewAmong + 1) {
     // Most have changed, so all are worked out anew.
     m_extents.clear();
+    ForgetRows();
     m_common = NoBox;
     m_changed.clear();
     return;
@@ -232,12 +267,13 @@ void ObjectStore::UpdateExtents() {
     TCustomMapObject *object = handle.Get();
     if (object == nullptr || object->m_isExtentKnown) continue;
     const std::size_t slot = SlotOf(*object);
-    if (slot < m_extents.size()) m_extents[slot] = MeasureExtent(*object);
+    SetExtent(slot, *object);
   }
   m_changed.clear();
   m_extents.reserve(m_objects.size());
   for (std::size_t slot = m_extents.size(); slot < m_objects.size(); ++slot)
     m_extents.push_back(MeasureExtent(*m_objects[slot]));
+  for (; m_inRows < m_extents.size(); ++m_inRows) WidenRow(m_inRows);
 }
 
 }  // namespace tessera::detail

@@ -104,7 +104,15 @@ class TESSERA_CORE_EXPORT ObjectStore {
   static constexpr RoundedBox NoBox{std::numeric_limits<float>::infinity(), std::numeric_limits<float>::infinity(),
                                     -std::numeric_limits<float>::infinity(), -std::numeric_limits<float>::infinity()};
   static constexpr std::size_t NoSlot = SIZE_MAX;
+  /// Objects in a row that have a box around them all: most rows of a layer whose neighbours lie near each other are
+  /// passed over as one.
+  static constexpr std::size_t RowLength = 64;
   Extent MeasureExtent(TCustomMapObject &object);
+  /// Measures the object that stands, or is to stand, in a slot whose extent is known.
+  void SetExtent(std::size_t slot, TCustomMapObject &object);
+  void WidenRow(std::size_t slot);
+  /// Objects have changed their slots.
+  void ForgetRows() const;
   [[nodiscard]] std::size_t SlotOf(const TCustomMapObject &object) const;
   static void NoteSlot(const TCustomMapObject &object, std::size_t slot);
   void CloseGaps() const;
@@ -113,9 +121,11 @@ class TESSERA_CORE_EXPORT ObjectStore {
   const TObjectLayer &m_layer;
   // Slots, of which some may be gaps.
   mutable std::vector<Owned> m_objects;
-  mutable std::vector<Extent> m_extents;  // of the first so many slots
-  RoundedBox m_common = NoBox;            // around all extents there were
-  std::optional<int> m_pickReachPx = 0;   // never shrinks
+  mutable std::vector<Extent> m_extents;   // of the first so many slots
+  mutable std::vector<RoundedBox> m_rows;  // around all extents that a row has had
+  mutable std::size_t m_inRows = 0;        // the first so many extents are in rows
+  RoundedBox m_common = NoBox;             // around all extents there were
+  std::optional<int> m_pickReachPx = 0;    // never shrinks
   mutable std::size_t m_gaps = 0;
   mutable std::size_t m_shift = 0;                   // how far the object found last had moved; below 0 it wraps around
   std::vector<THandle<TCustomMapObject>> m_changed;  // those whose box is out of date, and perhaps others
