@@ -2,10 +2,12 @@
 #pragma once
 
 /// All that a program with a map needs to show, select and edit: the map control, its options, layers, selection,
-/// spatial index, attribute fields, links, substrates and tools manager, and every kind of object. The standard tools
-/// are in StdMapTools.h.
+/// spatial index, attribute fields, links, substrates and tools manager, edits, and every kind of object. The standard
+/// tools are in StdMapTools.h.
 
 #include <tessera/data/TDataFields.h>
+#include <tessera/editing/TEditScope.h>
+#include <tessera/editing/TMapEdits.h>
 #include <tessera/layers/LayerBounds.h>
 #include <tessera/layers/TIndexCell.h>
 #include <tessera/layers/TMapDataLink.h>

@@ -18,6 +18,7 @@
 #include <QSpinBox>
 #include <QSvgRenderer>
 #include <QTableWidget>
+#include <QUndoStack>
 
 namespace tessera::apps {
 namespace {
@@ -133,6 +134,32 @@ TEST_F(EditorEditingTest, DeletesTheSelectedObjectsOfTheEditableLayerOnly) {
   map.GetSelection()->Add(layer->First(), true);
   input.Key(Qt::Key_Delete);
   EXPECT_EQ(layer->GetObjectCount(), 6) << "the key is the text's";
+}
+
+TEST_F(EditorEditingTest, UndoesAndKnowsWhatIsSaved) {
+  TMapLayer *layer = AddLayer();
+  DrawOneOfEachKind();
+  whereToSave = PathOf("undone.mif");
+  EXPECT_TRUE(window.GetFiles().Save(*layer));
+  EXPECT_FALSE(window.isWindowModified());
+  map.GetSelection()->Add(layer->First(), true);
+  window.DeleteSelected();
+  EXPECT_TRUE(window.isWindowModified());
+  ActionNamed("&Undo delete 1 object(s)")->trigger();
+  EXPECT_EQ(layer->GetObjectCount(), 7);
+  EXPECT_EQ(map.GetSelection()->Items().size(), 1U);
+  EXPECT_FALSE(window.isWindowModified()) << "as it was saved";
+  ActionNamed("&Undo add object")->trigger();
+  EXPECT_TRUE(window.isWindowModified());
+
+  answer = Unsaved::Discard;
+  EXPECT_TRUE(window.GetFiles().Close(*layer));
+  EXPECT_FALSE(window.isWindowModified());
+  window.GetUndoStack().undo();
+  EXPECT_EQ(window.GetCurrentLayer(), layer);
+  EXPECT_TRUE(window.isWindowModified()) << "it came back with its changes";
+  while (window.GetUndoStack().canUndo()) window.GetUndoStack().undo();
+  EXPECT_EQ(map.GetLayers()->GetCount(), 0);
 }
 
 TEST_F(EditorEditingTest, ChoosesTheEditableLayerAndShowsTheAttributesOfTheChosenOne) {

@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUndoStack>
 
 namespace tessera::test {
 namespace {
@@ -275,6 +276,28 @@ TEST_F(TDataBrowserTest, PastesIntoTheRowsThatStoodThereAtFirst) {
   browser->Paste();
   EXPECT_EQ(Column(0), QStringLiteral("Rome Oslo Bern bonn Riga"));
   EXPECT_EQ(Column(1), QStringLiteral("200 300 400 500 "));
+}
+
+TEST_F(TDataBrowserTest, WhatItDoesToValuesAndColumnsAreStepsThatCanBeUndone) {
+  QUndoStack stack;
+  map->SetUndoStack(&stack);
+  const QString names = Column(0);
+  browser->GetModel()->setData(browser->GetModel()->index(0, 0), QStringLiteral("Lund"));
+  QGuiApplication::clipboard()->setText(QStringLiteral("x\ny\nz\n"));
+  Select(1, 0, 1, 0);
+  browser->Paste();
+  EXPECT_EQ(Column(0), QStringLiteral("Lund x y z Riga"));
+  browser->GetModel()->RemoveColumn(0);
+  browser->GetModel()->RenameColumn(0, QStringLiteral("number"));
+  browser->GetModel()->AddColumn(QStringLiteral("new"), dtString, 5);
+  ASSERT_EQ(stack.count(), 5) << "pasting is one";
+  for (int i = 0; i < 3; ++i) stack.undo();
+  Settle();
+  EXPECT_EQ(Column(0), QStringLiteral("Lund x y z Riga"));
+  EXPECT_EQ(layer->GetFields().GetFields(1).GetName(), QStringLiteral("count"));
+  stack.undo();
+  stack.undo();
+  EXPECT_EQ(Column(0), names);
 }
 
 TEST_F(TDataBrowserTest, FindsTheNextCell) {

@@ -10,6 +10,7 @@
 #include <QAccessible>
 #include <QMetaProperty>
 #include <QPainter>
+#include <QUndoStack>
 
 #include <stdexcept>
 
@@ -240,6 +241,28 @@ TEST_F(TLayerControlTest, MovesTheLayerWhoseNameIsDragged) {
       layers.Move(layers.IndexOf(layers.Search(name)), place++);
     }
   }
+}
+
+TEST_F(TLayerControlTest, WhatItDoesToLayersAreStepsThatCanBeUndone) {
+  QUndoStack stack;
+  map->SetUndoStack(&stack);
+  Layer(1).SetEditable(true);
+  Click(control->GetEditableRect(0));
+  Drag(Name(0), Name(1) + QPoint(0, 5));
+  EXPECT_EQ(LayerNames(), QStringLiteral("b a c"));
+  TMapLayer *first = &Layer(0);
+  control->SetItemIndex(0);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(LayerNames(), QStringLiteral("a c"));
+  ASSERT_EQ(stack.count(), 3);
+  stack.undo();
+  EXPECT_EQ(&Layer(0), first);
+  Settle();
+  EXPECT_EQ(Rows(), (QStringList{QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("c")}));
+  stack.undo();
+  EXPECT_EQ(LayerNames(), QStringLiteral("a b c"));
+  stack.undo();
+  EXPECT_EQ(map->GetLayers()->GetEditableLayer(), first);
 }
 
 TEST_F(TLayerControlTest, MarksWhereADraggedLayerWouldGo) {

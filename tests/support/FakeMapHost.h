@@ -66,6 +66,7 @@ class TFakeMapHost : public TMapHost {
   bool isInUpdate = false;
   bool isLoading = false;
   bool isRotated = false;
+  QUndoStack *undoStack = nullptr;
 
   [[nodiscard]] const TViewport &GetViewport() const override { return viewport; }
   [[nodiscard]] const TViewFlags &GetViewFlags() const override { return flags; }
@@ -110,7 +111,8 @@ class TFakeMapHost : public TMapHost {
                                      "mdlDelSelection",           "mdlLayerNameChanged",
                                      "mdlLayerZoomChanged",       "mdlLayerLabelChanged",
                                      "mdlLayerFieldsChanged",     "mdlObjectStyleChanged",
-                                     "mdlObjectFieldsChanged",    "mdlMoveObject"};
+                                     "mdlObjectFieldsChanged",    "mdlMoveObject",
+                                     "mdlObjectGeometryChanged"};
     Note(Names[event], sender);
   }
   [[nodiscard]] bool IsFollowed() const override { return true; }
@@ -151,6 +153,7 @@ class TFakeMapHost : public TMapHost {
     Note("UnRotate");
     return std::exchange(isRotated, false);
   }
+  [[nodiscard]] QUndoStack *GetUndoStack() const override { return undoStack; }
 
  private:
   void Note(std::string event) { m_events.push_back(std::move(event)); }

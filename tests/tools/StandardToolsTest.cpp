@@ -9,6 +9,8 @@
 #include <tessera/objects/TRectangle.h>
 #include <tessera/objects/TSymbol.h>
 
+#include <QUndoStack>
+
 #include <array>
 #include <stdexcept>
 
@@ -250,6 +252,44 @@ TEST_F(StandardToolsTest, DrawsOnlyIntoAnEditableLayer) {
     map.GetLayers()->First()->SetEditable(false);
   }
   EXPECT_TRUE(messages.isEmpty());
+}
+
+TEST_F(StandardToolsTest, WhatEachDrawsIsAStepThatCanBeUndone) {
+  QUndoStack stack;
+  map.SetUndoStack(&stack);
+  const TMapLayer *layer = AddEditableLayer();
+  const auto expectStep = [&](auto &&tool, const std::function<void()> &draw) {
+    Use(tool);
+    draw();
+    const TCustomMapObject *drawn = layer->GetObjectCount() == 1 ? layer->First() : nullptr;
+    ASSERT_NE(drawn, nullptr) << tool.GetDisplayName().toStdString();
+    ASSERT_EQ(stack.count(), 1) << tool.GetDisplayName().toStdString();
+    stack.undo();
+    EXPECT_EQ(layer->GetObjectCount(), 0) << tool.GetDisplayName().toStdString();
+    stack.redo();
+    EXPECT_EQ(layer->First(), drawn);
+    stack.undo();
+    stack.clear();
+    tool.SetTessera(nullptr);
+  };
+  const auto drag = [this] { input.Drag({20, 20}, {80, 60}); };
+  const auto click = [this] { input.Click({50, 50}); };
+  const auto clicks = [this] {
+    input.Click({20, 20});
+    input.Click({80, 20});
+    input.DoubleClick({50, 60});
+  };
+  expectStep(TLineTool(), drag);
+  expectStep(TRectTool(), drag);
+  expectStep(TPolylineTool(), clicks);
+  expectStep(TRegionTool(), clicks);
+  expectStep(TCircleTool(), click);
+  expectStep(TSymbolTool(), click);
+  expectStep(TTextTool(), [this] {
+    input.Click({50, 50});
+    input.Type(QStringLiteral("ab"));
+    input.Key(Qt::Key_Return);
+  });
 }
 
 TEST_F(StandardToolsTest, SurvivesHandlersThatTakeEverythingAway) {

@@ -3,6 +3,7 @@
 #include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/LayersComboBox.h>
 #include <tessera/controls/TDataBrowser.h>
+#include <tessera/editing/TMapEdits.h>
 
 #include <QDockWidget>
 #include <QItemSelectionModel>
@@ -48,7 +49,9 @@ QWidget *LayerDocks::MakeEditableLayerChoice() {
   m_editable->SetMap(&m_map);
   connect(m_editable, &QComboBox::activated, this, [this](int index) {
     // Not by its place: items keep theirs when layers are moved.
-    if (TMapLayer *layer = m_editable->GetItemLayer(index)) layer->SetEditable(true);
+    if (TMapLayer *layer = m_editable->GetItemLayer(index)) {
+      TMapEdits(&m_map).ChangeLayers(tr("edit layer"), [layer] { layer->SetEditable(true); });
+    }
     ShowEditableLayer();
   });
   ShowEditableLayer();

@@ -3,6 +3,7 @@
 #include <apps/common/MapOpening.h>
 #include <apps/editor/LayerFiles.h>
 #include <tessera/base/THandle.h>
+#include <tessera/editing/TMapEdits.h>
 #include <tessera/layers/MapFiles.h>
 #include <tessera/providers/CustomFormatProvider.h>
 
@@ -148,11 +149,8 @@ bool LayerFiles::SettleAll() {
 }
 
 bool LayerFiles::Close(const TMapLayer &layer) {
-  TMapLayers &layers = *m_map.GetLayers();
-  const int index = layers.IndexOf(&layer);
-  const int count = layers.GetCount();
-  if (index >= 0) layers.Delete(index);
-  return layers.GetCount() < count;
+  const int index = m_map.GetLayers()->IndexOf(&layer);
+  return index >= 0 && TMapEdits(&m_map).DeleteLayer(index);
 }
 
 QString LayerFiles::ProposeFileFor(const TMapLayer &layer) {

@@ -11,6 +11,7 @@
 #include <QActionGroup>
 #include <QMenuBar>
 #include <QToolBar>
+#include <QUndoStack>
 
 namespace tessera::apps {
 namespace {
@@ -74,6 +75,12 @@ void TEditorWindow::MakeFileMenu() {
 
 void TEditorWindow::MakeEditMenu() {
   QMenu *menu = menuBar()->addMenu(tr("&Edit"));
+  QAction *undo = m_undoStack->createUndoAction(this, tr("&Undo"));
+  QAction *redo = m_undoStack->createRedoAction(this, tr("&Redo"));
+  undo->setShortcuts(QKeySequence::Undo);
+  redo->setShortcuts(QKeySequence::Redo);
+  menu->addActions({undo, redo});
+  menu->addSeparator();
   menu->addAction(Icon("delete"), tr("&Delete selected objects"), QKeySequence::Delete, this,
                   &TEditorWindow::DeleteSelected);
   menu->addAction(tr("Select &nothing"), WithCtrlShift(Qt::Key_A), this, [this] { m_map->GetSelection()->Clear(); });
@@ -115,10 +122,12 @@ void TEditorWindow::MakeWheelMenu(QMenu &view) {
 
 void TEditorWindow::MakeLayerMenu() {
   QMenu *menu = menuBar()->addMenu(tr("&Layer"));
-  menu->addAction(tr("Edit or &stop editing"), WithCtrl(Qt::Key_D), this,
-                  [this] { WithLayer([](TMapLayer &layer) { layer.SetEditable(!layer.GetEditable()); }); });
-  menu->addAction(tr("&Label or stop labelling"), this,
-                  [this] { WithLayer([](TMapLayer &layer) { layer.SetAutoLabel(!layer.GetAutoLabel()); }); });
+  menu->addAction(tr("Edit or &stop editing"), WithCtrl(Qt::Key_D), this, [this] {
+    ChangeLayer(tr("edit layer"), [](TMapLayer &layer) { layer.SetEditable(!layer.GetEditable()); });
+  });
+  menu->addAction(tr("&Label or stop labelling"), this, [this] {
+    ChangeLayer(tr("label layer"), [](TMapLayer &layer) { layer.SetAutoLabel(!layer.GetAutoLabel()); });
+  });
   menu->addSeparator();
   menu->addAction(tr("Move &up"), WithCtrl(Qt::Key_PageUp), this, [this] { MoveLayer(1); });
   menu->addAction(tr("Move &down"), WithCtrl(Qt::Key_PageDown), this, [this] { MoveLayer(-1); });

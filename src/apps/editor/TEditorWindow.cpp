@@ -10,6 +10,8 @@
 #include <apps/editor/StatusPanel.h>
 #include <apps/editor/TEditorWindow.h>
 #include <tessera/base/Exceptions.h>
+#include <tessera/editing/TEditScope.h>
+#include <tessera/editing/TMapEdits.h>
 
 #include <QClipboard>
 #include <QCloseEvent>
@@ -21,6 +23,7 @@
 #include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
+#include <QUndoStack>
 
 namespace tessera::apps {
 namespace {
@@ -52,6 +55,7 @@ QStringList LocalFilesOf(const QMimeData &data) {
 TEditorWindow::TEditorWindow(QWidget *parent)
     : QMainWindow(parent),
       m_map(new TTessera),
+      m_undoStack(new QUndoStack(this)),
       m_messageBar(new MessageBar),
       m_files(new LayerFiles(*this, *m_map)),
       m_tools(new EditorTools(*m_map, this)),
@@ -66,8 +70,7 @@ TEditorWindow::TEditorWindow(QWidget *parent)
   MakeMenus();
   connect(m_files, &LayerFiles::Done, m_statusPanel, &StatusPanel::SetSummary);
   connect(m_files, &LayerFiles::Failed, m_messageBar, &MessageBar::Post);
-  connect(&m_files->GetUnsaved(), &UnsavedChanges::Changed, this,
-          [this] { setWindowModified(!m_files->GetUnsaved().GetLayers().empty()); });
+  FollowUnsaved();
   connect(m_files, &LayerFiles::Used, m_recent, &RecentFiles::Add);
   connect(m_recent, &RecentFiles::Chosen, m_files, [this](const QString &file) { m_files->Open({file}); });
   m_sinkBefore = SetMessageSink([bar = m_messageBar](const QString &text) { bar->Post(text); });
@@ -78,7 +81,24 @@ TEditorWindow::TEditorWindow(QWidget *parent)
 }
 
 TEditorWindow::~TEditorWindow() {
+  m_undoStack->blockSignals(true);  // it empties itself in the end
   SetMessageSink(m_sinkBefore);
+}
+
+void TEditorWindow::FollowUnsaved() {
+  UnsavedChanges &unsaved = m_files->GetUnsaved();
+  connect(&unsaved, &UnsavedChanges::Changed, this,
+          [this, &unsaved] { setWindowModified(!unsaved.GetLayers().empty()); });
+  connect(&unsaved, &UnsavedChanges::Saved, this, [this, &unsaved] {
+    // With some saved now and some before there is no step to come back to.
+    unsaved.GetLayers().empty() ? m_undoStack->setClean() : m_undoStack->resetClean();
+  });
+  // When undoing comes back to where all was saved.
+  connect(m_undoStack, &QUndoStack::cleanChanged, &unsaved, [this, &unsaved](bool isClean) {
+    if (isClean && m_undoStack->count() > 0) return unsaved.NoteAllSaved();
+    // A stack that was emptied calls itself clean.
+    if (isClean && !unsaved.GetLayers().empty()) m_undoStack->resetClean();
+  });
 }
 
 QWidget *TEditorWindow::MakeCentralWidget() {
@@ -93,6 +113,7 @@ QWidget *TEditorWindow::MakeCentralWidget() {
 }
 
 void TEditorWindow::SetUpMap() {
+  m_map->SetUndoStack(m_undoStack);
   m_map->SetMinZoom(MinZoom);
   m_map->SetMaxZoom(MaxZoom);
   m_map->SetPickTolerancePx(PickTolerancePx);
@@ -118,10 +139,12 @@ void TEditorWindow::WithLayer(const std::function<void(TMapLayer &layer)> &comma
 }
 
 TMapLayer *TEditorWindow::AddLayer(const QString &name, const TDataFields &fields) {
-  TMapLayer *layer = m_map->GetLayers()->Add(QString(), name);
+  const TEditScope oneStep(m_map, tr("new layer"));
+  TMapEdits edits(m_map);
+  TMapLayer *layer = edits.AddLayer(QString(), name);
   if (layer == nullptr) return nullptr;
   layer->GetFields().Assign(fields);
-  layer->SetEditable(true);
+  edits.ChangeLayers(QString(), [layer] { layer->SetEditable(true); });
   m_files->GetUnsaved().Note(*layer);
   return layer;
 }
@@ -134,7 +157,7 @@ void TEditorWindow::DeleteSelected() {
   }
   const auto left = int(m_map->GetSelection()->Items().size() - doomed.size());
   if (left > 0) m_messageBar->Post(tr("%n selected object(s) stay, for their layer is not editable.", nullptr, left));
-  if (!doomed.empty()) m_map->GetLayers()->GetEditableLayer()->DeleteObjects(doomed);
+  if (!doomed.empty()) TMapEdits(m_map).DeleteObjects(doomed);
 }
 
 bool TEditorWindow::ExportPicture(const QString &fileName) {
@@ -160,11 +183,15 @@ void TEditorWindow::CopyPicture() {
   QGuiApplication::clipboard()->setImage(picture.GetImage());
 }
 
+void TEditorWindow::ChangeLayer(const QString &text, const std::function<void(TMapLayer &layer)> &change) {
+  WithLayer([&](TMapLayer &layer) { TMapEdits(m_map).ChangeLayers(text, [&] { change(layer); }); });
+}
+
 void TEditorWindow::MoveLayer(int by) {
   WithLayer([this, by](const TMapLayer &layer) {
     const int from = m_map->GetLayers()->IndexOf(&layer);
     const int to = from + by;
-    if (to >= 0 && to < m_map->GetLayers()->GetCount()) m_map->GetLayers()->Move(from, to);
+    if (to >= 0 && to < m_map->GetLayers()->GetCount()) TMapEdits(m_map).MoveLayer(from, to);
   });
 }
 

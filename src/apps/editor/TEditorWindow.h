@@ -32,6 +32,8 @@ class TEditorWindow : public QMainWindow {
   [[nodiscard]] LayerFiles &GetFiles() const { return *m_files; }
   [[nodiscard]] EditorTools &GetTools() const { return *m_tools; }
   [[nodiscard]] MessageBar &GetMessageBar() const { return *m_messageBar; }
+  /// The edits of the map's layers and objects; clean when all is saved.
+  [[nodiscard]] QUndoStack &GetUndoStack() const { return *m_undoStack; }
   [[nodiscard]] StatusPanel &GetStatusPanel() const { return *m_statusPanel; }
   /// The layer that the commands are about: the one chosen in the list, or the top one; none without layers.
   [[nodiscard]] TMapLayer *GetCurrentLayer() const;
@@ -61,6 +63,9 @@ class TEditorWindow : public QMainWindow {
   void MakeToolMenu();
   /// Runs a command on the current layer; without one, a message says so.
   void WithLayer(const std::function<void(TMapLayer &layer)> &command);
+  void FollowUnsaved();
+  /// Changes the current layer, as a step that can be undone.
+  void ChangeLayer(const QString &text, const std::function<void(TMapLayer &layer)> &change);
   void MoveLayer(int by);
   void AskForNewLayer();
   void AskWhereToExportPicture();
@@ -68,6 +73,7 @@ class TEditorWindow : public QMainWindow {
   void AskForOptions();
 
   TTessera *m_map;
+  QUndoStack *m_undoStack;
   MessageBar *m_messageBar;
   LayerFiles *m_files;
   EditorTools *m_tools;

@@ -15,16 +15,19 @@ UnsavedChanges::UnsavedChanges(TTessera &map, QObject *parent)
 
 void UnsavedChanges::Follow(TMapDataLinkEvent event, TObject *sender) {
   switch (event) {
-    case mdlAddObject:
     case mdlObjectStyleChanged:
     case mdlObjectFieldsChanged:
+    case mdlObjectGeometryChanged:
     case mdlMoveObject:
       return NoteObject(dynamic_cast<TCustomMapObject *>(sender));
+    case mdlAddObject:
     case mdlLayerFieldsChanged:
-      if (const auto *layer = dynamic_cast<TMapLayer *>(sender)) Note(*layer);
+      if (auto *layer = dynamic_cast<TMapLayer *>(sender)) Note(*layer);
       return;
+    case mdlAfterAddLayer:
     case mdlAfterDelLayer:
-      std::erase_if(m_changed, [this](const TMapLayer *layer) { return m_map.GetLayers()->IndexOf(layer) < 0; });
+      // A layer that an undo step holds may come back.
+      std::erase_if(m_changed, [](const auto &changed) { return !changed.second; });
       Q_EMIT Changed();
       return;
     default:
@@ -36,12 +39,25 @@ void UnsavedChanges::NoteObject(const TCustomMapObject *object) {
   if (object != nullptr && object->GetLayer() != nullptr) Note(*object->GetLayer());
 }
 
-void UnsavedChanges::Note(const TMapLayer &layer) {
-  if (!m_map.GetIsLoading() && m_changed.insert(&layer).second) Q_EMIT Changed();
+bool UnsavedChanges::Has(const TMapLayer &layer) const {
+  const auto found = m_changed.find(&layer);
+  return found != m_changed.end() && found->second;
+}
+
+void UnsavedChanges::Note(TMapLayer &layer) {
+  if (m_map.GetIsLoading() || Has(layer)) return;
+  m_changed.insert_or_assign(&layer, THandle<TMapLayer>(&layer));
+  Q_EMIT Changed();
+}
+
+void UnsavedChanges::NoteAllSaved() {
+  for (const TMapLayer *layer : GetLayers()) m_changed.erase(layer);
+  Q_EMIT Changed();
 }
 
 void UnsavedChanges::NoteSaved(const TMapLayer &layer) {
   if (m_changed.erase(&layer) > 0) Q_EMIT Changed();
+  Q_EMIT Saved();
 }
 
 std::vector<TMapLayer *> UnsavedChanges::GetLayers() const {

@@ -5,7 +5,7 @@
 
 #include <QObject>
 
-#include <unordered_set>
+#include <unordered_map>
 
 namespace tessera::apps {
 
@@ -16,22 +16,27 @@ class UnsavedChanges : public QObject {
  public:
   explicit UnsavedChanges(TTessera &map, QObject *parent = nullptr);
 
-  [[nodiscard]] bool Has(const TMapLayer &layer) const { return m_changed.contains(&layer); }
+  [[nodiscard]] bool Has(const TMapLayer &layer) const;
   /// The changed layers, in the map's order.
   [[nodiscard]] std::vector<TMapLayer *> GetLayers() const;
   /// For a layer that was made or changed in a way that the map does not tell.
-  void Note(const TMapLayer &layer);
+  void Note(TMapLayer &layer);
   void NoteSaved(const TMapLayer &layer);
+  /// All layers of the map are as they were saved.
+  void NoteAllSaved();
 
  Q_SIGNALS:
   void Changed();
+  /// A layer was saved, and is not among the changed ones any more.
+  void Saved();
 
  private:
   void Follow(TMapDataLinkEvent event, TObject *sender);
   void NoteObject(const TCustomMapObject *object);
 
   TTessera &m_map;
-  std::unordered_set<const TMapLayer *> m_changed;
+  /// Also those that are not on the map, as long as they are kept for undoing.
+  std::unordered_map<const TMapLayer *, THandle<TMapLayer>> m_changed;
   MapFollower m_follower;
 };
 

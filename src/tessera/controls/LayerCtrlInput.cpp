@@ -4,6 +4,7 @@
 #include <tessera/base/GuardedCall.h>
 #include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/detail/LayerListModel.h>
+#include <tessera/editing/TMapEdits.h>
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -71,10 +72,10 @@ void TLayerControl::mouseReleaseEvent(QMouseEvent *event) {
 }
 
 void TLayerControl::MoveLayer(const TMapLayer *layer, int newIndex) {
-  TMapLayers *layers = m_model->GetLayers();
+  const TMapLayers *layers = m_model->GetLayers();
   const int from = layers && layer ? layers->IndexOf(layer) : -1;
   if (from < 0 || newIndex == from || newIndex < 0 || newIndex >= layers->GetCount()) return;
-  GuardedCall([&] { layers->Move(from, newIndex); });
+  GuardedCall([&] { TMapEdits(m_model->GetMap()).MoveLayer(from, newIndex); });
 }
 
 QRect TLayerControl::GetDropMark() const {
@@ -111,9 +112,10 @@ bool TLayerControl::ToggleCurrent() {
 }
 
 void TLayerControl::DeleteCurrent() {
-  TMapLayers *layers = m_model->GetLayers();
+  const TMapLayers *layers = m_model->GetLayers();
   const int index = GetItemIndex();
-  if (layers && index >= 0 && index < layers->GetCount()) GuardedCall([&] { layers->Delete(index); });
+  if (layers && index >= 0 && index < layers->GetCount())
+    GuardedCall([&] { TMapEdits(m_model->GetMap()).DeleteLayer(index); });
 }
 
 void TLayerControl::keyPressEvent(QKeyEvent *event) {

@@ -9,6 +9,7 @@
 #include <tessera/controls/detail/DelimitedText.h>
 #include <tessera/controls/detail/RowFilter.h>
 #include <tessera/controls/detail/SelectionInStep.h>
+#include <tessera/editing/TEditScope.h>
 #include <tessera/map/detail/MapByName.h>
 
 #include <QClipboard>
@@ -165,30 +166,33 @@ void TDataBrowser::Copy() {
 }
 
 template <typename Change>
-void TDataBrowser::ChangeCells(Change change) {
+void TDataBrowser::ChangeCells(const QString &text, Change change) {
   if (GetReadOnly()) return;
   const QPointer<TDataBrowser> self(this);
   QStringList refusals;
   m_refusals = &refusals;
   int refusedCount = 0;
-  GuardedCall([&] { refusedCount = change(); });
+  GuardedCall([&] {
+    const TEditScope oneStep(m_map.data(), text);
+    refusedCount = change();
+  });
   if (self) m_refusals = nullptr;
   if (refusedCount == 0) return;
   const QString first = refusals.value(0);
-  const QString text = refusedCount == 1 ? first : tr("%1 cells keep their values. %2").arg(refusedCount).arg(first);
-  GuardedCall([&] { ShowMessage(text); });
+  const QString notice = refusedCount == 1 ? first : tr("%1 cells keep their values. %2").arg(refusedCount).arg(first);
+  GuardedCall([&] { ShowMessage(notice); });
 }
 
 void TDataBrowser::Paste() {
   const QString text = QGuiApplication::clipboard()->text();
-  ChangeCells([&] {
+  ChangeCells(tr("paste values"), [&] {
     return detail::PasteCells(detail::SplitDelimited(text, u'\t'), m_view->currentIndex(),
                               m_view->selectionModel()->selection());
   });
 }
 
 void TDataBrowser::ClearCells() {
-  ChangeCells([this] { return detail::ClearCells(m_view->selectionModel()->selection()); });
+  ChangeCells(tr("clear values"), [this] { return detail::ClearCells(m_view->selectionModel()->selection()); });
 }
 
 void TDataBrowser::ExportCsv(const QString &fileName) const {

@@ -90,7 +90,7 @@ class TESSERA_WIDGETS_EXPORT TDataBrowser : public QWidget {
   void ShowLayer(TMapLayer *layer);
   /// Runs changes of cells and tells in one message of those that were refused.
   template <typename Change>
-  void ChangeCells(Change change);
+  void ChangeCells(const QString &text, Change change);
   void FindTyped();
   void AskForNewColumn();
   void AskForName();

@@ -3,8 +3,8 @@
 #include <tessera/base/GuardedCall.h>
 #include <tessera/controls/TLayerTableModel.h>
 #include <tessera/controls/detail/CellValues.h>
-#include <tessera/controls/detail/LayerColumns.h>
 #include <tessera/controls/detail/LayerTableLink.h>
+#include <tessera/editing/TMapEdits.h>
 
 #include <QScopeGuard>
 
@@ -144,14 +144,12 @@ bool TLayerTableModel::SetValue(const QModelIndex &index, const TDataValue &valu
   const QPointer<TLayerTableModel> self(this);
   const QPersistentModelIndex changed(index);
   const TMapLayer *layer = GetLayer();
-  TMapHost *map = layer->GetAutoLabel() && layer->GetLabelFieldIndex() == field ? layer->GetMapHost() : nullptr;
-  if (map) map->DoUpdate(true);
   {
     const auto done = qScopeGuard([self] {
       if (self) self->m_isChanging = false;
     });
     m_isChanging = true;
-    GuardedCall([&] { object->GetFields().GetFields(field).SetValue(value); });
+    GuardedCall([&] { TMapEdits(*layer).SetValue(*object, field, value); });
   }
   if (self && changed.isValid()) Q_EMIT dataChanged(changed, changed);
   return true;
@@ -181,13 +179,13 @@ bool TLayerTableModel::ChangeColumns(Change change) {
 bool TLayerTableModel::AddColumn(const QString &name, TDataType type, int size) {
   const QString refusal = WhyNoName(name, -1);
   if (!refusal.isEmpty()) return Refuse(refusal);
-  return ChangeColumns([&](TMapLayer &layer) { detail::AddLayerColumn(layer, name.trimmed(), type, size); });
+  return ChangeColumns([&](TMapLayer &layer) { TMapEdits(layer).AddColumn(layer, name.trimmed(), type, size); });
 }
 
 bool TLayerTableModel::RemoveColumn(int column) {
   if (m_isReadOnly || GetLayer() == nullptr || column < 0 || column >= columnCount()) return false;
   const int field = m_columns[std::size_t(column)].field;
-  return ChangeColumns([&](TMapLayer &layer) { detail::RemoveLayerColumn(layer, field); });
+  return ChangeColumns([&](TMapLayer &layer) { TMapEdits(layer).RemoveColumn(layer, field); });
 }
 
 bool TLayerTableModel::RenameColumn(int column, const QString &name) {
@@ -195,7 +193,7 @@ bool TLayerTableModel::RenameColumn(int column, const QString &name) {
   const int field = m_columns[std::size_t(column)].field;
   const QString refusal = WhyNoName(name, field);
   if (!refusal.isEmpty()) return Refuse(refusal);
-  return ChangeColumns([&](TMapLayer &layer) { detail::RenameLayerColumn(layer, field, name.trimmed()); });
+  return ChangeColumns([&](TMapLayer &layer) { TMapEdits(layer).RenameColumn(layer, field, name.trimmed()); });
 }
 
 }  // namespace tessera

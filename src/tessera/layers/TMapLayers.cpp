@@ -126,6 +126,38 @@ void TMapLayers::Delete(int index) {
   steps.Rethrow();
 }
 
+std::unique_ptr<TMapLayer> TMapLayers::TakeLayer(int index, bool asks) {
+  TMapLayer *layer = GetLayer(index);
+  const THandle<TMapLayers> self(this);
+  const THandle<TMapLayer> doomed(layer);
+  TMapHost *map = GetMapHost();
+  bool allowDelete = true;
+  if (map) map->FireBeforeDelLayer(*layer, asks, allowDelete);
+  const auto isThere = [&] { return self && doomed && IndexOf(layer) >= 0; };
+  if ((asks && !allowDelete) || !isThere()) return nullptr;
+  if (map) map->TraceMapEvent(mdlDelLayer, layer);
+  if (!isThere()) return nullptr;
+  std::unique_ptr<TMapLayer> taken = Take(layer);
+  if (map == nullptr) return taken;
+  map->DoUpdate(true);
+  GuardedCall([&] { map->FireAfterDelLayer(); });
+  if (self) GuardedCall([&] { map->TraceMapEvent(mdlAfterDelLayer, this); });
+  return taken;
+}
+
+TMapLayer *TMapLayers::PutLayer(int index, std::unique_ptr<TMapLayer> layer) {
+  const std::size_t at = CheckedIndex(index, m_layers.size() + 1, LayerIndex);
+  const THandle<TMapLayer> put(Enter(std::move(layer), at));
+  TMapHost *map = GetMapHost();
+  AllSteps steps;
+  if (put->GetEditable()) steps.Try([&] { EndEditingBut(*put.Get()); });
+  if (map) map->DoUpdate(true);
+  if (map && put) steps.Try([&] { map->FireAddLayer(*put.Get()); });
+  if (map && put) steps.Try([&] { map->TraceMapEvent(mdlAfterAddLayer, put.Get()); });
+  steps.Rethrow();
+  return put.Get();
+}
+
 void TMapLayers::Clear() {
   const THandle<TMapLayers> self(this);
   AllSteps steps;

@@ -27,6 +27,13 @@ class TESSERA_CORE_EXPORT TMapLayers : public TObject, public TMapMember {
   TMapLayer *Insert(const QString &fileName, int index);
   /// Destroys a layer unless a handler of OnBeforeDelLayer forbids it. @throws ERangeError outside the count.
   void Delete(int index);
+  /// Takes out a layer with all it has, to be put back; deselected, and on no map. None when a handler of
+  /// OnBeforeDelLayer forbids it, who is asked only if `asks`. What handlers throw before that goes on, and the layer
+  /// stays; what they throw afterwards ends in the message sink. @throws ERangeError outside the count.
+  std::unique_ptr<TMapLayer> TakeLayer(int index, bool asks);
+  /// Inserts a layer before `index`, as it is; if it is being edited, no other is from now on. OnAddLayer and
+  /// mdlAfterAddLayer follow. @throws ERangeError beyond the count.
+  TMapLayer *PutLayer(int index, std::unique_ptr<TMapLayer> layer);
   /// Destroys all layers, in order; nobody can forbid it and no data link is told. What handlers add meanwhile goes as
   /// well, without an event.
   void Clear();

@@ -95,7 +95,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   /// single point: one map unit about it). A map without objects, and a control without an area, stay as they are.
   void ShowAll();
 
-  // Rotation turns the data, not the view: the vertices of all objects change.
+  // Rotation turns the data, not the view: the vertices of all objects change, and nothing before can be undone.
 
   /// Turns the map to `angleDeg` degrees about a map point, from where it stood unrotated.
   void RotateMap(double x, double y, double angleDeg);
@@ -182,6 +182,8 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   std::unique_ptr<TTesseraOptions> SetOptions(std::unique_ptr<TTesseraOptions> options);
   [[nodiscard]] TMapToolsManager *GetMapToolsManager() const;
   std::unique_ptr<TMapToolsManager> SetMapToolsManager(std::unique_ptr<TMapToolsManager> tools);
+  QUndoStack *GetUndoStack() const override;
+  void SetUndoStack(QUndoStack *stack);  ///< Not owned: see TMapEdits.
   /// Which ways of moving the view there are beside tools and wheel.
   [[nodiscard]] TMapNavigation *GetNavigation() const;
   const QSharedPointer<TBitmap> &GetSelectionPattern() const override;

@@ -26,6 +26,13 @@ bool TTessera::IsFollowed() const {
   return d->dataLinks->GetCount() > 0;
 }
 
+QUndoStack *TTessera::GetUndoStack() const {
+  return d->undoStack;
+}
+void TTessera::SetUndoStack(QUndoStack *stack) {
+  d->undoStack = stack;
+}
+
 const TObjectStylePtr &TTessera::GetDefaultStyle(TObjectFont font) const {
   return d->options->GetStyle(font);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Rotation of the map: of its data, not of its view.
+#include <tessera/editing/detail/EditHistory.h>
 #include <tessera/map/detail/TesseraPrivate.h>
 
 namespace tessera {
@@ -17,6 +18,7 @@ void TTessera::RotateMap(double x, double y, double angleDeg) {
 }
 
 void TTessera::Rotate() {
+  if (d->undoStack) detail::EditHistory::Of(*d->undoStack).DropSteps();
   for (const auto &layer : d->layers->Items()) {
     for (int i = 0; i < layer->GetObjectCount(); ++i) {
       TParts &parts = layer->GetObjects(i)->GetParts();

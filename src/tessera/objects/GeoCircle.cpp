@@ -41,6 +41,29 @@ std::unique_ptr<TCustomMapObject> TGeoCircle::Clone() const {
   return CloneInto(std::move(copy));
 }
 
+struct TGeoCircle::Traits : TObjectTraits {
+  TMapPoint centre;
+  double radius;
+};
+
+std::unique_ptr<TObjectTraits> TGeoCircle::GetTraits() const {
+  auto traits = std::make_unique<Traits>();
+  traits->centre = m_centre;
+  traits->radius = m_radius;
+  return traits;
+}
+
+void TGeoCircle::SetTraits(const TObjectTraits &traits) {
+  const auto &own = static_cast<const Traits &>(traits);
+  m_centre = own.centre;
+  m_radius = own.radius;
+}
+
+void TGeoCircle::MoveBy(double dx, double dy) {
+  m_centre = {m_centre.X + dx, m_centre.Y + dy};
+  RecalculatePoints();
+}
+
 void TGeoCircle::Draw() {
   constexpr int FewestPoints = 4;
   TCustomMapObject::Draw();

@@ -20,6 +20,9 @@ class TESSERA_CORE_EXPORT TGeoCircle : public TCustomMapObject {
   /// Nothing as long as the first part has fewer than 4 points.
   void Draw() override;
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
+  [[nodiscard]] std::unique_ptr<TObjectTraits> GetTraits() const override;
+  void SetTraits(const TObjectTraits &traits) override;
+  void MoveBy(double dx, double dy) override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   /// Whether the point lies within the outline or on it.
   bool ContainsPoint(double x, double y) const override;
@@ -39,6 +42,7 @@ class TESSERA_CORE_EXPORT TGeoCircle : public TCustomMapObject {
   void RecalculatePoints();
 
  private:
+  struct Traits;
   TMapPoint m_centre{0, 0};
   double m_radius;
 };

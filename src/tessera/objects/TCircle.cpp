@@ -38,6 +38,21 @@ std::unique_ptr<TCustomMapObject> TCircle::Clone() const {
   return CloneInto(std::move(copy));
 }
 
+struct TCircle::Traits : TObjectTraits {
+  double radius;
+};
+
+std::unique_ptr<TObjectTraits> TCircle::GetTraits() const {
+  auto traits = std::make_unique<Traits>();
+  traits->radius = m_radius;
+  return traits;
+}
+
+void TCircle::SetTraits(const TObjectTraits &traits) {
+  const auto &own = static_cast<const Traits &>(traits);
+  m_radius = own.radius;
+}
+
 void TCircle::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

@@ -19,6 +19,8 @@ class TESSERA_CORE_EXPORT TCircle : public TCustomMapObject {
   void UpdateBounds() override;
   void Draw() override;
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
+  [[nodiscard]] std::unique_ptr<TObjectTraits> GetTraits() const override;
+  void SetTraits(const TObjectTraits &traits) override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   /// The rim counts as inside.
   bool ContainsPoint(double x, double y) const override;
@@ -44,6 +46,7 @@ class TESSERA_CORE_EXPORT TCircle : public TCustomMapObject {
   void SetRadius(double radius);
 
  private:
+  struct Traits;
   double m_radius = 0;
 };
 

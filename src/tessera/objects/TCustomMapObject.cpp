@@ -155,6 +155,17 @@ void TCustomMapObject::UpdateBounds() {
   m_parts.SetBounds(bounds);
 }
 
+void TCustomMapObject::MoveBy(double dx, double dy) {
+  TCustomMapObject moved;
+  for (const TPart &part : std::as_const(m_parts).Items()) {
+    TMapPoints &points = moved.m_parts.Add().GetPoints();
+    points.Reserve(std::size_t(part.GetPoints().GetCount()));
+    for (const TMapPoint &point : part.GetPoints().Points()) points.Add(point.X + dx, point.Y + dy);
+  }
+  SetParts(moved.m_parts);
+  UpdateBounds();
+}
+
 void TCustomMapObject::Draw() {
   if (TMapHost *map = GetMapHost()) map->GetDisplayed()->Add(this);
 }

@@ -5,6 +5,7 @@
 #include <tessera/graphics/TRgn.h>
 #include <tessera/objects/TMapHost.h>
 #include <tessera/objects/TObjectLayer.h>
+#include <tessera/objects/TObjectTraits.h>
 #include <tessera/objects/TParts.h>
 
 #include <memory>
@@ -86,6 +87,13 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
   /// Contains refines this as well. Division of cells ends for a Refined kind on the assumption that a figure that
   /// holds the corners of a cell holds all of it.
   [[nodiscard]] virtual TBoxContainment GetBoxContainment() const { return TBoxContainment::Refined; }
+  /// What only this kind has, so that undoing an edit can bring it back; none, as here, where that is nothing. A kind
+  /// with properties of its own refines this and SetTraits.
+  [[nodiscard]] virtual std::unique_ptr<TObjectTraits> GetTraits() const { return nullptr; }
+  /// Takes over what GetTraits of an object of this kind gave, and touches neither tools nor vertices.
+  virtual void SetTraits(const TObjectTraits & /*traits*/) {}
+  /// Moves all vertices, and gives the object bounds of its own.
+  virtual void MoveBy(double dx, double dy);
   /// Which of the map's default fonts a new object of this kind gets.
   [[nodiscard]] virtual TObjectFont GetFontKind() const { return TObjectFont::Symbol; }
 

@@ -10,11 +10,38 @@ TGeoCircle::TGeoCircle() {
 
 std::unique_ptr<TCustomMapObject> TGeoCircle::Clone() const {
   auto copy = std::make_unique<TGeoCircle>();
-  copy->m_centerX = m_centerX;
-  copy->m_centerY = m_centerY;
-  copy->m_radius = m_radius;
-  copy->m_pieCount = m_pieCount;
+  copy->SetTraits(*GetTraits());
   return CloneInto(std::move(copy));
+}
+
+struct TGeoCircle::Traits : TObjectTraits {
+  double centerX;
+  double centerY;
+  double radius;
+  int pieCount;
+};
+
+std::unique_ptr<TObjectTraits> TGeoCircle::GetTraits() const {
+  auto traits = std::make_unique<Traits>();
+  traits->centerX = m_centerX;
+  traits->centerY = m_centerY;
+  traits->radius = m_radius;
+  traits->pieCount = m_pieCount;
+  return traits;
+}
+
+void TGeoCircle::SetTraits(const TObjectTraits &traits) {
+  const auto &own = static_cast<const Traits &>(traits);
+  m_centerX = own.centerX;
+  m_centerY = own.centerY;
+  m_radius = own.radius;
+  m_pieCount = own.pieCount;
+}
+
+void TGeoCircle::MoveBy(double dx, double dy) {
+  m_centerX += dx;
+  m_centerY += dy;
+  GeneratePoints();
 }
 
 void TGeoCircle::SetCenterX(double longitude) {

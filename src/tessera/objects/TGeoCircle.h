@@ -19,6 +19,9 @@ class TESSERA_CORE_EXPORT TGeoCircle : public TRegion {
   /// A ring about (0, 0).
   TGeoCircle();
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
+  [[nodiscard]] std::unique_ptr<TObjectTraits> GetTraits() const override;
+  void SetTraits(const TObjectTraits &traits) override;
+  void MoveBy(double dx, double dy) override;
 
   /// Longitude of the centre, in degrees.
   [[nodiscard]] double GetCenterX() const { return m_centerX; }
@@ -38,6 +41,7 @@ class TESSERA_CORE_EXPORT TGeoCircle : public TRegion {
   void GeneratePoints();
 
  private:
+  struct Traits;
   double m_centerX = 0;
   double m_centerY = 0;
   double m_radius = DefaultRadius;

@@ -27,7 +27,10 @@ enum TMapDataLinkEvent {
   mdlLayerFieldsChanged,   ///< The columns.
   mdlObjectStyleChanged,   ///< Of the object: pen, brush, font or background colour.
   mdlObjectFieldsChanged,  ///< Of the object: values, or columns of its own.
-  mdlMoveObject            ///< The object stands at another place of its layer's order.
+  mdlMoveObject,           ///< The object stands at another place of its layer's order.
+  /// Of the object: vertices, or what else of its kind the figure depends on. Told by TMapEdits alone, at the end of an
+  /// edit.
+  mdlObjectGeometryChanged
 };
 
 }  // namespace tessera

@@ -10,6 +10,8 @@
 
 #include <unordered_set>
 
+class QUndoStack;
+
 namespace tessera {
 
 class TCanvas;
@@ -130,6 +132,8 @@ class TESSERA_CORE_EXPORT TMapHost : public TMapView, public TMapUpdates, public
   [[nodiscard]] virtual const TObjectStylePtr &GetDefaultStyle(TObjectFont font) const = 0;
   [[nodiscard]] virtual bool GetisMapRotated() const = 0;
   virtual bool UnRotate() = 0;
+  /// Where edits of the map are recorded, to be undone; none where they are not.
+  [[nodiscard]] virtual QUndoStack *GetUndoStack() const { return nullptr; }
 
  protected:
   /// The objects that are on the map without a layer know no map from now on.

@@ -119,6 +119,11 @@ std::unique_ptr<TCustomMapObject> TSprite::Clone() const {
   return CloneInto(std::move(copy));
 }
 
+void TSprite::MoveBy(double dx, double dy) {
+  const TMapPoint at = std::as_const(*this).GetAnchor();
+  Move(at.X + dx, at.Y + dy);
+}
+
 void TSprite::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

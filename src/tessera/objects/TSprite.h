@@ -23,6 +23,8 @@ class TESSERA_CORE_EXPORT TSprite : public TCustomMapObject {
   /// Shows a visible sprite whose position is in view.
   void Draw() override;
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
+  /// As Move; what the sprite shows is not undone.
+  void MoveBy(double dx, double dy) override;
   /// Whether the point lies, on the screen, within half the picture's size of the position along both axes. False
   /// without a map.
   bool ContainsPoint(double x, double y) const override;

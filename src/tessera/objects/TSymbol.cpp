@@ -23,6 +23,21 @@ std::unique_ptr<TCustomMapObject> TSymbol::Clone() const {
   return CloneInto(std::move(copy));
 }
 
+struct TSymbol::Traits : TObjectTraits {
+  int shape;
+};
+
+std::unique_ptr<TObjectTraits> TSymbol::GetTraits() const {
+  auto traits = std::make_unique<Traits>();
+  traits->shape = m_shape;
+  return traits;
+}
+
+void TSymbol::SetTraits(const TObjectTraits &traits) {
+  const auto &own = static_cast<const Traits &>(traits);
+  m_shape = own.shape;
+}
+
 void TSymbol::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

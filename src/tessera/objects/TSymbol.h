@@ -16,6 +16,8 @@ class TESSERA_CORE_EXPORT TSymbol : public TCustomMapObject {
 
   void Draw() override;
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
+  [[nodiscard]] std::unique_ptr<TObjectTraits> GetTraits() const override;
+  void SetTraits(const TObjectTraits &traits) override;
   /// A frame around the character.
   void DrawSelection() override;
   /// Whether the point lies, on the screen, within half the font's size and two pixels of the symbol along both axes. A
@@ -47,6 +49,7 @@ class TESSERA_CORE_EXPORT TSymbol : public TCustomMapObject {
   void SetShape(int shape);
 
  private:
+  struct Traits;
   /// How far from the point a click still hits.
   [[nodiscard]] std::int64_t GetReachPx() const;
 

@@ -148,14 +148,44 @@ void TText::AutoSizeText() {
 
 std::unique_ptr<TCustomMapObject> TText::Clone() const {
   auto copy = std::make_unique<TText>();
-  copy->SetShape(GetShape());
-  copy->m_text = m_text;
-  copy->m_angleDeg = m_angleDeg;
-  copy->m_width = m_width;
-  copy->m_height = m_height;
-  copy->m_minShowTextSizePt = m_minShowTextSizePt;
-  copy->m_freezeFontSize = m_freezeFontSize;
+  copy->SetTraits(*GetTraits());
   return CloneInto(std::move(copy));
+}
+
+struct TText::Traits : TObjectTraits {
+  int shape;
+  QString text;
+  double angleDeg;
+  double width;
+  double height;
+  PixelBox fittedBox;
+  int minShowTextSizePt;
+  bool freezeFontSize;
+};
+
+std::unique_ptr<TObjectTraits> TText::GetTraits() const {
+  auto traits = std::make_unique<Traits>();
+  traits->shape = GetShape();
+  traits->text = m_text;
+  traits->angleDeg = m_angleDeg;
+  traits->width = m_width;
+  traits->height = m_height;
+  traits->fittedBox = m_fittedBox;
+  traits->minShowTextSizePt = m_minShowTextSizePt;
+  traits->freezeFontSize = m_freezeFontSize;
+  return traits;
+}
+
+void TText::SetTraits(const TObjectTraits &traits) {
+  const auto &own = static_cast<const Traits &>(traits);
+  SetShape(own.shape);
+  m_text = own.text;
+  m_angleDeg = own.angleDeg;
+  m_width = own.width;
+  m_height = own.height;
+  m_fittedBox = own.fittedBox;
+  m_minShowTextSizePt = own.minShowTextSizePt;
+  m_freezeFontSize = own.freezeFontSize;
 }
 
 void TText::Draw() {

@@ -27,6 +27,8 @@ class TESSERA_CORE_EXPORT TText : public TSymbol {
   /// entered into the displayed objects either.
   void Draw() override;
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
+  [[nodiscard]] std::unique_ptr<TObjectTraits> GetTraits() const override;
+  void SetTraits(const TObjectTraits &traits) override;
   /// Fills the turned box.
   void DrawSelection() override;
   /// Whether the point lies, on the screen, in GetTextRect, borders included. False without a map.
@@ -74,6 +76,7 @@ class TESSERA_CORE_EXPORT TText : public TSymbol {
   [[nodiscard]] QRect GetTextRect(bool screen) const;
 
  private:
+  struct Traits;
   struct Corners {
     TPoint lowerLeft, upperRight;
   };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/editing/TMapEdits.h>
 #include <tessera/layers/TMapLayer.h>
 #include <tessera/objects/TGeoCircle.h>
 #include <tessera/tools/TCircleTool.h>
@@ -13,7 +14,7 @@ void TCircleTool::PutObject(TMapLayer &layer, const TMapPoint &at) {
   auto circle = std::make_unique<TGeoCircle>();
   circle->SetCenterX(at.X);
   circle->SetCenterY(at.Y);
-  layer.AddObject(std::move(circle), true);
+  TMapEdits(layer).AddObject(layer, std::move(circle));
 }
 
 }  // namespace tessera

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/editing/TMapEdits.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/objects/TPolyline.h>
@@ -29,7 +30,7 @@ bool TLineTool::CreateObject() {
   auto line = std::make_unique<TPolyline>();
   TMapPoints &points = line->GetParts().Add().GetPoints();
   for (const TMapPoint &end : {viewport.ScreenToMap(X1, Y1), viewport.ScreenToMap(X2, Y2)}) points.Add(end.X, end.Y);
-  layer->AddObject(std::move(line), true);
+  TMapEdits(*layer).AddObject(*layer, std::move(line));
   return true;
 }
 

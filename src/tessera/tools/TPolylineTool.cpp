@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/editing/TMapEdits.h>
 #include <tessera/layers/TMapLayer.h>
 #include <tessera/objects/TPolyline.h>
 #include <tessera/tools/TPolylineTool.h>
@@ -21,7 +22,7 @@ bool TPolylineTool::CreateObject() {
   auto line = std::make_unique<TPolyline>();
   TMapPoints &vertices = line->GetParts().Add().GetPoints();
   for (const TMapPoint &point : points) vertices.Add(point.X, point.Y);
-  layer->AddObject(std::move(line), true);
+  TMapEdits(*layer).AddObject(*layer, std::move(line));
   return true;
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/editing/TMapEdits.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/objects/TRectangle.h>
 #include <tessera/tools/TRectTool.h>
@@ -25,7 +26,7 @@ bool TRectTool::CreateObject() {
   rectangle->SetY0(press.Y);
   rectangle->SetX1(release.X);
   rectangle->SetY1(release.Y);
-  layer->AddObject(std::move(rectangle), true);
+  TMapEdits(*layer).AddObject(*layer, std::move(rectangle));
   return true;
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/editing/TMapEdits.h>
 #include <tessera/layers/TMapLayer.h>
 #include <tessera/objects/TRegion.h>
 #include <tessera/tools/TRegionTool.h>
@@ -24,7 +25,7 @@ bool TRegionTool::CreateObject() {
   TMapPoints &ring = region->GetParts().Add().GetPoints();
   for (const TMapPoint &point : points) ring.Add(point.X, point.Y);
   ring.Add(points.front().X, points.front().Y);
-  layer->AddObject(std::move(region), true);
+  TMapEdits(*layer).AddObject(*layer, std::move(region));
   return true;
 }
 

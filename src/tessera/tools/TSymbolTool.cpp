@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/editing/TMapEdits.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/objects/TSymbol.h>
 #include <tessera/tools/TSymbolTool.h>
@@ -14,7 +15,7 @@ void TSymbolTool::PutObject(TMapLayer &layer, const TMapPoint &at) {
   symbol->MoveTo(at.X, at.Y);
   symbol->SetShape(GetTessera()->GetOptions()->GetDefaultSymbolShape());
   // The layer gives it the font, with the other tools of the options.
-  layer.AddObject(std::move(symbol), true);
+  TMapEdits(layer).AddObject(layer, std::move(symbol));
 }
 
 }  // namespace tessera

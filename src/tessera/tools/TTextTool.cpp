@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/editing/TMapEdits.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/map/detail/MapGesture.h>
@@ -187,7 +188,7 @@ void TTextTool::PutText(TMapLayer &layer, const QString &text) {
   label->MoveTo(at.X, at.Y);
   label->SetText(text);
   // The layer gives it the font, with the other tools of the options; a handler may destroy it.
-  auto *added = static_cast<TText *>(layer.AddObject(std::move(label), true));
+  auto *added = static_cast<TText *>(TMapEdits(layer).AddObject(layer, std::move(label)));
   if (added != nullptr) added->AutoSizeText();
 }
 

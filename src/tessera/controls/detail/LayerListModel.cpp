@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/GuardedCall.h>
 #include <tessera/controls/detail/LayerListModel.h>
+#include <tessera/editing/TMapEdits.h>
 
 #include <QCoreApplication>
 
@@ -137,7 +138,11 @@ bool LayerListModel::IsOn(const TMapLayer &layer, Column column) {
 
 void LayerListModel::Toggle(int row, Column column) {
   TMapLayer *layer = LayerAt(row);
-  if (layer) (layer->*SwitchOf(column).set)(!IsOn(*layer, column));
+  if (layer == nullptr) return;
+  const Switch &its = SwitchOf(column);
+  const QString text =
+      Told(QT_TRANSLATE_NOOP("TLayerControl", "change “%1” of %2")).arg(Told(its.name), layer->GetName());
+  TMapEdits(m_map).ChangeLayers(text, [&] { (layer->*its.set)(!IsOn(*layer, column)); });
 }
 
 int LayerListModel::rowCount(const QModelIndex &parent) const {

@@ -9,6 +9,9 @@
 #include <tessera/map/detail/ScreenPictures.h>
 #include <tessera/objects/detail/ScreenOutliner.h>
 
+#include <QPointer>
+#include <QUndoStack>
+
 #include <optional>
 
 namespace tessera {
@@ -27,6 +30,7 @@ struct TTessera::Private {
   int pickTolerancePx = 0;
   TMapNavigation navigation;
   detail::MapRotation rotation;
+  QPointer<QUndoStack> undoStack;
 
   bool isBusy = false;
   bool inUpdate = false;

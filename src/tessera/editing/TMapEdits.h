@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/layers/TMapLayers.h>
+
+#include <QCoreApplication>
+#include <QFlags>
+
+#include <functional>
+
+namespace tessera {
+
+/// What of an object an edit changes. What only a kind of object has, as the text of a label, goes with both geometry
+/// and style.
+enum class TObjectAspect { Geometry = 1, Style = 2, Values = 4 };
+Q_DECLARE_FLAGS(TObjectAspects, TObjectAspect)
+Q_DECLARE_OPERATORS_FOR_FLAGS(TObjectAspects)
+
+/// What a person does to a map: edits of its objects, columns and layers, each of which becomes a step on the map's
+/// undo stack (TTessera::SetUndoStack). A map without a stack is edited all the same. A light handle on the map, made
+/// where it is needed: `TMapEdits(map).DeleteObjects(…)`.
+///
+/// Undoing a step brings back places in the order, parts, tools, values and columns exactly as they were, and the
+/// selection that there was before the step. What was deleted is kept by its step, in no layer; no OnDeleteObject and
+/// no second OnBeforeDelLayer tells of it. A step finds its objects and layers by handles: one whose objects or layer
+/// are gone by other means is dropped when its turn comes, and one that a handler of OnBeforeRemoveObject refuses to
+/// take back leaves the object where it is.
+///
+/// Rotating the map turns its data, and drops all steps. What a handler of an event edits while a step is undone or
+/// done again is not recorded. What handlers throw goes on after the step has been recorded; while one is undone, to
+/// the message sink. A sprite's picture is not undone, nor is what is done without this class; steps around that still
+/// come back as far as they can.
+///
+/// Cost: that of the edit itself, and the number of selected objects.
+class TESSERA_CORE_EXPORT TMapEdits {
+  Q_DECLARE_TR_FUNCTIONS(tessera::TMapEdits)
+
+ public:
+  using Objects = std::span<TCustomMapObject *const>;
+
+  /// Of a map; may be none, where nothing is recorded.
+  explicit TMapEdits(TMapHost *map) : m_map(map) {}
+  /// Of a layer's map.
+  explicit TMapEdits(const TMapLayer &layer) : TMapEdits(layer.GetMapHost()) {}
+  /// Whether edits are recorded: there is a stack, and it is not just undoing or doing again.
+  [[nodiscard]] bool IsRecording() const;
+
+  // Objects.
+
+  /// TMapLayer::AddObject for an object that a person has made: OnAddObject is called. None when a handler has taken it
+  /// out again.
+  TCustomMapObject *AddObject(TMapLayer &layer, std::unique_ptr<TCustomMapObject> object);
+  /// TMapLayer::PutObjects: puts objects into a layer as they are.
+  void PutObjects(TMapLayer &layer, std::vector<TTakenObject> objects);
+  /// Deletes objects of any layers, but for those that handlers refuse. Answers how many.
+  int DeleteObjects(Objects objects);
+  /// Moves an object in the order of its layer. @throws ERangeError outside the count.
+  void ReorderObject(TMapLayer &layer, int curIndex, int newIndex);
+  void MoveObjects(Objects objects, double dx, double dy);
+  /// Takes over parts and bounds of another list, which is left empty. Costs nothing.
+  void SetGeometry(TCustomMapObject &object, TParts &parts);
+  void SetStyle(Objects objects, const TObjectStylePtr &style);
+  /// @throws ERangeError for a field that the object does not have.
+  void SetValue(TCustomMapObject &object, int field, const TDataValue &value);
+  /// Any other change: runs `change` for each object, as long as it is there. Only what belongs to `aspects` comes
+  /// back.
+  void ChangeObjects(Objects objects, TObjectAspects aspects, const QString &text,
+                     const std::function<void(TCustomMapObject &object)> &change);
+
+  // Columns of a layer, which its objects follow: they keep their values and share the new columns; an object with
+  // another number of columns is left alone. Cost: linear in the number of objects.
+
+  /// Appends a column, whose values are unassigned.
+  void AddColumn(TMapLayer &layer, const QString &name, TDataType type, int size);
+  /// Takes out a column and its values. The labels stay with their column, or go to the first.
+  /// @throws ERangeError for a column that is not there.
+  void RemoveColumn(TMapLayer &layer, int field);
+  void RenameColumn(TMapLayer &layer, int field, const QString &name);
+  /// Any other change of the definitions. @pre it adds and takes out none
+  void ChangeColumns(TMapLayer &layer, const QString &text, const std::function<void(TDataFields &columns)> &change);
+
+  // Layers. @pre there is a map
+
+  /// TMapLayers::Add. None when a handler has taken it out again.
+  TMapLayer *AddLayer(const QString &fileName, const QString &layerName);
+  /// Takes out a layer, unless a handler of OnBeforeDelLayer forbids it; false then. @throws ERangeError outside the
+  /// count.
+  bool DeleteLayer(int index);
+  /// @throws ERangeError outside the count.
+  void MoveLayer(int curIndex, int newIndex);
+  /// Any change of names and switches: visible, selectable, editable, labels and zoom limits, of one layer or many.
+  void ChangeLayers(const QString &text, const std::function<void()> &change);
+
+ private:
+  int DeleteObjectsOf(TMapLayer &layer, Objects objects) const;
+  [[nodiscard]] static QString DeletionText(std::size_t count);
+
+  TMapHost *m_map;
+};
+
+}  // namespace tessera
