@@ -8,6 +8,7 @@
 #include <tessera/data/TDataFields.h>
 #include <tessera/editing/TEditScope.h>
 #include <tessera/editing/TMapEdits.h>
+#include <tessera/editing/TObjectClipboard.h>
 #include <tessera/layers/LayerBounds.h>
 #include <tessera/layers/TIndexCell.h>
 #include <tessera/layers/TMapDataLink.h>

@@ -162,6 +162,37 @@ TEST_F(EditorEditingTest, UndoesAndKnowsWhatIsSaved) {
   EXPECT_EQ(map.GetLayers()->GetCount(), 0);
 }
 
+TEST_F(EditorEditingTest, CutsCopiesPastesAndReordersTheSelectedObjects) {
+  TMapLayer *layer = AddLayer();
+  DrawOneOfEachKind();
+  TCustomMapObject *first = layer->First();
+  const auto trigger = [&](const char *action) {
+    ActionNamed(action)->trigger();
+    return layer->GetObjectCount();
+  };
+  EXPECT_EQ(trigger("Cu&t objects"), 7) << "nothing is selected";
+  first->Select();
+  EXPECT_EQ(trigger("&Copy objects"), 7);
+  EXPECT_EQ(trigger("&Paste objects"), 8);
+  EXPECT_EQ(layer->Last()->GetBounds(), first->GetBounds());
+  EXPECT_TRUE(layer->Last()->GetSelected());
+  EXPECT_EQ(trigger("Dup&licate objects"), 9);
+  EXPECT_GT(layer->Last()->GetBounds().MinX, first->GetBounds().MinX);
+  EXPECT_EQ(trigger("Cu&t objects"), 8);
+  first->Select();
+  trigger("Bring to &front");
+  EXPECT_EQ(layer->Last(), first);
+  trigger("Send to &back");
+  EXPECT_EQ(layer->First(), first);
+  layer->SetEditable(false);
+  EXPECT_EQ(trigger("Cu&t objects"), 8);
+  EXPECT_EQ(trigger("&Paste objects"), 8);
+  QApplication::processEvents();
+  messages.Dismiss();
+  EXPECT_TRUE(messages.GetText().contains(QStringLiteral("no editable layer"))) << messages.GetText().toStdString();
+  EXPECT_EQ(window.GetUndoStack().undoText(), QStringLiteral("send 1 object(s) to the back"));
+}
+
 TEST_F(EditorEditingTest, ChoosesTheEditableLayerAndShowsTheAttributesOfTheChosenOne) {
   Open({MapFileNamed("squares.mif"), MapFileNamed("cover.mif")});
   auto *choice = window.findChild<TLayersComboBox *>();

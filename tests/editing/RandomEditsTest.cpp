@@ -2,6 +2,7 @@
 #include "../support/RandomShapes.h"
 #include "EditingFixture.h"
 
+#include <tessera/editing/TObjectClipboard.h>
 #include <tessera/formats/SimpleMIFFormatProvider.h>
 #include <tessera/objects/TCircle.h>
 #include <tessera/objects/TGeoCircle.h>
@@ -87,10 +88,10 @@ class RandomEdits {
 
   void Edit() {
     constexpr void (RandomEdits::*Kinds[])() = {
-        &RandomEdits::Add,      &RandomEdits::Add,         &RandomEdits::Delete,  &RandomEdits::Reorder,
-        &RandomEdits::Move,     &RandomEdits::Reshape,     &RandomEdits::Restyle, &RandomEdits::SetValue,
-        &RandomEdits::SetValue, &RandomEdits::SetOwn,      &RandomEdits::Columns, &RandomEdits::Layers,
-        &RandomEdits::Switches, &RandomEdits::SeveralAsOne};
+        &RandomEdits::Add,      &RandomEdits::Add,      &RandomEdits::Delete,  &RandomEdits::Delete,
+        &RandomEdits::Reorder,  &RandomEdits::Move,     &RandomEdits::Reshape, &RandomEdits::Restyle,
+        &RandomEdits::SetValue, &RandomEdits::SetValue, &RandomEdits::SetOwn,  &RandomEdits::Columns,
+        &RandomEdits::Layers,   &RandomEdits::Switches, &RandomEdits::Copy,    &RandomEdits::SeveralAsOne};
     (this->*Kinds[m_random.Whole(0, int(std::size(Kinds)) - 1)])();
     m_host.TakeEvents();
   }
@@ -163,7 +164,15 @@ class RandomEdits {
     if (layer && layer->GetObjectCount() < MostObjects) Edits().AddObject(*layer, Make());
   }
   void Delete() { Edits().DeleteObjects(Some()); }
+  void Copy() {
+    TMapLayer *layer = Layer();
+    if (layer == nullptr || layer->GetObjectCount() >= MostObjects) return;
+    if (m_random.Whole(0, 1) == 0) return Edits().DuplicateObjects(Some(), 3, 4);
+    Edits().PasteObjects(*layer, ObjectsFromMimeData(*ObjectsToMimeData(Some())));
+  }
   void Reorder() {
+    if (m_random.Whole(0, 3) == 0) return Edits().BringToFront(Some());
+    if (m_random.Whole(0, 3) == 0) return Edits().SendToBack(Some());
     TCustomMapObject *object = Object();
     if (object == nullptr) return;
     TMapLayer &layer = *object->GetLayer();
@@ -247,6 +256,7 @@ class RandomEdits {
   }
   void SeveralAsOne() {
     const TEditScope oneStep(&m_host, Word());
+    Select();
     for (int i = m_random.Whole(0, 5); i > 0; --i) Edit();
   }
 

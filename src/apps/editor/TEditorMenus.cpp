@@ -7,8 +7,13 @@
 #include <apps/editor/RecentFiles.h>
 #include <apps/editor/TEditorWindow.h>
 #include <icons/ThemedIcon.h>
+#include <tessera/base/GuardedCall.h>
+#include <tessera/editing/TMapEdits.h>
+#include <tessera/editing/TObjectClipboard.h>
 
 #include <QActionGroup>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMenuBar>
 #include <QToolBar>
 #include <QUndoStack>
@@ -32,6 +37,8 @@ struct WheelMode {
   bool keepsPlace;
   TTessera::TWheelMouseZoomType type;
 };
+constexpr int DuplicateShiftPx = 10;
+
 constexpr WheelMode WheelModes[] = {
     {QT_TRANSLATE_NOOP("TEditorWindow", "The place under the &pointer"), true, TTessera::wmCenter},
     {QT_TRANSLATE_NOOP("TEditorWindow", "The &middle of the view"), false, TTessera::wmCenter},
@@ -81,12 +88,41 @@ void TEditorWindow::MakeEditMenu() {
   redo->setShortcuts(QKeySequence::Redo);
   menu->addActions({undo, redo});
   menu->addSeparator();
+  AddObjectAction(*menu, tr("Cu&t objects"), QKeySequence::Cut, [this] {
+    const auto cut = TakeEditableSelection();
+    if (cut.empty()) return;
+    QGuiApplication::clipboard()->setMimeData(ObjectsToMimeData(cut).release());
+    TMapEdits(m_map).DeleteObjects(cut);
+  });
+  AddObjectAction(*menu, tr("&Copy objects"), QKeySequence::Copy, [this] { Copy(); });
+  AddObjectAction(*menu, tr("&Paste objects"), QKeySequence::Paste, [this] { Paste(); });
+  AddObjectAction(*menu, tr("Dup&licate objects"), WithCtrlShift(Qt::Key_D), [this] {
+    const TMapPoint from{m_map->GetCenterX(), m_map->GetCenterY()};
+    const TMapPoint to = m_map->GetViewport().MovedByPixels(from, DuplicateShiftPx, DuplicateShiftPx);
+    TMapEdits(m_map).DuplicateObjects(TakeEditableSelection(), to.X - from.X, to.Y - from.Y);
+  });
+  menu->addSeparator();
+  AddObjectAction(*menu, tr("Bring to &front"), WithCtrlShift(Qt::Key_PageUp),
+                  [this] { TMapEdits(m_map).BringToFront(TakeEditableSelection()); });
+  AddObjectAction(*menu, tr("Send to &back"), WithCtrlShift(Qt::Key_PageDown),
+                  [this] { TMapEdits(m_map).SendToBack(TakeEditableSelection()); });
+  menu->addSeparator();
   menu->addAction(Icon("delete"), tr("&Delete selected objects"), QKeySequence::Delete, this,
                   &TEditorWindow::DeleteSelected);
   menu->addAction(tr("Select &nothing"), WithCtrlShift(Qt::Key_A), this, [this] { m_map->GetSelection()->Clear(); });
-  menu->addAction(tr("&Copy picture"), WithCtrlShift(Qt::Key_C), this, &TEditorWindow::CopyPicture);
+  menu->addAction(tr("Copy p&icture"), WithCtrlShift(Qt::Key_C), this, &TEditorWindow::CopyPicture);
   menu->addSeparator();
   menu->addAction(tr("New &objects…"), this, &TEditorWindow::AskForOptions);
+}
+
+void TEditorWindow::AddObjectAction(QMenu &menu, const QString &text, const QKeySequence &key,
+                                    const std::function<void()> &run) {
+  QAction *action = menu.addAction(text);
+  action->setShortcut(key);
+  // Where text is edited the keys mean the text.
+  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  m_map->addAction(action);
+  connect(action, &QAction::triggered, m_map, [run] { GuardedCall(run); });
 }
 
 void TEditorWindow::MakeViewMenu() {

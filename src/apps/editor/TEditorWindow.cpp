@@ -12,6 +12,7 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/editing/TEditScope.h>
 #include <tessera/editing/TMapEdits.h>
+#include <tessera/editing/TObjectClipboard.h>
 
 #include <QClipboard>
 #include <QCloseEvent>
@@ -149,15 +150,36 @@ TMapLayer *TEditorWindow::AddLayer(const QString &name, const TDataFields &field
   return layer;
 }
 
-void TEditorWindow::DeleteSelected() {
+std::vector<TCustomMapObject *> TEditorWindow::TakeEditableSelection() {
   const TMapLayer *editable = m_map->GetLayers()->GetEditableLayer();
-  std::vector<TCustomMapObject *> doomed;
+  std::vector<TCustomMapObject *> objects;
   for (TCustomMapObject *object : m_map->GetSelection()->Items()) {
-    if (editable != nullptr && object->GetLayer() == editable) doomed.push_back(object);
+    if (editable != nullptr && object->GetLayer() == editable) objects.push_back(object);
   }
-  const auto left = int(m_map->GetSelection()->Items().size() - doomed.size());
+  const auto left = int(m_map->GetSelection()->Items().size() - objects.size());
   if (left > 0) m_messageBar->Post(tr("%n selected object(s) stay, for their layer is not editable.", nullptr, left));
-  if (!doomed.empty()) TMapEdits(m_map).DeleteObjects(doomed);
+  return objects;
+}
+
+void TEditorWindow::DeleteSelected() {
+  TMapEdits(m_map).DeleteObjects(TakeEditableSelection());
+}
+
+void TEditorWindow::Copy() {
+  const auto selected = m_map->GetSelection()->Items();
+  if (!selected.empty()) QGuiApplication::clipboard()->setMimeData(ObjectsToMimeData(selected).release());
+}
+
+void TEditorWindow::Paste() {
+  const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
+  if (copied == nullptr || !HoldsObjects(*copied)) return;
+  TMapLayer *layer = m_map->GetLayers()->GetEditableLayer();
+  if (layer == nullptr) return m_messageBar->Post(tr("There is no editable layer to paste into."));
+  try {
+    TMapEdits(m_map).PasteObjects(*layer, ObjectsFromMimeData(*copied));
+  } catch (const std::exception &failure) {
+    m_messageBar->Post(MessageOf(failure));
+  }
 }
 
 bool TEditorWindow::ExportPicture(const QString &fileName) {

@@ -45,6 +45,10 @@ class TEditorWindow : public QMainWindow {
   /// Writes the map as it is shown; a failure is told in the message bar. True on success.
   bool ExportPicture(const QString &fileName);
   void CopyPicture();
+  /// Puts the selected objects on the clipboard; all of them, whatever layer they are in.
+  void Copy();
+  /// Puts objects from the clipboard into the editable layer; without one, a message says so.
+  void Paste();
 
  protected:
   void closeEvent(QCloseEvent *event) override;
@@ -66,6 +70,9 @@ class TEditorWindow : public QMainWindow {
   void FollowUnsaved();
   /// Changes the current layer, as a step that can be undone.
   void ChangeLayer(const QString &text, const std::function<void(TMapLayer &layer)> &change);
+  /// The selected objects of the editable layer. That others stay as they are is told.
+  std::vector<TCustomMapObject *> TakeEditableSelection();
+  void AddObjectAction(QMenu &menu, const QString &text, const QKeySequence &key, const std::function<void()> &run);
   void MoveLayer(int by);
   void AskForNewLayer();
   void AskWhereToExportPicture();

@@ -8,7 +8,7 @@ TEditScope::TEditScope(const TMapHost *map, const QString &text) {
   QUndoStack *stack = map ? map->GetUndoStack() : nullptr;
   if (stack == nullptr) return;
   m_history = &detail::EditHistory::Of(*stack);
-  m_history->BeginScope(text);
+  m_history->BeginScope(text, *map->GetSelection());
 }
 
 TEditScope::~TEditScope() {

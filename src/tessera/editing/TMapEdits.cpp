@@ -47,7 +47,7 @@ TCustomMapObject *TMapEdits::AddObject(TMapLayer &layer, std::unique_ptr<TCustom
   return inside.empty() ? nullptr : inside.front().Get();
 }
 
-void TMapEdits::PutObjects(TMapLayer &layer, std::vector<TTakenObject> objects) {
+void TMapEdits::Put(TMapLayer &layer, std::vector<TTakenObject> objects, const QString &text) const {
   const detail::BeforeEdit before = detail::NoteBefore(m_map);
   const THandle<TMapLayer> handle(&layer);
   Handles put;
@@ -55,9 +55,13 @@ void TMapEdits::PutObjects(TMapLayer &layer, std::vector<TTakenObject> objects) 
   AllSteps steps;
   steps.Try([&] { layer.PutObjects(std::move(objects)); });
   const Handles inside = ThoseIn(handle, put);
-  const auto text = tr("add %n object(s)", nullptr, int(inside.size()));
   if (!inside.empty()) detail::Record<detail::PresenceCommand>(before, text, layer, inside);
   steps.Rethrow();
+}
+
+void TMapEdits::PutObjects(TMapLayer &layer, std::vector<TTakenObject> objects) {
+  const auto text = tr("add %n object(s)", nullptr, int(objects.size()));
+  Put(layer, std::move(objects), text);
 }
 
 int TMapEdits::DeleteObjectsOf(TMapLayer &layer, Objects objects) const {

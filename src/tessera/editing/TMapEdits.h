@@ -54,6 +54,15 @@ class TESSERA_CORE_EXPORT TMapEdits {
   void PutObjects(TMapLayer &layer, std::vector<TTakenObject> objects);
   /// Deletes objects of any layers, but for those that handlers refuse. Answers how many.
   int DeleteObjects(Objects objects);
+  /// Puts objects on top of a layer and selects them. They get its columns, and keep the values of those columns of
+  /// theirs that have the same names and types; a text column takes any.
+  void PasteObjects(TMapLayer &layer, std::vector<std::unique_ptr<TCustomMapObject>> objects);
+  /// Puts copies of objects, moved, on top of their layers and selects them.
+  void DuplicateObjects(Objects objects, double dx, double dy);
+  /// Moves objects to the end of the order of their layers, among each other as they were.
+  void BringToFront(Objects objects);
+  /// Moves them to the beginning.
+  void SendToBack(Objects objects);
   /// Moves an object in the order of its layer. @throws ERangeError outside the count.
   void ReorderObject(TMapLayer &layer, int curIndex, int newIndex);
   void MoveObjects(Objects objects, double dx, double dy);
@@ -92,6 +101,9 @@ class TESSERA_CORE_EXPORT TMapEdits {
   void ChangeLayers(const QString &text, const std::function<void()> &change);
 
  private:
+  void Put(TMapLayer &layer, std::vector<TTakenObject> objects, const QString &text) const;
+  void PutOnTop(TMapLayer &layer, std::vector<std::unique_ptr<TCustomMapObject>> objects, const QString &text) const;
+  void MoveTo(const THandle<TMapLayer> &layer, const THandle<TCustomMapObject> &object, int index);
   int DeleteObjectsOf(TMapLayer &layer, Objects objects) const;
   [[nodiscard]] static QString DeletionText(std::size_t count);
 

@@ -4,6 +4,7 @@
 #include <tessera/base/Export.h>
 
 #include <cstring>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -47,6 +48,20 @@ class TESSERA_CORE_EXPORT ByteOutput {
 class TESSERA_CORE_EXPORT NoOutput final : public ByteOutput {
  private:
   void Write(std::string_view bytes) override;
+};
+
+/// Keeps the bytes.
+class TESSERA_CORE_EXPORT MemoryOutput final : public ByteOutput {
+ public:
+  [[nodiscard]] const std::string &GetBytes() {
+    Flush();
+    return m_bytes;
+  }
+
+ private:
+  void Write(std::string_view bytes) override { m_bytes.append(bytes); }
+
+  std::string m_bytes;
 };
 
 }  // namespace tessera::detail

@@ -14,7 +14,7 @@ BeforeEdit NoteBefore(const TMapHost *map) {
   EditHistory *history = stack ? &EditHistory::Of(*stack) : nullptr;
   if (history == nullptr || history->IsRunning()) return before;
   before.history = history;
-  before.selection = history->Remember(*map->GetSelection());
+  before.selection = history->SelectedBefore(*map->GetSelection());
   return before;
 }
 

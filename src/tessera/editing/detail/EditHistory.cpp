@@ -20,8 +20,11 @@ void EditHistory::Push(std::unique_ptr<EditCommand> step) {
   m_stack.push(step.release());
 }
 
-void EditHistory::BeginScope(const QString &text) {
-  if (m_scopes++ == 0) m_scopeText = text;
+void EditHistory::BeginScope(const QString &text, const TObjectSelection &selection) {
+  if (m_scopes++ > 0) return;
+  m_scopeText = text;
+  m_scopeSelected = Remember(selection);
+  m_scopeSelection = &selection;
 }
 
 void EditHistory::EndScope() {
@@ -30,6 +33,11 @@ void EditHistory::EndScope() {
 
 void EditHistory::DropSteps() {
   if (!m_isRunning) m_stack.clear();
+}
+
+SelectedObjects EditHistory::SelectedBefore(const TObjectSelection &selection) {
+  const bool isFirstOfScope = m_scopes > 0 && !m_isInMacro && m_scopeSelection == &selection;
+  return isFirstOfScope ? m_scopeSelected : Remember(selection);
 }
 
 SelectedObjects EditHistory::Remember(const TObjectSelection &selection) {

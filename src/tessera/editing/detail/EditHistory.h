@@ -30,19 +30,23 @@ class TESSERA_CORE_EXPORT EditHistory : public QObject {
   void SetRunning(bool isRunning) { m_isRunning = isRunning; }
   /// Puts a step that has been taken onto the stack.
   void Push(std::unique_ptr<EditCommand> step);
-  /// From here to the matching end, steps become one, with the text of the outermost scope. Nothing when there are
-  /// none.
-  void BeginScope(const QString &text);
+  /// From here to the matching end, steps become one, with the text of the outermost scope; before it there was the
+  /// selection that there is now. Nothing when there are none.
+  void BeginScope(const QString &text, const TObjectSelection &selection);
   void EndScope();
   /// Forgets all steps, since what they hold no longer fits the map. Nothing while one of them is at work.
   void DropSteps();
-  [[nodiscard]] SelectedObjects Remember(const TObjectSelection &selection);
+  /// What of a map was selected before the step that is about to be taken.
+  [[nodiscard]] SelectedObjects SelectedBefore(const TObjectSelection &selection);
 
  private:
+  [[nodiscard]] SelectedObjects Remember(const TObjectSelection &selection);
   explicit EditHistory(QUndoStack &stack);
 
   QUndoStack &m_stack;
   SelectedObjects m_remembered;
+  SelectedObjects m_scopeSelected;
+  const TObjectSelection *m_scopeSelection = nullptr;  // which it is of
   QString m_scopeText;
   int m_scopes = 0;
   bool m_isInMacro = false;
