@@ -112,12 +112,12 @@ class RandomEdits {
     const int count = layer ? layer->GetObjectCount() : 0;
     return count == 0 ? nullptr : layer->GetObjects(m_random.Whole(0, count - 1));
   }
-  /// Each once.
+  /// Now and then one of them twice.
   Objects Some() {
     Objects some;
     for (int i = m_random.Whole(0, 4); i > 0; --i) {
       TCustomMapObject *object = Object();
-      if (object && std::find(some.begin(), some.end(), object) == some.end()) some.push_back(object);
+      if (object) some.push_back(object);
     }
     return some;
   }

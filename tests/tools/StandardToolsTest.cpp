@@ -290,6 +290,11 @@ TEST_F(StandardToolsTest, WhatEachDrawsIsAStepThatCanBeUndone) {
     input.Type(QStringLiteral("ab"));
     input.Key(Qt::Key_Return);
   });
+  TLineTool line;
+  Use(line);
+  drag();
+  map.RotateMap(0, 0, 30);
+  EXPECT_EQ(stack.count(), 0) << "what it holds is not turned";
 }
 
 TEST_F(StandardToolsTest, SurvivesHandlersThatTakeEverythingAway) {

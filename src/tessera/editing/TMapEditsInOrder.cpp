@@ -13,7 +13,7 @@ namespace {
 
 using OwnedObjects = std::vector<std::unique_ptr<TCustomMapObject>>;
 
-/// Objects of one layer, in its order.
+/// Objects of one layer, in its order, each once.
 struct InLayer {
   THandle<TMapLayer> layer;
   std::vector<std::pair<int, THandle<TCustomMapObject>>> objects;
@@ -30,8 +30,10 @@ std::vector<InLayer> ByLayer(TMapEdits::Objects objects) {
     group->objects.emplace_back(layer->IndexOf(object), object);
   }
   for (InLayer &group : groups) {
-    std::sort(group.objects.begin(), group.objects.end(),
-              [](const auto &a, const auto &b) { return a.first < b.first; });
+    auto &of = group.objects;
+    std::sort(of.begin(), of.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
+    of.erase(std::unique(of.begin(), of.end(), [](const auto &a, const auto &b) { return a.first == b.first; }),
+             of.end());
   }
   return groups;
 }

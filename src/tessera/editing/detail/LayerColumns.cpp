@@ -2,9 +2,9 @@
 #include <tessera/base/GuardedCall.h>
 #include <tessera/editing/detail/LayerColumns.h>
 
-#include <algorithm>
 #include <functional>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace tessera::detail {
 namespace {
@@ -48,11 +48,6 @@ bool LayerColumn::CanBeTakenOutOf(const TMapLayer &layer) const {
   return layer.GetFieldCount() == m_columns.GetCount();
 }
 
-bool LayerColumn::IsStranger(const TCustomMapObject &object) const {
-  return std::any_of(m_strangers.begin(), m_strangers.end(),
-                     [&object](const auto &stranger) { return stranger.Get() == &object; });
-}
-
 int LayerColumn::LabelFieldWithout(const TMapLayer &layer) const {
   const int label = layer.GetLabelFieldIndex();
   if (m_labelFieldWithout && label == m_labelField) return *m_labelFieldWithout;
@@ -82,13 +77,15 @@ void LayerColumn::PutInto(TMapLayer &layer) {
 }
 
 void LayerColumn::TakeOutOf(TMapLayer &layer) {
+  std::unordered_set<const TCustomMapObject *> strangers;
+  for (const auto &stranger : m_strangers) strangers.insert(stranger.Get());
   const int labelField = LabelFieldWithout(layer);
   m_labelField = layer.GetLabelFieldIndex();
   m_columns = layer.GetFields();
   TDataFields others = m_columns;
   others.Delete(m_field);
   SetColumns(layer, others, labelField, [&](TCustomMapObject &object, TValueRecord &record) {
-    if (IsStranger(object)) return false;
+    if (strangers.contains(&object)) return false;
     TDataValue value = record.Get(m_field);
     if (!std::holds_alternative<std::monostate>(value)) m_values.emplace_back(&object, std::move(value));
     record.Remove(m_field);

@@ -32,7 +32,6 @@ class LayerColumn {
   [[nodiscard]] bool CanBeTakenOutOf(const TMapLayer &layer) const;
 
  private:
-  [[nodiscard]] bool IsStranger(const TCustomMapObject &object) const;
   /// Which column is labelled when this one has gone.
   [[nodiscard]] int LabelFieldWithout(const TMapLayer &layer) const;
 

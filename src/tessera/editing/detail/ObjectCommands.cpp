@@ -36,6 +36,11 @@ bool PresenceCommand::PutBack() {
   return !m_inside.empty();
 }
 
+StateCommand::StateCommand(BeforeEdit before, const QString &text, std::vector<ObjectState> states)
+    : ExchangeCommand(std::move(before), text), m_states(std::move(states)) {
+  std::reverse(m_states.begin(), m_states.end());
+}
+
 bool StateCommand::Exchange() {
   const THandle<TMapLayers> layers(GetLayers());
   bool isAnyThere = false;
@@ -45,6 +50,7 @@ bool StateCommand::Exchange() {
     isAnySeen = isAnySeen || state.IsSeen();
     steps.Try([&] { isAnyThere = state.Exchange() || isAnyThere; });
   }
+  std::reverse(m_states.begin(), m_states.end());
   if (isAnySeen) UpdateMapOf(layers);
   steps.Rethrow();
   return isAnyThere;

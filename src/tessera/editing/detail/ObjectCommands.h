@@ -31,13 +31,13 @@ class PresenceCommand : public EditCommand {
 /// A changed state of some objects.
 class StateCommand : public ExchangeCommand {
  public:
-  StateCommand(BeforeEdit before, const QString &text, std::vector<ObjectState> states)
-      : ExchangeCommand(std::move(before), text), m_states(std::move(states)) {}
+  /// As they were before each was changed, in this order; an object may come several times.
+  StateCommand(BeforeEdit before, const QString &text, std::vector<ObjectState> states);
 
  private:
   bool Exchange() override;
 
-  std::vector<ObjectState> m_states;
+  std::vector<ObjectState> m_states;  // the one to be exchanged next comes first
 };
 
 /// Another place of an object in the order of its layer.
