@@ -259,6 +259,14 @@ TEST_F(TMapEditsTest, ColumnsComeBackWithValuesAndLabelsButObjectsWithOthersAreL
   stack.undo();
   EXPECT_EQ(layer->GetFieldCount(), 3);
   EXPECT_EQ(stack.count(), 3) << "the second column is no longer the last";
+
+  TMapLayer *bare = layers.Insert(QString(), 1);
+  TCustomMapObject *stranger = bare->NewObject<TPolyline>();
+  stranger->GetFields().Add(QStringLiteral("own"), TDataType::dtString, 3).SetAsString(QStringLiteral("abc"));
+  Edits().AddColumn(*bare, QStringLiteral("A"), TDataType::dtString, 9);
+  stack.undo();
+  ASSERT_EQ(stranger->GetFields().GetCount(), 1) << "it did not follow, though it has as many as the layer had then";
+  EXPECT_EQ(stranger->GetFields().GetFields(0).GetAsString(), QStringLiteral("abc"));
 }
 
 }  // namespace

@@ -15,7 +15,6 @@ EditHistory &EditHistory::Of(QUndoStack &stack) {
 }
 
 void EditHistory::Push(std::unique_ptr<EditCommand> step) {
-  if (m_isRunning) return;
   if (m_scopes > 0 && !std::exchange(m_isInMacro, true)) m_stack.beginMacro(m_scopeText);
   m_stack.push(step.release());
 }
