@@ -47,7 +47,7 @@ class TextFile {
   TextFile &operator<<(char letter) { return *this << std::string_view(&letter, 1); }
   TextFile &operator<<(std::size_t value) {
     std::array<char, 24> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    const auto *const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     return *this << std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data()));
   }
   /// With six decimals.
@@ -243,7 +243,7 @@ int SymbolSizePx(BenchSet set) {
 QString EnsureSet(BenchSet set, BenchScale scale, const QString &directory) {
   const std::size_t divisor = scale == BenchScale::Quick ? QuickDivisor : 1;
   const QString name = QStringLiteral("%1-v%2-1of%3.mif").arg(NameOf(set)).arg(GeneratorVersion).arg(divisor);
-  const QString path = QDir(directory).filePath(name);
+  QString path = QDir(directory).filePath(name);
   if (QFile::exists(path)) return path;
   QDir().mkpath(directory);
   Random random(20'240'101U + static_cast<unsigned>(set));

@@ -56,6 +56,7 @@ void AppendBetween(const FlatVertex &from, const FlatVertex &to, std::size_t cou
 
 std::vector<std::size_t> CoastSizes(std::size_t divisor) {
   std::vector<std::size_t> sizes;
+  sizes.reserve(LargestCoasts.size());
   for (const std::size_t size : LargestCoasts) sizes.push_back(size / divisor);
   const std::size_t count = CoastCount / divisor - sizes.size();
   const std::size_t total = CoastVertices / divisor - std::accumulate(sizes.begin(), sizes.end(), std::size_t{0});

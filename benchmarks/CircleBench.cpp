@@ -26,6 +26,7 @@ std::vector<FlatCircle> MakeCircles(QSize size) {
   std::mt19937 random(21);
   std::uniform_real_distribution<double> share(0, 1);
   std::vector<FlatCircle> circles;
+  circles.reserve(Circles);
   for (int i = 0; i < Circles; ++i) {
     circles.push_back({{int(share(random) * size.width()), int(share(random) * size.height())},
                        int(2 / std::sqrt(share(random) + 1e-4))});
