@@ -168,6 +168,7 @@ void FileBench::MeasureDrawing(const FlatMap &map) {
     zoom *= 4;
   }
   MeasurePan(loop);
+  if (!map.HasOnlyPoints()) MeasureSmall(all);
   if (m_settings.drawsOnly) return;
   MeasureFirstPicture(all);
   MeasureUsedHeap(all);
@@ -195,6 +196,22 @@ void FileBench::MeasurePan(BareLoop &loop) {
   m_table.Measure({Title(QStringLiteral("picture of 1/16 after a pan by 8 pixels")), QStringLiteral("ms"), ours,
                    reference, Goal(m_file.goals.pictures[1])},
                   m_settings.fastRuns);
+}
+
+/// The picture of all with a pixel for each object that is too small to leave ink, or without.
+void FileBench::MeasureSmall(const BareView &view) {
+  constexpr double Target = 1.3;
+  m_tessera->Show(view);
+  const auto draw = [&](bool showsSmall) {
+    m_tessera->Control().GetPainting()->SetShowSmallObjects(showsSmall);
+    return MillisecondsOf([&] { m_tessera->Draw(); });
+  };
+  const QString title = Title(QStringLiteral("picture of all with small objects shown, or without"));
+  m_table.Measure({title, QStringLiteral("ms"), [&] { return draw(true); }, [&] { return draw(false); }, Target},
+                  m_settings.fastRuns);
+  draw(true);
+  m_settings.KeepPicture(m_tessera->Picture(), title);
+  m_tessera->Control().GetPainting()->SetShowSmallObjects(false);
 }
 
 void FileBench::MeasureFirstPicture(const BareView &view) {

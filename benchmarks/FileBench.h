@@ -63,6 +63,7 @@ class FileBench {
   void MeasureSave();
   void MeasureDrawing(const FlatMap &map);
   void MeasurePan(BareLoop &loop);
+  void MeasureSmall(const BareView &view);
   void MeasureFirstPicture(const BareView &view);
   void MeasureUsedHeap(const BareView &view);
   void MeasureIndex(const FlatMap &map);

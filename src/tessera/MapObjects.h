@@ -16,6 +16,7 @@
 #include <tessera/layers/TSelection.h>
 #include <tessera/map/TCustomMapTool.h>
 #include <tessera/map/TMapNavigation.h>
+#include <tessera/map/TMapPainting.h>
 #include <tessera/map/TMapToolsManager.h>
 #include <tessera/map/TSubstrates.h>
 #include <tessera/map/TTessera.h>

@@ -27,6 +27,11 @@ std::vector<Operation> ModalOperations() {
       {"FlatEllipse", [](TCanvas &canvas) { canvas.Ellipse(-20, 10, 34, 13); }},
       {"Polygon", [crossing](TCanvas &canvas) { canvas.Polygon(crossing); }},
       {"Polyline", [crossing](TCanvas &canvas) { canvas.Polyline(crossing); }},
+      {"SetPixels",
+       [](TCanvas &canvas) {
+         const TPixel pixels[] = {{{3, 4}, RGB(0xF0, 0, 0)}, {{39, 29}, RGB(0xF0, 0, 0)}, {{40, -1}, clNavy}};
+         canvas.SetPixels(pixels);
+       }},
       {"LineTo",
        [crossing](TCanvas &canvas) {
          canvas.MoveTo(2, 2);
@@ -65,6 +70,7 @@ class CanvasXorTest : public testing::TestWithParam<Operation> {
   [[nodiscard]] bool Shows(TPenStyle pen, bool hasBrush) const {
     const std::string &name = GetParam().name;
     if (name == "PaintRgn") return hasBrush;
+    if (name == "SetPixels") return true;
     if (name == "Polyline" || name == "LineTo") return pen != TPenStyle::psClear;
     return pen != TPenStyle::psClear || hasBrush || name.find("Text") != std::string::npos;
   }

@@ -29,7 +29,7 @@ class LayerPainterTest : public testing::Test {
     host.ResizeClient(300, 200);
     host.isInUpdate = true;
     layer = layers.Insert(QString(), 0);
-    for (int i = 0; i < 7; ++i) {
+    for (int i = 0; i < 10; ++i) {
       TObjectStylePtr style(new TObjectStyle);
       style->pen.SetColor(RGB(i * 30, 0, 90));
       style->brush.SetColor(RGB(0, i * 30, 0));
@@ -37,13 +37,18 @@ class LayerPainterTest : public testing::Test {
       // A large character, and one that is not put down over what is there.
       if (i == 5) style->font.SetSize(90);
       if (i == 6) style->pen.SetMode(TPenMode::pmXor);
+      if (i >= 7) style->pen.SetStyle(TPenStyle::psClear);
+      if (i >= 8) style->brush.SetStyle(TBrushStyle::bsClear);
+      style->useBGColor = i == 9;
       styles.push_back(style);
     }
   }
 
-  void AddShape() {
-    const TMapPoint at{random.Real(-20, 320), random.Real(-20, 220)};
-    const double size = std::exp2(random.Real(-6, 6));
+  void AddShape(double largestPower) {
+    TMapPoint at{random.Real(-20, 320), random.Real(-20, 220)};
+    // Some share a pixel.
+    if (random.Whole(0, 1) == 0) at = {random.Real(150, 156), random.Real(90, 96)};
+    const double size = std::exp2(random.Real(-6, largestPower));
     TCustomMapObject *object = nullptr;
     const int kind = random.Whole(0, 30);
     if (kind < 3) {
@@ -57,7 +62,7 @@ class LayerPainterTest : public testing::Test {
     for (const TMapPoint &point : ring)
       object->GetParts().GetCount() == 0 ? object->GetParts().Add().GetPoints().Add(point)
                                          : object->GetParts().GetFirst().GetPoints().Add(point);
-    object->SetStyle(styles[std::size_t(random.Whole(0, 4))]);
+    object->SetStyle(styles[std::size_t(random.Whole(0, 9))]);
   }
   void AddSymbol(int styleCount) {
     auto *symbol = layer->NewObject<TSymbol>();
@@ -100,14 +105,20 @@ TEST_F(LayerPainterTest, DrawsAsTheObjectsDoOneByOne) {
     SCOPED_TRACE(run);
     layer->DeleteObjects();
     const int count = random.Whole(1, 900);
-    // Symbols alone, most of them covered, or all kinds in any order.
+    // Symbols alone, most of them covered, small shapes alone, or all kinds in any order.
+    const bool areSmall = run % 4 == 1;
     for (int i = 0; i < count; ++i)
-      run % 3 == 0 || random.Whole(0, 2) == 0 ? AddSymbol(run % 2 == 0 ? 2 : 7) : AddShape();
+      !areSmall && (run % 3 == 0 || random.Whole(0, 2) == 0) ? AddSymbol(run % 2 == 0 ? 2 : 7)
+                                                             : AddShape(areSmall ? -3 : 6);
     host.viewport.Zoom = run % 4 == 1 ? 3 : 1;
     host.flags.UseGeneralization = run % 5 != 2;
     host.flags.FastSelection = run % 7 != 3;
+    host.flags.ShowSmallObjects = run % 2 == 1;
     layer->SetAutoLabel(run % 11 == 4);
     for (int i = 0; i < 5; ++i) host.selection.Add(layer->GetObjects(random.Whole(0, count - 1)), false);
+    Compare();
+    for (int i = 0; i < 50; ++i)
+      layer->GetObjects(random.Whole(0, count - 1))->SetStyle(styles[std::size_t(random.Whole(0, 6))]);
     Compare();
     host.selection.Clear();
   }

@@ -289,6 +289,55 @@ TEST_F(TRegionTest, RestoresThePictureWhenItsHighlightIsDrawnTwiceAsALineDoes) {
   }
 }
 
+TEST_F(TRegionTest, ShowsAsOnePixelWhenItIsTooSmallAsALineDoesIfThatIsWanted) {
+  using enum TPenStyle;
+  using enum TBrushStyle;
+  constexpr TColor Ground = RGB(9, 200, 9);
+  struct Row {
+    TPenStyle pen;
+    TBrushStyle brush;
+    bool usesGround;
+    TColor regionColor;
+    TColor lineColor;
+  };
+  const Row rows[] = {{psDash, bsSolid, true, LineColor, LineColor},
+                      {psClear, bsCross, true, FillColor, clWhite},
+                      {psClear, bsClear, true, Ground, clWhite},
+                      {psClear, bsClear, false, clWhite, clWhite}};
+  TPolyline line;
+  GiveTools(line, host);
+  host.flags.ShowSmallObjects = true;
+  for (const Row &row : rows) {
+    for (TCustomMapObject *object : std::initializer_list<TCustomMapObject *>{&region, &line}) {
+      TPen pen = object->GetPen();
+      pen.SetStyle(row.pen);
+      pen.SetWidth(5);
+      object->SetPen(pen);
+      TBrush brush = object->GetBrush();
+      brush.SetStyle(row.brush);
+      object->SetBrush(brush);
+      object->SetBGColor(Ground);
+      object->SetUseBGColor(row.usesGround);
+      // One that is small, and one of two small parts that lie apart.
+      for (const int partCount : {1, 2}) {
+        host.ClearPicture();
+        object->GetParts().Clear();
+        AddSquare(*object, 20.1, 30.1, 20.4, 30.4);
+        if (partCount == 2) AddSquare(*object, 60.1, 80.1, 60.4, 80.4);
+        const bool isArea = object == &region;
+        object->Paint();
+        const TColor color = isArea ? row.regionColor : row.lineColor;
+        ExpectPixels(host, {{20, 30, color}, {21, 30, clWhite}, {60, 80, clWhite}});
+        if (color != clWhite) ExpectTwoHighlightsCancel(host, *object);
+        host.flags.FastDraw = isArea;
+        object->Paint();
+        host.flags.FastDraw = false;
+        ExpectPixels(host, {{20, 30, color}});
+      }
+    }
+  }
+}
+
 std::span<const TMapPoint> RingOf(const TCustomMapObject &object) {
   return object.GetParts().GetFirst().GetPoints().Points();
 }

@@ -120,6 +120,7 @@ void TEditorWindow::SetUpMap() {
   m_map->SetPickTolerancePx(PickTolerancePx);
   m_map->GetNavigation()->SetWheelKeepsPlace(true);
   m_map->GetNavigation()->SetWheelAddsUp(true);
+  m_map->GetPainting()->SetShowSmallObjects(true);
   m_map->setFocus();
   // Plain keys belong to the map, also those that are shortcuts elsewhere in the window.
   connect(m_map, &TTessera::OnKeyDown, this, [this](TTessera *, int &key) {

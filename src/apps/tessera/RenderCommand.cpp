@@ -97,6 +97,7 @@ int RunRender(const QStringList &arguments) {
   TTessera &map = CommandMap();
   const TerminalProgress progress(map);
   map.resize(options->sizePx);
+  map.GetPainting()->SetShowSmallObjects(options->showsSmallObjects);
   QElapsedTimer timer;
   timer.start();
   if (!LoadAll(map, options->files)) return esFailed;

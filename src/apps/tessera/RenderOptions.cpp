@@ -12,6 +12,7 @@ const QString SizeOption = QStringLiteral("size");
 const QString CenterOption = QStringLiteral("center");
 const QString ZoomOption = QStringLiteral("zoom");
 const QString FitOption = QStringLiteral("fit");
+const QString NoSmallOption = QStringLiteral("no-small");
 const QString TimingsOption = QStringLiteral("timings");
 
 constexpr int MaxSidePx = 32767;
@@ -32,6 +33,7 @@ void AddOptions(QCommandLineParser &parser) {
       {ZoomOption, QStringLiteral("1 shows all of the data, 2 half of its width and height, and so on."),
        QStringLiteral("Z")},
       {FitOption, QStringLiteral("Shows all of the data. This is so without --center and --zoom.")},
+      {NoSmallOption, QStringLiteral("Leaves out what is too small to leave ink, instead of a pixel for each.")},
       {TimingsOption,
        QStringLiteral("Makes the picture N times (5 without =N) and prints a line of JSON: the milliseconds of "
                       "loading, of each time, of the first one and of the middle one of the others, what was drawn, "
@@ -107,6 +109,7 @@ std::optional<TRenderOptions> ParseRenderOptions(const QStringList &arguments) {
   if (parser.isSet(FitOption) && (parser.isSet(CenterOption) || parser.isSet(ZoomOption))) {
     throw EUsageError(QStringLiteral("--fit leaves nothing to --center and --zoom"));
   }
+  options.showsSmallObjects = !parser.isSet(NoSmallOption);
   if (parser.isSet(TimingsOption)) options.timedRebuilds = RebuildsOf(parser.value(TimingsOption));
   return options;
 }

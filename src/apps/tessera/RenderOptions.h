@@ -18,6 +18,7 @@ struct TRenderOptions {
   std::optional<TMapPoint> center;  ///< The middle of the data without.
   double zoom = 1;                  ///< 1 shows all of the data.
   int timedRebuilds = 0;            ///< So often the picture is made again, to measure.
+  bool showsSmallObjects = true;    ///< As one pixel each.
 };
 
 /// Reads the arguments of `tessera render`. None after printing the help that they ask for. @throws EUsageError

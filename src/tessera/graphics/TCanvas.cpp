@@ -171,6 +171,24 @@ void TCanvas::LineTo(int x, int y) {
   }
 }
 
+void TCanvas::SetPixels(std::span<const TPixel> pixels) {
+  if (!d->Attach()) return;
+  const detail::Surface &surface = d->GetSurface();
+  const bool isPlain = d->Ratio() == 1 && !d->IsWatched();
+  TColor color = 0;
+  detail::Ink ink = detail::MakeInk(color, d->m_pen.GetMode());
+  for (const TPixel &pixel : pixels) {
+    if (std::exchange(color, pixel.color) != pixel.color) ink = detail::MakeInk(color, d->m_pen.GetMode());
+    if (!isPlain) {
+      const DeviceRect rect = d->ToDevice(pixel.at, QSize(1, 1));
+      d->Note(rect);
+      Fill(ink).PaintRect(surface, rect);
+    } else if (surface.Contains(pixel.at.x(), pixel.at.y())) {
+      ink.Apply(*surface.At(pixel.at.x(), pixel.at.y()));
+    }
+  }
+}
+
 void TCanvas::PaintRgn(const TRgn &region) {
   if (!region.IsEmpty() && d->Attach()) d->FillRegion(region);
 }

@@ -19,6 +19,12 @@ namespace detail {
 class StampPainter;
 }
 
+/// A client pixel and its colour.
+struct TPixel {
+  TPoint at;
+  TColor color;
+};
+
 /// Draws on the pixels of a bitmap with the pen, brush and font set last.
 ///
 /// All coordinates are client pixels; a bitmap with a device pixel ratio is drawn on at its full resolution, and a pen
@@ -55,6 +61,8 @@ class TESSERA_CORE_EXPORT TCanvas {
   void MoveTo(int x, int y);
   /// A line from the current position, which moves to (x, y). The end point itself is not drawn.
   void LineTo(int x, int y);
+  /// Changes client pixels in turn, by the mode of the pen.
+  void SetPixels(std::span<const TPixel> pixels);
   /// Fills the region, which must have been cut to GetClipRect, with the brush. Region coordinates are device pixels.
   void PaintRgn(const TRgn &region);
   /// Makes `region` the device pixels of a polygon in client pixels, cut to the bitmap.

@@ -201,6 +201,10 @@ void TTessera::SetFastSelection(bool fast) {
   if (std::exchange(d->flags.FastSelection, fast) != fast) DoUpdate(true);
 }
 
+void TMapPainting::SetShowSmallObjects(bool show) {
+  if (std::exchange(m_flags.ShowSmallObjects, show) != show) m_map.DoUpdate(true);
+}
+
 void TTessera::SetUseGeneralization(bool use) {
   if (std::exchange(d->flags.UseGeneralization, use) != use) DoUpdate(true);
 }
@@ -280,6 +284,9 @@ std::unique_ptr<TMapToolsManager> TTessera::SetMapToolsManager(std::unique_ptr<T
 }
 TMapNavigation *TTessera::GetNavigation() const {
   return &d->navigation;
+}
+TMapPainting *TTessera::GetPainting() const {
+  return &d->painting;
 }
 const QSharedPointer<TBitmap> &TTessera::GetSelectionPattern() const {
   return d->selectionPattern;

@@ -6,6 +6,7 @@
 #include <tessera/layers/TMapLayers.h>
 #include <tessera/layers/TSelection.h>
 #include <tessera/map/TMapNavigation.h>
+#include <tessera/map/TMapPainting.h>
 #include <tessera/map/TSubstrates.h>
 #include <tessera/map/TTesseraEvents.h>
 #include <tessera/map/TTesseraOptions.h>
@@ -38,16 +39,16 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   Q_PROPERTY(bool ShowSelection READ GetShowSelection WRITE SetShowSelection)
   Q_PROPERTY(bool FastSelection READ GetFastSelection WRITE SetFastSelection)
   Q_PROPERTY(tessera::TMapNavigation *Navigation READ GetNavigation)
+  Q_PROPERTY(tessera::TMapPainting *Painting READ GetPainting)
   Q_PROPERTY(int PickTolerancePx READ GetPickTolerancePx WRITE SetPickTolerancePx)
 
  public:
-  /// What the wheel zooms about: the centre of the view, the place the cursor's position stands for, or the first
-  /// selected object.
+  /// What the wheel zooms about: the centre of the view, the place of the cursor, or the first selected object.
   enum TWheelMouseZoomType { wmCenter, wmCursor, wmSelected };
   Q_ENUM(TWheelMouseZoomType)
 
-  /// Where the map is used. In a form designer it leaves the process as it is; in a program, from the first map on,
-  /// messages are shown in boxes (see SetMessageSink) and screen readers can read maps.
+  /// In a form designer a map leaves the process as it is; in a program, from the first map on, messages are shown in
+  /// boxes (see SetMessageSink) and screen readers can read maps.
   enum TPlace { plProgram, plDesigner };
 
   explicit TTessera(QWidget *parent = nullptr, TPlace place = plProgram);
@@ -110,8 +111,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   void NormalToRotated(double x, double y, double &rx, double &ry) const;
   void RotatedToNormal(double x, double y, double &nx, double &ny) const;
   [[nodiscard]] bool GetisMapRotated() const override;
-  /// In degrees; 0 when the map is not rotated.
-  [[nodiscard]] double GetRotationAngle() const;
+  [[nodiscard]] double GetRotationAngle() const;  ///< In degrees; 0 when the map is not rotated.
   [[nodiscard]] TMapPoint GetRotationCenter() const;
 
   // The update protocol.
@@ -184,8 +184,8 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   std::unique_ptr<TMapToolsManager> SetMapToolsManager(std::unique_ptr<TMapToolsManager> tools);
   QUndoStack *GetUndoStack() const override;
   void SetUndoStack(QUndoStack *stack);  ///< Not owned: see TMapEdits.
-  /// Which ways of moving the view there are beside tools and wheel.
   [[nodiscard]] TMapNavigation *GetNavigation() const;
+  [[nodiscard]] TMapPainting *GetPainting() const;
   const QSharedPointer<TBitmap> &GetSelectionPattern() const override;
   void SetSelectionPattern(const TBitmap &pattern);
 

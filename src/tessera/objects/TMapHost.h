@@ -32,6 +32,7 @@ struct TViewFlags {
   bool FastSelection = true;
   bool UseGeneralization = true;
   bool FastDraw = false;
+  bool ShowSmallObjects = false;
   int GeneralizationLevel = 1;
 };
 

@@ -2,6 +2,7 @@
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/objects/TPolyline.h>
 #include <tessera/objects/detail/ScreenOutliner.h>
+#include <tessera/objects/detail/SmallObject.h>
 
 namespace tessera {
 
@@ -15,12 +16,15 @@ void TPolyline::Draw() {
   if (map == nullptr) return;
   detail::ScreenOutliner &outliner = map->GetOutliner();
   TCanvas &canvas = map->GetCanvas();
+  detail::SmallObject small(*this, detail::ObjectFigure::Line);
   std::vector<TPoint> &outline = outliner.Scratch();
   for (const TPart &part : std::as_const(*this).GetParts().Items()) {
     outline.clear();
     outliner.PartToScreen(part.GetPoints().GetRuns(), GetBounds(), outline);
     canvas.Polyline(outline);
+    small.See(outline);
   }
+  small.Draw();
 }
 
 }  // namespace tessera

@@ -4,6 +4,7 @@
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/objects/TRegion.h>
 #include <tessera/objects/detail/ScreenOutliner.h>
+#include <tessera/objects/detail/SmallObject.h>
 
 namespace tessera {
 namespace {
@@ -67,7 +68,12 @@ void TRegion::DrawAsRegion(detail::ScreenOutliner &outliner, TCanvas &canvas) {
     TraceComplexity(hasRegion ? region.GetComplexity() : TRgnComplexity::Error);
   }
   if (hasRegion) Fill(canvas, region);
-  for (std::size_t i = 0; i < parts.size(); ++i) canvas.Polyline(outlineOf(i));
+  detail::SmallObject small(*this, detail::ObjectFigure::Area);
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    canvas.Polyline(outlineOf(i));
+    small.See(outlineOf(i));
+  }
+  small.Draw();
 }
 
 void TRegion::Fill(TCanvas &canvas, const TRgn &region) {
@@ -90,6 +96,7 @@ void TRegion::Fill(TCanvas &canvas, const TRgn &region) {
 }
 
 void TRegion::DrawAsPolygons(detail::ScreenOutliner &outliner, TCanvas &canvas) {
+  detail::SmallObject small(*this, detail::ObjectFigure::Area);
   std::vector<TPoint> &outline = outliner.Scratch();
   for (const TPart &part : std::as_const(*this).GetParts().Items()) {
     outline.clear();
@@ -97,7 +104,9 @@ void TRegion::DrawAsPolygons(detail::ScreenOutliner &outliner, TCanvas &canvas) 
     if (count == 0) continue;
     if (count > 1) throw ERangeError(QStringLiteral("Range check error"));
     canvas.Polygon(std::span<const TPoint>(outline).first(count - 1));
+    small.See(outline);
   }
+  small.Draw();
 }
 
 }  // namespace tessera

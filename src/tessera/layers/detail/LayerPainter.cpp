@@ -14,13 +14,21 @@ LayerPainter::LayerPainter(const TObjectLayer &layer, const ObjectStore &store)
     : m_store(store),
       m_map(*layer.GetMapHost()),
       m_stamps(m_map.GetCanvas()),
+      m_showsSelected(!m_map.GetViewFlags().FastSelection && m_map.GetSelection()->GetCount() != 0),
+      m_setsDots(m_map.GetViewFlags().ShowSmallObjects),
       // The notices that empty regions send are not to be missed.
       m_passesOver(m_map.GetViewFlags().UseGeneralization && !layer.GetAutoLabel() && !IsDebugTraced()),
-      m_stampsSymbols(!layer.GetAutoLabel() &&
-                      (m_map.GetViewFlags().FastSelection || m_map.GetSelection()->GetCount() == 0)) {}
+      m_stampsSymbols(!layer.GetAutoLabel() && !m_showsSelected) {}
 
-bool LayerPainter::IsPassedOver(const ObjectStore::Extent &extent) const {
-  return m_passesOver && extent.look == Look::Outline && m_map.GetOutliner().ThinsToOne(extent.box);
+const ScreenOutliner &LayerPainter::Outliner() {
+  if (m_outliner == nullptr) m_outliner = &m_map.GetOutliner();
+  return *m_outliner;
+}
+
+bool LayerPainter::IsPassedOver(const ObjectStore::Extent &extent, const TCustomMapObject &object) {
+  if (!m_passesOver || !Outliner().ThinsToOne(extent.box)) return false;
+  if (extent.look == Look::OddOutline) return !m_setsDots;
+  return extent.look == Look::Outline && !(m_setsDots && m_showsSelected && object.GetSelected());
 }
 
 void LayerPainter::Expect(std::span<const std::uint32_t> ids, std::size_t i) const {
@@ -38,8 +46,8 @@ void LayerPainter::Paint(std::span<const std::uint32_t> ids, Order order) {
     const std::uint32_t id = ids[i];
     TCustomMapObject &object = *m_store.Items()[id];
     const ObjectStore::Extent extent = m_store.ExtentOf(id);
-    if (IsPassedOver(extent)) {
-      PassOver(object);
+    if (IsPassedOver(extent, object)) {
+      PassOver(object, extent);
     } else if (m_stampsSymbols && extent.look == Look::Sign) {
       PaintSymbol(static_cast<TSymbol &>(object));
     } else {
@@ -47,24 +55,41 @@ void LayerPainter::Paint(std::span<const std::uint32_t> ids, Order order) {
     }
   }
   FlushSymbols();
+  FlushDots();
   // The tools stay in the canvas as the last object leaves them.
   if (m_lastPassed) m_lastPassed->AssignToolsToCanvas(m_map.GetCanvas());
 }
 
-void LayerPainter::PassOver(TCustomMapObject &object) {
+void LayerPainter::PassOver(TCustomMapObject &object, const ObjectStore::Extent &extent) {
+  constexpr std::size_t MostDots = 4096;
+  if (m_setsDots) {
+    if (m_dots.empty()) FlushSymbols();
+    m_dots.push_back({Outliner().MiddleOf(extent.box), RGB(extent.dot[0], extent.dot[1], extent.dot[2])});
+    if (m_dots.size() == MostDots) FlushDots();
+  }
   m_map.GetDisplayed()->Add(&object);
   m_lastPassed = &object;
 }
 
+void LayerPainter::FlushDots() {
+  if (m_dots.empty()) return;
+  m_map.GetCanvas().Pen().SetMode(TPenMode::pmCopy);
+  m_map.GetCanvas().SetPixels(m_dots);
+  m_dots.clear();
+}
+
 void LayerPainter::PaintAlone(TCustomMapObject &object) {
   FlushSymbols();
+  FlushDots();
   m_lastPassed = nullptr;
   object.Paint();
+  m_outliner = nullptr;
 }
 
 void LayerPainter::PaintSymbol(TSymbol &symbol) {
   const auto parts = std::as_const(symbol).GetParts().Items();
   if (parts.empty() || parts[0].GetPoints().GetCount() == 0) return PaintAlone(symbol);
+  FlushDots();
   m_map.GetDisplayed()->Add(&symbol);
   m_lastPassed = nullptr;
   if (TSymbol *before = std::exchange(m_lastSymbol, &symbol)) {
@@ -103,6 +128,7 @@ void LayerPainter::PlaceBlock() {
     } else if (look.way == Way::Alone) {
       FlushPlaces();
       m_symbols[i]->Paint();
+      m_outliner = nullptr;
     }
   }
   m_symbols.clear();
@@ -122,6 +148,7 @@ void LayerPainter::FlushSymbols() {
   FlushPlaces();
   // The last one is drawn by itself, and so leaves its tools in the canvas.
   std::exchange(m_lastSymbol, nullptr)->Paint();
+  m_outliner = nullptr;
 }
 
 }  // namespace tessera::detail

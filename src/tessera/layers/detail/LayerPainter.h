@@ -11,8 +11,8 @@
 namespace tessera::detail {
 
 /// Draws objects of one layer on its map, with the same pixels and the same displayed objects as
-/// TCustomMapObject::Paint of each in turn: outlines that thin to nothing are passed over by their boxes, and symbols
-/// in a row are stamped together.
+/// TCustomMapObject::Paint of each in turn: outlines that thin to nothing are passed over by their boxes, or set as
+/// dots together, and symbols in a row are stamped together.
 class LayerPainter {
  public:
   /// @pre the layer is on a map and the store's extents are up to date
@@ -39,8 +39,11 @@ class LayerPainter {
 
   /// Has the processor fetch what the objects after the one at `i` will need.
   void Expect(std::span<const std::uint32_t> ids, std::size_t i) const;
-  [[nodiscard]] bool IsPassedOver(const ObjectStore::Extent &extent) const;
-  void PassOver(TCustomMapObject &object);
+  /// For the view as it is; asked for again when an object has drawn itself, which may do anything.
+  [[nodiscard]] const ScreenOutliner &Outliner();
+  [[nodiscard]] bool IsPassedOver(const ObjectStore::Extent &extent, const TCustomMapObject &object);
+  void PassOver(TCustomMapObject &object, const ObjectStore::Extent &extent);
+  void FlushDots();
   void PaintAlone(TCustomMapObject &object);
   void PaintSymbol(TSymbol &symbol);
   /// Turns the symbols of a block into places of stamps.
@@ -54,10 +57,14 @@ class LayerPainter {
   const ObjectStore &m_store;
   TMapHost &m_map;
   StampPainter m_stamps;
+  const ScreenOutliner *m_outliner = nullptr;
+  bool m_showsSelected;  ///< Those selected look otherwise.
+  bool m_setsDots;       ///< For what is passed over.
   bool m_passesOver;
   bool m_stampsSymbols;
   TCustomMapObject *m_lastPassed = nullptr;  ///< With nothing drawn after it.
   TSymbol *m_lastSymbol = nullptr;           ///< Of those in a row; not among the others.
+  std::vector<TPixel> m_dots;
   // Symbols in a row, a block of them, and the places of all.
   std::vector<TSymbol *> m_symbols;
   std::vector<TMapPoint> m_positions;

@@ -4,6 +4,7 @@
 #include <tessera/objects/TPolyline.h>
 #include <tessera/objects/TRegion.h>
 #include <tessera/objects/TSymbol.h>
+#include <tessera/objects/detail/SmallObject.h>
 
 #include <algorithm>
 #include <typeinfo>
@@ -15,11 +16,18 @@ using Look = ObjectStore::Look;
 
 constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
 
-/// Of these very kinds: what is derived from them may draw itself anyhow.
-Look LookOf(const TCustomMapObject &object) {
+/// The box with the look of an object that has it for its extent. Of these very kinds only: what is derived from them
+/// may draw itself anyhow.
+ObjectStore::Extent WithLook(const TCustomMapObject &object, const RoundedBox &box) {
   const std::type_info &kind = typeid(object);
-  if (kind == typeid(TSymbol)) return Look::Sign;
-  return kind == typeid(TRegion) || kind == typeid(TPolyline) ? Look::Outline : Look::Own;
+  if (kind == typeid(TSymbol)) return {box, Look::Sign};
+  const bool isArea = kind == typeid(TRegion);
+  if (!isArea && kind != typeid(TPolyline)) return {box, Look::Own};
+  const TPen &pen = object.GetPen();
+  const auto color = ColorOfSmall(object, isArea ? ObjectFigure::Area : ObjectFigure::Line, pen, object.GetBrush());
+  if (!color || pen.GetMode() != TPenMode::pmCopy) return {box, Look::OddOutline};
+  const QRgb dot = ToRgb(*color);
+  return {box, Look::Outline, {std::uint8_t(qRed(dot)), std::uint8_t(qGreen(dot)), std::uint8_t(qBlue(dot))}};
 }
 
 bool IsOrdered(const RoundedBox &box) {
@@ -195,19 +203,27 @@ void ObjectStore::Merge(std::vector<std::pair<std::size_t, Owned>> &&objects) {
 }
 
 void ObjectStore::NoteStyle(const TCustomMapObject &object) {
+  NoteReach(object);
+  const std::size_t slot = m_extents.empty() ? NoSlot : SlotOf(object);
+  if (slot >= m_extents.size()) return;
+  Extent &extent = m_extents[slot];
+  if (extent.look == Look::Outline || extent.look == Look::OddOutline) extent = WithLook(object, extent.box);
+}
+
+void ObjectStore::NoteReach(const TCustomMapObject &object) {
   const std::optional<int> reachPx = object.GetPickReachPx();
   m_pickReachPx = reachPx && m_pickReachPx ? std::optional(std::max(*reachPx, *m_pickReachPx)) : std::nullopt;
 }
 
 ObjectStore::Extent ObjectStore::MeasureExtent(TCustomMapObject &object) {
   object.m_isExtentKnown = true;
-  NoteStyle(object);
+  NoteReach(object);
   const std::optional<TBounds> extent = object.GetExtent();
   const RoundedBox box = extent ? RoundedBox::Of(*extent) : RoundedBox::Everywhere();
   m_common.Widen(box);
   // With a side that is no number it lies nowhere, and neither do all together from now on.
   if (!IsOrdered(box)) m_common = {NaN, NaN, NaN, NaN};
-  return {box, extent ? LookOf(object) : Look::Own};
+  return extent ? WithLook(object, box) : Extent{box, Look::Own};
 }
 
 void ObjectStore::SetExtent(std::size_t slot, TCustomMapObject &object) {

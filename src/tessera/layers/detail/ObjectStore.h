@@ -6,6 +6,7 @@
 #include <tessera/geometry/detail/RoundedBox.h>
 #include <tessera/objects/TCustomMapObject.h>
 
+#include <array>
 #include <limits>
 #include <memory>
 #include <span>
@@ -71,8 +72,13 @@ class TESSERA_CORE_EXPORT ObjectStore {
   /// The farthest that an object reaches beyond its extent: see TCustomMapObject::GetPickReachPx. None when some object
   /// does not tell. @pre the extents are up to date
   [[nodiscard]] std::optional<int> GetPickReachPx() const { return m_pickReachPx; }
-  /// The style of an object has changed, on which its reach depends.
+  /// The style of an object has changed, on which its reach and its look depend.
   void NoteStyle(const TCustomMapObject &object);
+  /// The styles of objects may have changed without a note.
+  void ForgetExtents() {
+    m_extents.clear();
+    ForgetRows();
+  }
   /// Whether a rectangle is known to hold the extents of all objects. @pre the extents are up to date
   [[nodiscard]] bool AreAllInside(const TBounds &rect) const { return m_common.LiesWithin(rect); }
   /// Has the processor fetch what RelationOf and ExtentOf ask for.
@@ -88,16 +94,18 @@ class TESSERA_CORE_EXPORT ObjectStore {
   /// How an object is drawn, as far as others may know.
   enum class Look : std::uint8_t {
     Own,      ///< In a way of its own.
-    Outline,  ///< By the outlines of its parts alone, and its label.
-    Sign,     ///< As a symbol at one place, and its label.
+    Outline,  ///< By the outlines of its parts alone, and its label; when it is small, as a pixel of the dot's colour.
+    OddOutline,  ///< The same, but for the pixel.
+    Sign,        ///< As a symbol at one place, and its label.
   };
   struct Extent {
     RoundedBox box;
     Look look;
+    std::array<std::uint8_t, 3> dot = {};  ///< Red, green and blue.
   };
   /// Holds everything where it is not known.
   [[nodiscard]] Extent ExtentOf(std::size_t index) const {
-    return index < m_extents.size() ? m_extents[index] : Extent{RoundedBox::Everywhere(), Look::Own};
+    return index < m_extents.size() ? m_extents[index] : Extent{RoundedBox::Everywhere(), Look::Own, {}};
   }
 
  private:
@@ -113,6 +121,7 @@ class TESSERA_CORE_EXPORT ObjectStore {
   void WidenRow(std::size_t slot);
   /// Objects have changed their slots.
   void ForgetRows() const;
+  void NoteReach(const TCustomMapObject &object);
   [[nodiscard]] std::size_t SlotOf(const TCustomMapObject &object) const;
   static void NoteSlot(const TCustomMapObject &object, std::size_t slot);
   void CloseGaps() const;

@@ -17,7 +17,7 @@
 namespace tessera {
 
 struct TTessera::Private {
-  explicit Private(TTessera &map) : pictures(map), input(map) {}
+  explicit Private(TTessera &map) : painting(map, flags), pictures(map), input(map) {}
 
   mutable TViewport viewport;  // follows the client size whenever it is asked for
   TViewFlags flags;
@@ -29,6 +29,7 @@ struct TTessera::Private {
   int ctrlClickCount = 0;
   int pickTolerancePx = 0;
   TMapNavigation navigation;
+  TMapPainting painting;
   detail::MapRotation rotation;
   QPointer<QUndoStack> undoStack;
 

@@ -38,6 +38,11 @@ class TESSERA_CORE_EXPORT ScreenOutliner {
     return box.maxX - box.minX < m_thinsToOne.width() && box.maxY - box.minY < m_thinsToOne.height();
   }
 
+  /// The pixel in the middle of a box, where an object that is too small to leave ink shows.
+  [[nodiscard]] TPoint MiddleOf(const RoundedBox &box) const {
+    return m_toPixels({(double(box.minX) + double(box.maxX)) / 2, (double(box.minY) + double(box.maxY)) / 2});
+  }
+
   // Storage that drawing uses from one object to the next.
   [[nodiscard]] std::vector<TPoint> &Scratch() { return m_scratch; }
   [[nodiscard]] std::vector<std::size_t> &ScratchEnds() { return m_ends; }
