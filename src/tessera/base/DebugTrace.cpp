@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/DebugTrace.h>
+#include <tessera/base/detail/AsideRun.h>
 
 #include <utility>
 
@@ -22,7 +23,11 @@ bool IsDebugTraced() {
 }
 
 void DebugTrace(const QString &format, std::initializer_list<QString> arguments) {
-  if (Sink()) Sink()(format, arguments);
+  if (detail::AsideRun *run = detail::AsideRun::Current()) {
+    run->NoteNotice(FormatMessage(format, arguments));
+  } else if (Sink()) {
+    Sink()(format, arguments);
+  }
 }
 
 QString FormatMessage(const QString &format, std::initializer_list<QString> arguments) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/MessageSink.h>
+#include <tessera/base/detail/AsideRun.h>
 
 #include <cstdio>
 #include <utility>
@@ -32,6 +33,7 @@ TMessageSink SetDefaultMessageSink(TMessageSink sink) {
 }
 
 void ShowMessage(const QString &text) {
+  if (detail::AsideRun *run = detail::AsideRun::Current()) return run->NoteMessage(text);
   const TMessageSink &sink = Sink() ? Sink() : DefaultSink();
   sink(text);
 }

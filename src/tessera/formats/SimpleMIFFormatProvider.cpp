@@ -59,6 +59,20 @@ void ReadPair(TMapLayer &layer, const QString &fileName, TFormatReport &report) 
   reader.FinishReport();
 }
 
+void LoadPair(TMapLayer *layer, const QString &fileName, TFormatReport &report) {
+  if (layer == nullptr || layer->GetMapHost() == nullptr || !QFileInfo(fileName).isFile()) {
+    report.Fail(0, QStringLiteral("there is no such file, or the layer is on no map"));
+    return;
+  }
+  const TLoadingScope loading(*layer->GetMapHost());
+  const auto stopProgress = StopProgressAtEnd(layer->GetMapHost());
+  try {
+    ReadPair(*layer, fileName, report);
+  } catch (const std::exception &error) {
+    ReportError(report, 0, error);
+  }
+}
+
 }  // namespace
 
 QString TSimpleMIFFormatProvider::GetDescription() const {
@@ -82,19 +96,16 @@ TObjectAttribute TSimpleMIFFormatProvider::IsObjAttrString(const QString &line) 
 }
 
 bool TSimpleMIFFormatProvider::Load(TMapLayer *layer, const QString &fileName) {
-  TFormatReport &report = NewReport();
-  if (layer == nullptr || layer->GetMapHost() == nullptr || !QFileInfo(fileName).isFile()) {
-    report.Fail(0, QStringLiteral("there is no such file, or the layer is on no map"));
-    return false;
-  }
-  const TLoadingScope loading(*layer->GetMapHost());
-  const auto stopProgress = StopProgressAtEnd(layer->GetMapHost());
-  try {
-    ReadPair(*layer, fileName, report);
-  } catch (const std::exception &error) {
-    ReportError(report, 0, error);
-  }
+  LoadPair(layer, fileName, NewReport());
   return false;
+}
+
+TFormatRun TSimpleMIFFormatProvider::MakeRun(const QString &fileName) const {
+  return [fileName](TMapLayer &layer) {
+    TFormatReport report;
+    LoadPair(&layer, fileName, report);
+    return report;
+  };
 }
 
 bool TSimpleMIFFormatProvider::Save(TMapLayer *layer, const QString &fileName) {

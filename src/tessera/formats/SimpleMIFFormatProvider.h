@@ -38,6 +38,7 @@ class TESSERA_CORE_EXPORT TSimpleMIFFormatProvider : public TCustomFormatProvide
   /// reading stops with a message to the user, and what was read stays. Time and memory are linear in the sizes of the
   /// files, whatever they hold.
   bool Load(TMapLayer *layer, const QString &fileName) override;
+  [[nodiscard]] TFormatRun MakeRun(const QString &fileName) const override;
   /// Writes the layer to the pair of files, gives the layer the name, and always answers false. Both are written under
   /// other names first and replace the old pair in one step when they are complete and on the disk; if the process is
   /// killed meanwhile, the next Load or Save of the pair completes it or takes it back.

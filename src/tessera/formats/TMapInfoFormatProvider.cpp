@@ -81,6 +81,36 @@ class Workshop {
   QTemporaryDir m_folder;
 };
 
+void LoadTable(TMapLayer *layer, const QString &fileName, TFormatReport &report) {
+  const detail::MitabTurn turn;
+  NeedMitab();
+  if (layer == nullptr || layer->GetMapHost() == nullptr || !QFileInfo(fileName).isFile()) {
+    report.Fail(0, QStringLiteral("there is no such file, or the layer is on no map"));
+    return;
+  }
+  static_cast<void>(detail::StagedSet::Recover(FilesOf(fileName)));
+  const TLoadingScope loading(*layer->GetMapHost());
+  const auto stopProgress = StopProgressAtEnd(layer->GetMapHost());
+  try {
+    const detail::MitabFile file = detail::OpenMitabFile(fileName);
+    if (!file) {
+      report.Fail(0,
+                  QStringLiteral("this is no table that can be read. ") + QString::fromUtf8(mitab_c_getlasterrormsg()));
+      return;
+    }
+    detail::MitabText text(detail::CharsetOf(fileName), detail::MitabRecodes());
+    detail::MitabReader reader(*layer, file.get(), text, report);
+    reader.Read();
+    reader.Deliver();
+    const bool lacksValues =
+        HasEnding(fileName, QStringLiteral("mif")) && !QFile::exists(FilesOf(fileName).constLast());
+    if (lacksValues) report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
+  } catch (const std::exception &error) {
+    report.Fail(0, MessageOf(error));
+    throw;
+  }
+}
+
 }  // namespace
 
 QString TMapInfoFormatProvider::GetDescription() const {
@@ -104,38 +134,21 @@ bool TMapInfoFormatProvider::CanProcessFile(const QString &fileName) const {
 }
 
 bool TMapInfoFormatProvider::Load(TMapLayer *layer, const QString &fileName) {
-  TFormatReport &report = NewReport();
-  NeedMitab();
-  if (layer == nullptr || layer->GetMapHost() == nullptr || !QFileInfo(fileName).isFile()) {
-    report.Fail(0, QStringLiteral("there is no such file, or the layer is on no map"));
-    return false;
-  }
-  static_cast<void>(detail::StagedSet::Recover(FilesOf(fileName)));
-  const TLoadingScope loading(*layer->GetMapHost());
-  const auto stopProgress = StopProgressAtEnd(layer->GetMapHost());
-  try {
-    const detail::MitabFile file = detail::OpenMitabFile(fileName);
-    if (!file) {
-      report.Fail(0,
-                  QStringLiteral("this is no table that can be read. ") + QString::fromUtf8(mitab_c_getlasterrormsg()));
-      return false;
-    }
-    detail::MitabText text(detail::CharsetOf(fileName), detail::MitabRecodes());
-    detail::MitabReader reader(*layer, file.get(), text, report);
-    reader.Read();
-    reader.Deliver();
-    const bool lacksValues =
-        HasEnding(fileName, QStringLiteral("mif")) && !QFile::exists(FilesOf(fileName).constLast());
-    if (lacksValues) report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
-  } catch (const std::exception &error) {
-    report.Fail(0, MessageOf(error));
-    throw;
-  }
-  return report.ok();
+  LoadTable(layer, fileName, NewReport());
+  return GetReport().ok();
+}
+
+TFormatRun TMapInfoFormatProvider::MakeRun(const QString &fileName) const {
+  return [fileName](TMapLayer &layer) {
+    TFormatReport report;
+    LoadTable(&layer, fileName, report);
+    return report;
+  };
 }
 
 bool TMapInfoFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
   TFormatReport &report = NewReport();
+  const detail::MitabTurn turn;
   NeedMitab();
   if (layer == nullptr) return false;
   TMapHost *map = layer->GetMapHost();
@@ -167,6 +180,7 @@ bool TMapInfoFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
 
 TFormatReport TMapInfoFormatProvider::TrySave(const TMapLayer &layer) const {
   TFormatReport report;
+  const detail::MitabTurn turn;
   try {
     NeedMitab();
     const Workshop workshop(layer.GetFileName());

@@ -40,6 +40,8 @@ class TESSERA_CORE_EXPORT TMapInfoFormatProvider : public TCustomFormatProvider 
   /// to its end. Objects are only added when all have been read: as long as progress is shown the layer is as it was,
   /// and a handler that throws cancels. @throws EInOutError without a MITAB library; what handlers throw.
   bool Load(TMapLayer *layer, const QString &fileName) override;
+  /// Only one thread at a time uses the library; others wait.
+  [[nodiscard]] TFormatRun MakeRun(const QString &fileName) const override;
   /// Writes the layer to the file and its companions, which are replaced all at once, and gives the layer the name. The
   /// projection and the character set are those of the file that the layer was read from, or of the one that is
   /// replaced; without such a file they are longitude and latitude, and WindowsCyrillic.

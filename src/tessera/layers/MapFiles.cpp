@@ -3,6 +3,7 @@
 #include <tessera/base/GuardedCall.h>
 #include <tessera/base/MessageSink.h>
 #include <tessera/layers/MapFiles.h>
+#include <tessera/layers/detail/LoadReports.h>
 #include <tessera/providers/CustomFormatProvider.h>
 
 #include <QFileInfo>
@@ -32,44 +33,21 @@ class MessageCollector {
   TMessageSink m_before;
 };
 
-QString About(const QString &fileName, const QString &words) {
-  return fileName + QStringLiteral(": ") + words.simplified();
-}
-
-QString Words(const TFormatDefect &defect) {
-  return defect.line > 0 ? QStringLiteral("error in line %1: %2").arg(defect.line).arg(defect.words) : defect.words;
-}
+using detail::About;
+using detail::Words;
 
 TCustomFormatProvider *ProviderFor(const QString &fileName) {
   return FormatProviders == nullptr ? nullptr : FormatProviders->FindSuitableProvider(fileName);
-}
-
-QString UnknownFormat() {
-  return QStringLiteral("no format is known for files of this name");
-}
-
-/// Why a file cannot even be handed to a provider; empty when it can.
-QString ObstacleTo(const QString &fileName, const TCustomFormatProvider *provider) {
-  const QFileInfo file(fileName);
-  if (!file.exists()) return QStringLiteral("there is no such file");
-  if (!file.isFile()) return QStringLiteral("this is not a file");
-  if (provider == nullptr) return UnknownFormat();
-  if (!file.isReadable()) return QStringLiteral("no permission to read it");
-  return {};
 }
 
 /// Does `work` with a provider and answers its report. Whatever `work` throws becomes the report's error.
 template <typename Work>
 TFormatReport ReportOf(TCustomFormatProvider *provider, const Work &work) {
   const QPointer<TCustomFormatProvider> watched(provider);
-  TFormatReport thrown;
-  try {
+  const TFormatReport thrown = detail::GuardedReport([&] {
     work();
-  } catch (const std::exception &error) {
-    thrown.Fail(0, MessageOf(error));
-  } catch (...) {
-    thrown.Fail(0, QStringLiteral("an error of an unknown kind"));
-  }
+    return TFormatReport();
+  });
   // A provider that throws may not have begun a report of this run.
   return thrown.firstError || !watched ? thrown : watched->GetReport();
 }
@@ -83,21 +61,6 @@ TMapLayer *AddLayer(TMapLayers &layers, const QString &path, TCustomFormatProvid
   const auto items = layers.Items();
   const auto made = std::find_if(items.begin(), items.end(), isNew);
   return made == items.end() ? nullptr : made->get();
-}
-
-/// Everything but the error that the report and the messages tell of.
-QStringList WarningsOf(const QString &fileName, const TFormatReport &report, const QStringList &messages) {
-  QStringList warnings;
-  for (const QString &words : report.warnings) warnings.append(About(fileName, words));
-  if (report.droppedWarnings > 0) {
-    warnings.append(About(fileName, QStringLiteral("%1 more warnings").arg(report.droppedWarnings)));
-  }
-  for (const QString &message : messages) {
-    // The report says the same with the line's number.
-    const bool isKnown = report.firstError && message.contains(report.firstError->words);
-    if (!isKnown) warnings.append(About(fileName, message));
-  }
-  return warnings;
 }
 
 void DeleteLayer(TMapLayers &layers, const TMapLayer *layer) {
@@ -116,28 +79,15 @@ TLoadedFile LoadMapFile(TMapLayers &layers, const QString &fileName) {
   TLoadedFile loaded;
   loaded.fileName = fileName;
   const QString path = QFileInfo(fileName).absoluteFilePath();
-  TCustomFormatProvider *provider = ProviderFor(path);
-  if (provider != nullptr) loaded.provider = provider->GetDescription();
-  if (const QString obstacle = ObstacleTo(path, provider); !obstacle.isEmpty()) {
-    loaded.error = About(fileName, obstacle);
-    return loaded;
-  }
+  TCustomFormatProvider *provider = detail::FindProviderFor(path, loaded);
+  if (provider == nullptr) return loaded;
   const MessageCollector collector;
   TMapLayer *layer = AddLayer(layers, path, provider, loaded.report);
-  const auto &defect = loaded.report.firstError;
-  const bool isUseless = layer == nullptr || (defect && layer->GetObjectCount() == 0);
-  if (isUseless) {
-    loaded.error = About(fileName, defect ? Words(*defect) : QStringLiteral("its layer was deleted meanwhile"));
-    if (layer != nullptr) GuardedCall([&] { DeleteLayer(layers, layer); });
-    return loaded;
+  if (detail::Judge(loaded, layer, collector.GetMessages())) {
+    loaded.layer = layer;
+  } else if (layer != nullptr) {
+    GuardedCall([&] { DeleteLayer(layers, layer); });
   }
-  if (defect) loaded.warnings.append(About(fileName, Words(*defect)));
-  loaded.warnings += WarningsOf(fileName, loaded.report, collector.GetMessages());
-  // A provider that answers false leaves the layer without the name of its file, and one that throws without its
-  // source.
-  layer->SetFileName(path);
-  layer->SetSource({path, loaded.report.AllLosses()});
-  loaded.layer = layer;
   return loaded;
 }
 
@@ -146,14 +96,14 @@ TSavedFile SaveMapFile(TMapLayer &layer, const QString &fileName) {
   saved.fileName = fileName;
   TCustomFormatProvider *provider = ProviderFor(fileName);
   if (provider == nullptr) {
-    saved.error = About(fileName, UnknownFormat());
+    saved.error = About(fileName, detail::UnknownFormat());
     return saved;
   }
   const MessageCollector collector;
   const THandle<TMapLayer> watched(&layer);
   const bool replacesSource = IsSameFile(layer.GetSource().fileName, fileName);
   saved.report = ReportOf(provider, [&] { layer.SaveToFile(fileName); });
-  saved.warnings = WarningsOf(fileName, saved.report, collector.GetMessages());
+  saved.warnings = detail::WarningsOf(fileName, saved.report, collector.GetMessages());
   for (const QString &words : saved.report.losses)
     saved.warnings.append(About(fileName, QStringLiteral("lost: ") + words));
   if (const auto &defect = saved.report.firstError) {

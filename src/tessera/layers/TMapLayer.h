@@ -6,7 +6,9 @@
 #include <tessera/layers/TIndexCell.h>
 #include <tessera/layers/TLayerSource.h>
 #include <tessera/objects/TCustomMapObject.h>
+#include <tessera/providers/TFormatReport.h>
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <vector>
@@ -177,6 +179,9 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   /// Asks the registered provider that accepts the name to fill the layer, and answers what it answers. On success the
   /// layer takes over the file's name, and `layerName`, or the file's bare name when that is empty.
   bool LoadFromFile(const QString &fileName, const QString &layerName);
+  /// Has `load`, which answers its report, fill the layer from the file, without notice of each change, and takes note
+  /// of the extents of the objects. False when a handler has destroyed the layer. What `load` throws goes on.
+  bool FillBy(const std::function<TFormatReport()> &load, const QString &fileName);
   /// Asks the provider that accepts the name to write the layer, after undoing any rotation of the map. An empty name
   /// stands for the file the layer came from.
   bool SaveToFile(const QString &fileName);

@@ -138,25 +138,34 @@ void TMapLayer::PaintSelection() {
   }
 }
 
-bool TMapLayer::LoadFromFile(const QString &fileName, const QString &layerName) {
-  if (FormatProviders == nullptr) return false;
-  TCustomFormatProvider *provider = FormatProviders->FindSuitableProvider(fileName);
+bool TMapLayer::FillBy(const std::function<TFormatReport()> &load, const QString &fileName) {
   const THandle<TMapLayer> self(this);
-  if (provider == nullptr) return false;
   SetQuiet(true);
   const auto loud = qScopeGuard([this, &self] {
     if (self) SetQuiet(false);
   });
-  bool isLoaded = false;
-  {
+  const TFormatReport report = [&load] {
     const detail::Pool pool;
-    isLoaded = provider->Load(this, fileName);
-  }
+    return load();
+  }();
   if (!self) return false;
   // While it is expected to take a while, and not when the first picture is.
+  m_objects->ForgetExtents();
   m_objects->UpdateExtents();
-  SetSource({fileName, provider->GetReport().AllLosses()});
-  if (!isLoaded) return false;
+  SetSource({fileName, report.AllLosses()});
+  return true;
+}
+
+bool TMapLayer::LoadFromFile(const QString &fileName, const QString &layerName) {
+  if (FormatProviders == nullptr) return false;
+  TCustomFormatProvider *provider = FormatProviders->FindSuitableProvider(fileName);
+  if (provider == nullptr) return false;
+  bool isLoaded = false;
+  const auto load = [&] {
+    isLoaded = provider->Load(this, fileName);
+    return provider->GetReport();
+  };
+  if (!FillBy(load, fileName) || !isLoaded) return false;
   SetFileName(fileName);
   SetName(layerName.isEmpty() ? QFileInfo(fileName).completeBaseName() : layerName);
   return true;

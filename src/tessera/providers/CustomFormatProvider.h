@@ -8,11 +8,16 @@
 #include <QString>
 #include <QUuid>
 
+#include <functional>
 #include <vector>
 
 namespace tessera {
 
 class TMapLayer;
+
+/// One loading of one file into a layer, which must be on a map. It answers the report of this run and refers to no
+/// provider, so that any thread may do it with a layer that no other knows.
+using TFormatRun = std::function<TFormatReport(TMapLayer &layer)>;
 
 /// Reads a layer from the files of one exchange format and writes it back.
 ///
@@ -37,6 +42,9 @@ class TESSERA_CORE_EXPORT TCustomFormatProvider : public QObject {
   [[nodiscard]] virtual QUuid GetGUID() const = 0;
   /// Fills `layer` from a file. A provider may answer false whatever happened; GetReport tells.
   virtual bool Load(TMapLayer *layer, const QString &fileName) = 0;
+  /// What Load would do with a file, to be done in another thread than that of the user interface. None, as here, for a
+  /// provider that cannot.
+  [[nodiscard]] virtual TFormatRun MakeRun(const QString & /*fileName*/) const { return nullptr; }
   /// Writes `layer` to a file. A provider may answer false whatever happened; GetReport tells.
   virtual bool Save(TMapLayer *layer, const QString &fileName) = 0;
   /// Whether it accepts the file, judged by its name alone.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/detail/AsideRun.h>
 #include <tessera/formats/detail/MitabEntries.h>
 #include <tessera/formats/detail/MitabLibrary.h>
 
@@ -7,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <chrono>
 #include <clocale>
 #ifdef Q_OS_UNIX
 #include <dlfcn.h>
@@ -34,9 +36,24 @@ QString OwnLibrary() {
 #endif
 }
 
+std::recursive_timed_mutex &TurnsMutex() {
+  static std::recursive_timed_mutex mutex;
+  return mutex;
+}
+
 }  // namespace
 
+MitabTurn::MitabTurn() : m_lock(TurnsMutex(), std::defer_lock) {
+  // Whoever has the turn may be waiting for this thread to end.
+  constexpr std::chrono::milliseconds Patience(20);
+  const AsideRun *run = AsideRun::Current();
+  while (!m_lock.try_lock_for(Patience)) {
+    if (run) run->CheckGoingOn();
+  }
+}
+
 bool EnsureMitab() {
+  const MitabTurn turn;
   if (MITAB_LibOK() || LibPath != UsualMitabPath()) return MITAB_LibOK();
   const QString own = OwnLibrary();
   if (!QFileInfo::exists(own)) return false;

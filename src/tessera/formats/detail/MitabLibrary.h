@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <mutex>
 
 namespace tessera::detail {
 
@@ -22,6 +23,17 @@ namespace tessera::detail {
 [[nodiscard]] bool SetMitabCharset(mitab_handle file, const QByteArray &charset);
 /// Forgets an error that the library has noted, which would make it refuse to write objects that are sound.
 void ClearMitabError();
+
+/// The turn of this thread to use the library, which keeps errors, and may keep more, for all of a process. Waits for
+/// that of another; one that is asked for within another of the same thread is given at once.
+class MitabTurn {
+ public:
+  /// @throws EInOutError when this thread is in a run that is cancelled meanwhile
+  MitabTurn();
+
+ private:
+  std::unique_lock<std::recursive_timed_mutex> m_lock;
+};
 
 /// Numbers have a decimal point while it lives, in this thread, as the library expects. No event must be sent
 /// meanwhile.
