@@ -27,7 +27,11 @@ class EditorFixture : public testing::Test {
   /// Opens files and lets the window settle.
   void Open(const QStringList &files) {
     window.GetFiles().Open(files);
+    WaitForFiles();
     QApplication::processEvents();
+  }
+  void WaitForFiles() {
+    while (window.GetFiles().IsOpening()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
   [[nodiscard]] static QByteArray BytesOf(const QString &path) {
     QFile file(path);

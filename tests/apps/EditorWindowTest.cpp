@@ -2,10 +2,12 @@
 #include "EditorFixture.h"
 
 #include <apps/common/FileFilters.h>
+#include <apps/editor/LoadingPanel.h>
 #include <tessera/objects/TSprite.h>
 
 #include <QDragEnterEvent>
 #include <QMimeData>
+#include <QPushButton>
 #include <QTest>
 #include <QToolButton>
 
@@ -45,6 +47,7 @@ TEST_F(EditorWindowTest, OpensDroppedFilesAndLeavesOtherDropsToOthers) {
     QApplication::sendEvent(&window, &enter);
     if (enter.isAccepted()) QApplication::sendEvent(&window, &event);
     QApplication::processEvents();
+    WaitForFiles();
     return enter.isAccepted() && window.acceptDrops();
   };
   data.setText(QStringLiteral("no file"));
@@ -52,6 +55,23 @@ TEST_F(EditorWindowTest, OpensDroppedFilesAndLeavesOtherDropsToOthers) {
   data.setUrls({QUrl::fromLocalFile(squares), QUrl(QStringLiteral("mailto:nobody"))});
   EXPECT_TRUE(drop());
   EXPECT_EQ(map.GetLayers()->GetCount(), 1);
+}
+
+TEST_F(EditorWindowTest, LeavesNothingOfFilesThatAreGivenUpByTheButtonOrByClosing) {
+  const auto *panel = window.findChild<LoadingPanel *>();
+  window.GetFiles().Open({cover, squares});
+  EXPECT_TRUE(panel->isVisible());
+  QTest::mouseClick(panel->findChild<QPushButton *>(), Qt::LeftButton);
+  WaitForFiles();
+  EXPECT_FALSE(panel->isVisible());
+  EXPECT_EQ(map.GetLayers()->GetCount(), 0);
+  Open({squares});
+  EXPECT_EQ(map.GetDisplayed()->GetCount(), 3) << "all is shown, though the first files did not come";
+  window.GetFiles().Open({cover});
+  window.close();
+  WaitForFiles();
+  EXPECT_EQ(map.GetLayers()->GetCount(), 1);
+  EXPECT_EQ(messages.GetCount(), 0);
 }
 
 TEST_F(EditorWindowTest, TellsInTheMessageBarWhatCannotBeRead) {

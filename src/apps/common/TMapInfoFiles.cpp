@@ -17,6 +17,11 @@ bool IsPlain(const QString &fileName) {
   return HoldsOnlyPlainShapes(fileName, detail::CompanionOf(fileName, QStringLiteral("mid")));
 }
 
+/// Whether a file is for the provider that needs no library.
+bool IsForPlain(const QString &fileName, bool takesFastWay) {
+  return IsMif(fileName) && ((takesFastWay && IsPlain(fileName)) || !detail::EnsureMitab());
+}
+
 }  // namespace
 
 TMapInfoFiles::TMapInfoFiles(QObject *parent) : TMapInfoFormatProvider(parent) {
@@ -26,11 +31,18 @@ TMapInfoFiles::TMapInfoFiles(QObject *parent) : TMapInfoFormatProvider(parent) {
 }
 
 bool TMapInfoFiles::Load(TMapLayer *layer, const QString &fileName) {
-  const bool isForPlain = IsMif(fileName) && ((m_takesFastWay && IsPlain(fileName)) || !detail::EnsureMitab());
-  if (!isForPlain) return TMapInfoFormatProvider::Load(layer, fileName);
+  if (!IsForPlain(fileName, m_takesFastWay)) return TMapInfoFormatProvider::Load(layer, fileName);
   m_plain.Load(layer, fileName);
   NewReport() = m_plain.GetReport();
   return GetReport().ok();
+}
+
+TFormatRun TMapInfoFiles::MakeRun(const QString &fileName) const {
+  // The file is looked at in the run, for that may take a while.
+  return [fileName, takesFastWay = m_takesFastWay, plain = m_plain.MakeRun(fileName),
+          full = TMapInfoFormatProvider::MakeRun(fileName)](TMapLayer &layer) {
+    return IsForPlain(fileName, takesFastWay) ? plain(layer) : full(layer);
+  };
 }
 
 }  // namespace tessera::apps

@@ -19,6 +19,7 @@ class TMapInfoFiles : public TMapInfoFormatProvider {
   void SetTakesFastWay(bool takes) { m_takesFastWay = takes; }
 
   bool Load(TMapLayer *layer, const QString &fileName) override;
+  [[nodiscard]] TFormatRun MakeRun(const QString &fileName) const override;
 
  private:
   TSimpleMIFFormatProvider m_plain;

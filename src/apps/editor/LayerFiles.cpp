@@ -63,7 +63,7 @@ QString AskForFileToWrite(QWidget *parent, const QString &title, const QString &
 }
 
 LayerFiles::LayerFiles(QWidget &window, TTessera &map)
-    : QObject(&window), m_window(window), m_map(map), m_unsaved(map) {
+    : QObject(&window), m_window(window), m_map(map), m_unsaved(map), m_loading(*map.GetLayers()) {
   m_questions.goOnLosing = [this](const QString &question, const QStringList &losses) {
     return AskAboutLosses(&m_window, question, losses);
   };
@@ -76,27 +76,66 @@ LayerFiles::LayerFiles(QWidget &window, TTessera &map)
           [this](TTessera *, TMapLayer *layer, bool confirmDelete, bool &allowDelete) {
             if (confirmDelete && !Settle(*layer)) allowDelete = false;
           });
+  for (const auto end : {&TLayerLoading::OnLoaded, &TLayerLoading::OnFailed}) {
+    connect(&m_loading, end, this, [this](const TLoadedFile &loaded) { TellOf({loaded}); });
+  }
+  connect(&m_loading, &TLayerLoading::OnCancelled, this, &LayerFiles::OpenNext);
+  connect(&m_loading, &TLayerLoading::OnProgress, this,
+          [this](int percent) { Q_EMIT Opening(m_waiting.value(0), percent); });
 }
 
 void LayerFiles::Open(const QStringList &fileNames) {
-  const WaitCursor cursor;
-  const bool wasEmpty = m_map.GetLayers()->GetCount() == 0;
-  for (const QString &fileName : fileNames) {
-    bool isUsed = false;
-    for (const TLoadedFile &loaded : OpenMapFile(m_map, fileName)) {
-      TellOf(loaded);
-      isUsed = isUsed || loaded.layer != nullptr;
-    }
-    if (isUsed) Q_EMIT Used(fileName);
-  }
-  if (wasEmpty) m_map.ShowAll();
+  m_waiting += fileNames;
+  if (m_isOpening || m_waiting.isEmpty()) return;
+  m_isOpening = true;
+  if (m_map.GetLayers()->GetCount() == 0) m_shown = m_map.GetViewport();
+  OpenNext();
 }
 
-void LayerFiles::TellOf(const TLoadedFile &loaded) {
-  if (!loaded.error.isEmpty()) Q_EMIT Failed(loaded.error);
-  for (const QString &warning : loaded.warnings) Q_EMIT Failed(warning);
-  if (loaded.layer == nullptr) return;
-  Q_EMIT Done(QFileInfo(loaded.fileName).fileName() + QStringLiteral(": ") + loaded.report.Summary());
+void LayerFiles::OpenNext() {
+  // Workspaces are told of at once, and so take the next one.
+  if (m_waiting.isEmpty()) {
+    m_isOpening = false;
+    m_shown.reset();
+    Q_EMIT Opened();
+  } else if (IsWorkspaceName(m_waiting[0])) {
+    const WaitCursor cursor;
+    TellOf(OpenMapFile(m_map, m_waiting[0]));
+  } else {
+    Q_EMIT Opening(m_waiting[0], 0);
+    m_loading.Start(m_waiting[0]);
+  }
+}
+
+void LayerFiles::CancelOpening() {
+  m_waiting.clear();
+  m_loading.Cancel();
+}
+
+void LayerFiles::TellOf(const std::vector<TLoadedFile> &loaded) {
+  bool isUsed = false;
+  for (const TLoadedFile &file : loaded) {
+    if (!file.error.isEmpty()) Q_EMIT Failed(file.error);
+    for (const QString &warning : file.warnings) Q_EMIT Failed(warning);
+    if (file.layer == nullptr) continue;
+    isUsed = true;
+    Q_EMIT Done(QFileInfo(file.fileName).fileName() + QStringLiteral(": ") + file.report.Summary());
+  }
+  const QString name = m_waiting.isEmpty() ? QString() : m_waiting.takeFirst();
+  if (isUsed && !name.isEmpty()) Q_EMIT Used(name);
+  if (isUsed) ShowAllAtFirst();
+  OpenNext();
+}
+
+void LayerFiles::ShowAllAtFirst() {
+  if (!m_shown) return;
+  // The window may have got another size.
+  TViewport present = m_map.GetViewport();
+  present.ClientWidth = m_shown->ClientWidth;
+  present.ClientHeight = m_shown->ClientHeight;
+  if (!(present == *m_shown)) return m_shown.reset();
+  m_map.ShowAll();
+  m_shown = m_map.GetViewport();
 }
 
 bool LayerFiles::SaveTo(TMapLayer &layer, const QString &fileName) {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <apps/editor/UnsavedChanges.h>
-#include <tessera/layers/MapFiles.h>
+#include <tessera/layers/TLayerLoading.h>
 
 #include <QWidget>
+
+#include <optional>
 
 namespace tessera::apps {
 
@@ -27,9 +29,13 @@ class LayerFiles : public QObject {
  public:
   LayerFiles(QWidget &window, TTessera &map);
 
-  /// Loads files and workspaces on top of what is open, the first lowest, and shows everything if nothing was open
-  /// before.
+  /// Loads files and workspaces in the background, one after the other, on top of what is open, the first lowest. If
+  /// nothing was open before, everything is shown, unless the person has moved the view meanwhile. Workspaces hold the
+  /// window up.
   void Open(const QStringList &fileNames);
+  [[nodiscard]] bool IsOpening() const { return m_isOpening; }
+  /// Gives up what is being loaded and what waits for its turn. Files that are there already stay.
+  void CancelOpening();
   /// Writes a layer. Where it would replace its own source and something would be gone for good, it asks first. True on
   /// success.
   bool SaveTo(TMapLayer &layer, const QString &fileName);
@@ -55,15 +61,25 @@ class LayerFiles : public QObject {
   void Failed(const QString &message);
   /// A file that was opened or written whole.
   void Used(const QString &fileName);
+  /// A file is being opened, so far up to a percentage.
+  void Opening(const QString &fileName, int percent);
+  /// No file is being opened any more.
+  void Opened();
 
  private:
-  void TellOf(const TLoadedFile &loaded);
+  void OpenNext();
+  void TellOf(const std::vector<TLoadedFile> &loaded);
+  void ShowAllAtFirst();
   [[nodiscard]] bool Settle(TMapLayer &layer);
 
   QWidget &m_window;
   TTessera &m_map;
   UnsavedChanges m_unsaved;
   FileQuestions m_questions;
+  TLayerLoading m_loading;
+  QStringList m_waiting;  ///< Files to be opened; the first is being loaded.
+  bool m_isOpening = false;
+  std::optional<TViewport> m_shown;  ///< The view of everything, as long as that is to be shown.
 };
 
 /// Asks for the name of a file to write, which gets the ending of the first filter when it has none; empty when the

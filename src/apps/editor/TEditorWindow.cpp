@@ -3,6 +3,7 @@
 #include <apps/editor/EditorTools.h>
 #include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
+#include <apps/editor/LoadingPanel.h>
 #include <apps/editor/MessageBar.h>
 #include <apps/editor/NewLayerDialog.h>
 #include <apps/editor/OptionsDialog.h>
@@ -67,6 +68,7 @@ TEditorWindow::TEditorWindow(QWidget *parent)
   setAcceptDrops(true);
   setCentralWidget(MakeCentralWidget());
   statusBar()->addWidget(m_statusPanel, 1);
+  statusBar()->addPermanentWidget(new LoadingPanel(*m_files));
   SetUpMap();
   MakeMenus();
   connect(m_files, &LayerFiles::Done, m_statusPanel, &StatusPanel::SetSummary);
@@ -246,6 +248,7 @@ void TEditorWindow::AskForOptions() {
 void TEditorWindow::closeEvent(QCloseEvent *event) {
   event->setAccepted(m_files->SettleAll());
   if (!event->isAccepted()) return;
+  m_files->CancelOpening();
   QSettings settings;
   settings.setValue(GeometryKey(), saveGeometry());
   settings.setValue(StateKey(), saveState());
