@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/GuardedCall.h>
 #include <tessera/controls/detail/SelectionInStep.h>
-#include <tessera/objects/TMapScopes.h>
+#include <tessera/map/detail/SelectionChange.h>
 
 #include <algorithm>
-#include <optional>
 
 namespace tessera::detail {
-namespace {
-
-/// With more changes than this the map is painted once, and not with each.
-constexpr std::size_t FewChanges = 100;
-
-}  // namespace
 
 SelectionInStep::SelectionInStep(QAbstractItemView &view, RowFilter &filter, TLayerTableModel &model)
     : QObject(&view), m_view(view), m_filter(filter), m_model(model) {
@@ -41,29 +34,16 @@ void SelectionInStep::Push(const QItemSelection &selected, const QItemSelection 
   const TMapLayer *layer = m_model.GetLayer();
   TTessera *map = layer && !m_isPulling ? layer->GetMap() : nullptr;
   if (map == nullptr) return;
-  std::vector<THandle<TCustomMapObject>> come;
-  std::vector<THandle<TCustomMapObject>> gone;
+  ObjectHandles come;
+  ObjectHandles gone;
   const std::vector<int> held = RowsOf(m_view.selectionModel()->selection());
   for (const int row : RowsOf(deselected)) {
     if (!std::binary_search(held.begin(), held.end(), row)) gone.emplace_back(ObjectAt(row));
   }
   for (const int row : RowsOf(selected)) come.emplace_back(ObjectAt(row));
-  const QPointer<TTessera> shown = map;
   const QPointer<SelectionInStep> self = this;
   m_isPushing = true;
-  const auto isOnMap = [&](const auto &object) { return shown && object && object->GetMap() == shown; };
-  GuardedCall([&] {
-    std::optional<TUpdateScope> onePicture;
-    if (come.size() + gone.size() > FewChanges && !map->GetInUpdate()) onePicture.emplace(*map);
-    AllSteps steps;
-    for (const auto &object : gone) {
-      if (isOnMap(object)) steps.Try([&] { shown->GetSelection()->Remove(object.Get()); });
-    }
-    for (const auto &object : come) {
-      if (isOnMap(object)) steps.Try([&] { shown->GetSelection()->Add(object.Get(), false); });
-    }
-    steps.Rethrow();
-  });
+  GuardedCall([&] { ChangeSelection(*map, gone, come); });
   if (self) m_isPushing = false;
 }
 
