@@ -3,10 +3,13 @@
 
 /// The standard tools of a map, all together.
 
+#include <tessera/tools/TCircleSelectionTool.h>
 #include <tessera/tools/TCircleTool.h>
 #include <tessera/tools/TLineTool.h>
 #include <tessera/tools/TPanTool.h>
+#include <tessera/tools/TPolygonSelectionTool.h>
 #include <tessera/tools/TPolylineTool.h>
+#include <tessera/tools/TRectSelectionTool.h>
 #include <tessera/tools/TRectTool.h>
 #include <tessera/tools/TRegionTool.h>
 #include <tessera/tools/TSelectionTool.h>

@@ -26,13 +26,14 @@ class MapInput {
     Press(at, modifiers, button);
     Release(at, button);
   }
-  void DoubleClick(const QPoint &at, Qt::MouseButton button = Qt::LeftButton) {
-    Click(at, {}, button);
+  void DoubleClick(const QPoint &at, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {}) {
+    Click(at, modifiers, button);
     Send(QEvent::MouseButtonDblClick, at, button, button);
     Release(at, button);
   }
-  void Drag(const QPoint &from, const QPoint &to, Qt::MouseButton button = Qt::LeftButton) {
-    Press(from, {}, button);
+  void Drag(const QPoint &from, const QPoint &to, Qt::MouseButton button = Qt::LeftButton,
+            Qt::KeyboardModifiers modifiers = {}) {
+    Press(from, modifiers, button);
     MoveTo((from + to) / 2, button);
     MoveTo(to, button);
     Release(to, button);

@@ -55,9 +55,17 @@ struct GestureCase {
   /// Held by the mouse button, and so given up when that is lost.
   bool isHeld;
 };
-const GestureCase Gestures[] = {{Make<TZoomInTool>, true},  {Make<TZoomOutTool>, true}, {Make<TPanTool>, true},
-                                {Make<TLineTool>, true},    {Make<TRectTool>, true},    {Make<TPolylineTool>, false},
-                                {Make<TRegionTool>, false}, {Make<TTextTool>, false}};
+const GestureCase Gestures[] = {{Make<TZoomInTool>, true},
+                                {Make<TZoomOutTool>, true},
+                                {Make<TPanTool>, true},
+                                {Make<TLineTool>, true},
+                                {Make<TRectTool>, true},
+                                {Make<TPolylineTool>, false},
+                                {Make<TRegionTool>, false},
+                                {Make<TTextTool>, false},
+                                {Make<TRectSelectionTool>, true},
+                                {Make<TCircleSelectionTool>, true},
+                                {Make<TPolygonSelectionTool>, false}};
 
 class GestureTest : public testing::TestWithParam<GestureCase> {
  protected:

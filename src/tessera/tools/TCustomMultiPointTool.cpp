@@ -24,6 +24,12 @@ std::vector<TPoint> TCustomMultiPointTool::GetOutline() const {
   return outline;
 }
 
+std::vector<TPoint> TCustomMultiPointTool::GetClosedOutline() const {
+  std::vector<TPoint> ring = GetOutline();
+  if (!ring.empty()) ring.push_back(ring.front());
+  return ring;
+}
+
 void TCustomMultiPointTool::MouseDown(Qt::MouseButton button, TShiftState /*shift*/, int x, int y) {
   if (button != Qt::LeftButton || GetTessera() == nullptr) return;
   if (std::exchange(m_isSecondPressDue, false)) return;

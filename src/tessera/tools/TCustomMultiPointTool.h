@@ -28,6 +28,8 @@ class TESSERA_WIDGETS_EXPORT TCustomMultiPointTool : public TCustomGestureTool {
   [[nodiscard]] std::vector<TMapPoint> TakePoints();
   /// The vertices in client pixels, and the place of the mouse, for Draw; empty before the first vertex.
   [[nodiscard]] std::vector<TPoint> GetOutline() const;
+  /// The outline back to its first vertex.
+  [[nodiscard]] std::vector<TPoint> GetClosedOutline() const;
 
  private:
   std::vector<TMapPoint> m_points;

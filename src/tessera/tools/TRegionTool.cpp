@@ -11,9 +11,7 @@ TRegionTool::TRegionTool(QObject *parent) : TCustomMultiPointTool(parent) {
 }
 
 void TRegionTool::Draw() {
-  std::vector<TPoint> ring = GetOutline();
-  if (!ring.empty()) ring.push_back(ring.front());
-  DrawInverted([&ring](TCanvas &canvas) { canvas.Polyline(ring); });
+  DrawInverted([ring = GetClosedOutline()](TCanvas &canvas) { canvas.Polyline(ring); });
 }
 
 bool TRegionTool::CreateObject() {

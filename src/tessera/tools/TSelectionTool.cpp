@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/map/TTessera.h>
 #include <tessera/tools/TSelectionTool.h>
+#include <tessera/tools/detail/AreaSelection.h>
 
 namespace tessera {
 
@@ -12,11 +13,8 @@ void TSelectionTool::MouseDown(Qt::MouseButton button, TShiftState shift, int x,
   TTessera *map = GetTessera();
   if (button != Qt::LeftButton || map == nullptr) return;
   const TMapPoint at = map->GetViewport().ScreenToMap(x, y);
-  const int count = map->GetCtrlClickCount();
-  const bool goesDeeper = shift.testFlag(ssCtrl) && count < map->GetLayers()->GetCount() - 1;
-  map->SetCtrlClickCount(goesDeeper ? count + 1 : 0);
   const QPointer<TSelectionTool> self(this);
-  map->SelectObjectAt(at.X, at.Y, !shift.testFlag(ssShift));
+  detail::SelectByClick(*map, at, shift);
   if (self) Complete();
 }
 
