@@ -16,8 +16,8 @@ class MapInput {
   void Press(const QPoint &at, Qt::KeyboardModifiers modifiers = {}, Qt::MouseButton button = Qt::LeftButton) {
     Send(QEvent::MouseButtonPress, at, button, button, modifiers);
   }
-  void MoveTo(const QPoint &at, Qt::MouseButtons held = Qt::LeftButton) {
-    Send(QEvent::MouseMove, at, Qt::NoButton, held);
+  void MoveTo(const QPoint &at, Qt::MouseButtons held = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {}) {
+    Send(QEvent::MouseMove, at, Qt::NoButton, held, modifiers);
   }
   void Release(const QPoint &at, Qt::MouseButton button = Qt::LeftButton) {
     Send(QEvent::MouseButtonRelease, at, button, Qt::NoButton);

@@ -297,6 +297,59 @@ TEST_F(StandardToolsTest, WhatEachDrawsIsAStepThatCanBeUndone) {
   EXPECT_EQ(stack.count(), 0) << "what it holds is not turned";
 }
 
+TEST_F(StandardToolsTest, MovesWhatIsSelectedInTheEditableLayer) {
+  QUndoStack stack;
+  map.SetUndoStack(&stack);
+  TMoveTool tool;
+  Use(tool);
+  TCustomMapObject *fixed = AddSquare(AddLayer(), 120, 20, 10, clRed);
+  EXPECT_FALSE(tool.GetEnabled());
+  TMapLayer *layer = AddEditableLayer();
+  TCustomMapObject *moved = AddSquare(layer, 20, 20, 10, clBlue);
+  TCustomMapObject *unselected = AddSquare(layer, 80, 20, 10, clBlue);
+  const QPoint on(25, 75);
+  for (TCustomMapObject *object : {fixed, moved}) map.GetSelection()->Add(object);
+  const QImage before = Repainted();
+  for (const QPoint &elsewhere : {QPoint(85, 75), QPoint(125, 75), QPoint(50, 10)}) {
+    input.Drag(elsewhere, {60, 60});
+    EXPECT_EQ(stack.count(), 0) << "neither unselected, nor in another layer, nor beside all";
+  }
+  input.Press(on);
+  input.MoveTo({60, 60});
+  EXPECT_NE(Shown(), before);
+  input.Key(Qt::Key_Escape);
+  input.Release({60, 60});
+  EXPECT_EQ(Shown(), before);
+  input.Press(on);
+  input.MoveTo({60, 60});
+  input.MoveTo({60, 60}, Qt::NoButton);
+  EXPECT_EQ(Shown(), before) << "lost";
+  input.Drag(on, on);
+  EXPECT_EQ(stack.count(), 0);
+
+  struct WayCase {
+    QPoint way;
+    Qt::KeyboardModifiers keys;
+    TMapPoint corner;
+  };
+  for (const auto &[way, keys, corner] : {WayCase{{30, -7}, {}, {50, 27}},
+                                          {{30, -7}, Qt::ShiftModifier, {50, 20}},
+                                          {{5, -30}, Qt::ShiftModifier, {20, 50}},
+                                          {{-20, 16}, Qt::ShiftModifier, {2, 2}},
+                                          {{30, -20}, Qt::ShiftModifier, {45, 45}}}) {
+    input.Press(on, keys);
+    input.MoveTo(on + way, Qt::LeftButton, keys);
+    input.Release(on + way);
+    const TBounds bounds = moved->GetBounds();
+    EXPECT_EQ((TMapPoint{bounds.MinX, bounds.MinY}), corner);
+    EXPECT_EQ(fixed->GetBounds().MinX, 120);
+    EXPECT_EQ(unselected->GetBounds().MinX, 80);
+    EXPECT_EQ(stack.count(), 1);
+    stack.undo();
+    EXPECT_EQ(Repainted(), before);
+  }
+}
+
 TEST_F(StandardToolsTest, SurvivesHandlersThatTakeEverythingAway) {
   TMapLayer *layer = AddEditableLayer();
   const auto draw = [this] {

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/base/detail/FarPixels.h>
+#include <tessera/editing/TMapEdits.h>
+#include <tessera/graphics/TCanvas.h>
+#include <tessera/map/TTessera.h>
+#include <tessera/tools/TMoveTool.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace tessera {
+namespace {
+
+/// The way along the nearest of the eight directions.
+QPoint KeptToDirections(const QPoint &way) {
+  const double slope = std::tan(std::numbers::pi / 8);  // the border between a straight way and a slanting one
+  const double width = std::abs(double(way.x()));
+  const double height = std::abs(double(way.y()));
+  if (height <= width * slope) return {way.x(), 0};
+  if (width <= height * slope) return {0, way.y()};
+  const int length = int(std::lround((width + height) / 2));
+  return {way.x() < 0 ? -length : length, way.y() < 0 ? -length : length};
+}
+
+}  // namespace
+
+TMoveTool::TMoveTool(QObject *parent) : TCustomPressMoveAndReleaseTool(parent) {
+  SetDisplayName(QStringLiteral("Move Tool"));
+  SetCursor(crSizeAll);
+}
+
+bool TMoveTool::GetEnabled() const {
+  return TCustomPressMoveAndReleaseTool::GetEnabled() && GetEditableLayer() != nullptr;
+}
+
+std::vector<TCustomMapObject *> TMoveTool::GetMovable() const {
+  std::vector<TCustomMapObject *> movable;
+  const TMapLayer *layer = GetEditableLayer();
+  if (layer == nullptr) return movable;
+  for (TCustomMapObject *object : GetTessera()->GetSelection()->Items()) {
+    if (object->GetObjectLayer() == layer) movable.push_back(object);
+  }
+  return movable;
+}
+
+void TMoveTool::MouseDown(Qt::MouseButton button, TShiftState shift, int x, int y) {
+  if (button != Qt::LeftButton || GetTessera() == nullptr) return;
+  EndGesture();
+  const TMapPoint at = GetTessera()->GetViewport().ScreenToMap(x, y);
+  const auto movable = GetMovable();
+  if (std::ranges::none_of(movable, [&](const auto *object) { return object->ContainsPoint(at.X, at.Y); })) return;
+  m_frame = TBounds::Empty();
+  for (const TCustomMapObject *object : movable) m_frame.Widen(object->GetExtent().value_or(object->GetBounds()));
+  TCustomPressMoveAndReleaseTool::MouseDown(button, shift, x, y);
+}
+
+void TMoveTool::MouseMove(TShiftState shift, int x, int y) {
+  QPoint way(x - X1, y - Y1);
+  if (shift.testFlag(ssShift)) way = KeptToDirections(way);
+  TCustomPressMoveAndReleaseTool::MouseMove(shift, X1 + way.x(), Y1 + way.y());
+}
+
+void TMoveTool::Draw() {
+  constexpr int MarginPx = 3;  // so that a single point has a frame, too
+  const TMapHost *map = GetTessera();
+  if (map == nullptr) return;
+  const TViewport &viewport = map->GetViewport();
+  const TPoint topLeft = viewport.MapToScreen(m_frame.MinX, m_frame.MaxY);
+  const TPoint bottomRight = viewport.MapToScreen(m_frame.MaxX, m_frame.MinY);
+  const TPoint from = detail::MovedBy(topLeft, X2 - X1 - MarginPx, Y2 - Y1 - MarginPx);
+  const TPoint to = detail::MovedBy(bottomRight, X2 - X1 + MarginPx, Y2 - Y1 + MarginPx);
+  DrawInverted([&](TCanvas &canvas) { canvas.Rectangle(from.x(), from.y(), to.x(), to.y()); });
+}
+
+bool TMoveTool::CreateObject() {
+  const std::vector<TCustomMapObject *> movable = GetMovable();
+  if (movable.empty() || (X1 == X2 && Y1 == Y2)) return false;
+  const TViewport &viewport = GetTessera()->GetViewport();
+  const TMapPoint press = viewport.ScreenToMap(X1, Y1);
+  const TMapPoint release = viewport.ScreenToMap(X2, Y2);
+  TMapEdits(GetTessera()).MoveObjects(movable, release.X - press.X, release.Y - press.Y);
+  return false;
+}
+
+}  // namespace tessera
