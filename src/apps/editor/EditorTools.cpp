@@ -35,6 +35,10 @@ constexpr ToolRow Rows[] = {
     {Make<TCircleTool>, "circle", QT_TRANSLATE_NOOP("EditorTools", "&Circle of 100 km")},
     {Make<TSymbolTool>, "symbol", QT_TRANSLATE_NOOP("EditorTools", "Sy&mbol")},
     {Make<TTextTool>, "text", QT_TRANSLATE_NOOP("EditorTools", "&Text")},
+    {Make<TRectSelectionTool>, "select-rectangle", QT_TRANSLATE_NOOP("EditorTools", "Select by r&ectangle")},
+    {Make<TCircleSelectionTool>, "select-circle", QT_TRANSLATE_NOOP("EditorTools", "Select &by circle")},
+    {Make<TPolygonSelectionTool>, "select-polygon", QT_TRANSLATE_NOOP("EditorTools", "Select by polygo&n")},
+    {Make<TMoveTool>, "move", QT_TRANSLATE_NOOP("EditorTools", "Mo&ve")},
 };
 constexpr int LastDigit = 9;
 
