@@ -145,7 +145,7 @@ TEST_F(EditorEditingTest, UndoesAndKnowsWhatIsSaved) {
   map.GetSelection()->Add(layer->First(), true);
   window.DeleteSelected();
   EXPECT_TRUE(window.isWindowModified());
-  ActionNamed("&Undo delete 1 object(s)")->trigger();
+  ActionNamed("&Undo delete objects (1)")->trigger();
   EXPECT_EQ(layer->GetObjectCount(), 7);
   EXPECT_EQ(map.GetSelection()->Items().size(), 1U);
   EXPECT_FALSE(window.isWindowModified()) << "as it was saved";
@@ -190,7 +190,7 @@ TEST_F(EditorEditingTest, CutsCopiesPastesAndReordersTheSelectedObjects) {
   QApplication::processEvents();
   messages.Dismiss();
   EXPECT_TRUE(messages.GetText().contains(QStringLiteral("no editable layer"))) << messages.GetText().toStdString();
-  EXPECT_EQ(window.GetUndoStack().undoText(), QStringLiteral("send 1 object(s) to the back"));
+  EXPECT_EQ(window.GetUndoStack().undoText(), QStringLiteral("send objects to the back (1)"));
 }
 
 TEST_F(EditorEditingTest, ChoosesTheEditableLayerAndShowsTheAttributesOfTheChosenOne) {

@@ -125,7 +125,7 @@ TEST_F(ObjectClipboardTest, PastesOnTopWithTheColumnsOfTheLayerAndSelectsWhatItP
   EXPECT_EQ(values.GetFields(1).GetValue(), TDataValue()) << "a time is no whole number";
   EXPECT_EQ(values.GetFields(2).GetAsString(), QStringLiteral("road"));
   EXPECT_EQ(Selected(), OrderOf(*other));
-  EXPECT_EQ(stack.undoText(), QStringLiteral("paste 2 object(s)"));
+  EXPECT_EQ(stack.undoText(), QStringLiteral("paste objects (2)"));
   stack.undo();
   EXPECT_EQ(other->GetObjectCount(), 0);
   EXPECT_EQ(Selected(), Objects{layer->First()});

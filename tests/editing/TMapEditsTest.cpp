@@ -127,7 +127,7 @@ TEST_F(TMapEditsTest, WhatHandlersDoWhileAStepIsUndoneIsNotRecorded) {
   stack.undo();
   stack.redo();
   EXPECT_EQ(objects[1]->GetPen().GetColor(), clBlue);
-  EXPECT_EQ(Texts(stack), (std::vector<std::string>{"delete 1 object(s)", "paint"}));
+  EXPECT_EQ(Texts(stack), (std::vector<std::string>{"delete objects (1)", "paint"}));
 }
 
 TEST_F(TMapEditsTest, StepsWhoseObjectsOrLayerAreGoneDoNoHarm) {

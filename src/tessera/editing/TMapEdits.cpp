@@ -60,7 +60,7 @@ void TMapEdits::Put(TMapLayer &layer, std::vector<TTakenObject> objects, const Q
 }
 
 void TMapEdits::PutObjects(TMapLayer &layer, std::vector<TTakenObject> objects) {
-  const auto text = tr("add %n object(s)", nullptr, int(objects.size()));
+  const auto text = tr("add objects (%n)", nullptr, int(objects.size()));
   Put(layer, std::move(objects), text);
 }
 
@@ -75,7 +75,7 @@ int TMapEdits::DeleteObjectsOf(TMapLayer &layer, Objects objects) const {
 }
 
 QString TMapEdits::DeletionText(std::size_t count) {
-  return tr("delete %n object(s)", nullptr, int(count));
+  return tr("delete objects (%n)", nullptr, int(count));
 }
 
 int TMapEdits::DeleteObjects(Objects objects) {
@@ -131,7 +131,7 @@ void TMapEdits::ChangeObjects(Objects objects, TObjectAspects aspects, const QSt
 }
 
 void TMapEdits::MoveObjects(Objects objects, double dx, double dy) {
-  ChangeObjects(objects, TObjectAspect::Geometry, tr("move %n object(s)", nullptr, int(objects.size())),
+  ChangeObjects(objects, TObjectAspect::Geometry, tr("move objects (%n)", nullptr, int(objects.size())),
                 [dx, dy](TCustomMapObject &object) { object.MoveBy(dx, dy); });
 }
 
@@ -147,7 +147,7 @@ void TMapEdits::SetGeometry(TCustomMapObject &object, TParts &parts) {
 }
 
 void TMapEdits::SetStyle(Objects objects, const TObjectStylePtr &style) {
-  ChangeObjects(objects, TObjectAspect::Style, tr("change style of %n object(s)", nullptr, int(objects.size())),
+  ChangeObjects(objects, TObjectAspect::Style, tr("change style of objects (%n)", nullptr, int(objects.size())),
                 [&style](TCustomMapObject &object) { object.SetStyle(style); });
 }
 

@@ -80,7 +80,7 @@ void TMapEdits::PasteObjects(TMapLayer &layer, OwnedObjects objects) {
     object->SetFields(FittedTo(layer, std::as_const(*object).GetFields()));
     pasted.emplace_back(object.get());
   }
-  const auto text = tr("paste %n object(s)", nullptr, int(objects.size()));
+  const auto text = tr("paste objects (%n)", nullptr, int(objects.size()));
   AllSteps steps;
   steps.Try([&] { PutOnTop(layer, std::move(objects), text); });
   steps.Try([&] { Select(m_map, pasted); });
@@ -89,7 +89,7 @@ void TMapEdits::PasteObjects(TMapLayer &layer, OwnedObjects objects) {
 
 void TMapEdits::DuplicateObjects(Objects objects, double dx, double dy) {
   if (objects.empty()) return;
-  const auto text = tr("duplicate %n object(s)", nullptr, int(objects.size()));
+  const auto text = tr("duplicate objects (%n)", nullptr, int(objects.size()));
   const TEditScope oneStep(m_map, text);
   std::vector<THandle<TCustomMapObject>> made;
   AllSteps steps;
@@ -108,7 +108,7 @@ void TMapEdits::DuplicateObjects(Objects objects, double dx, double dy) {
 }
 
 void TMapEdits::BringToFront(Objects objects) {
-  const TEditScope oneStep(m_map, tr("bring %n object(s) to the front", nullptr, int(objects.size())));
+  const TEditScope oneStep(m_map, tr("bring objects to the front (%n)", nullptr, int(objects.size())));
   for (const InLayer &group : ByLayer(objects)) {
     int place = group.layer ? group.layer->GetObjectCount() : 0;
     // From the last on: then no other has moved yet when its turn comes.
@@ -118,7 +118,7 @@ void TMapEdits::BringToFront(Objects objects) {
 }
 
 void TMapEdits::SendToBack(Objects objects) {
-  const TEditScope oneStep(m_map, tr("send %n object(s) to the back", nullptr, int(objects.size())));
+  const TEditScope oneStep(m_map, tr("send objects to the back (%n)", nullptr, int(objects.size())));
   for (const InLayer &group : ByLayer(objects)) {
     int place = 0;
     for (const auto &one : group.objects) MoveTo(group.layer, one.second, place++);
