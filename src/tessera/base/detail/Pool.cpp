@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/detail/Pool.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <new>
 
@@ -21,6 +22,7 @@ constexpr std::size_t SlabSpan = std::size_t(1) << 15;
 constexpr std::size_t SlabSize = SlabSpan - 16;
 constexpr std::align_val_t SlabAlignment{SlabSpan};
 constexpr std::size_t LargestPiece = std::size_t(1) << 12;
+constexpr std::size_t LeastPiece = 8;  // so that each holds what marks it as given back
 constexpr std::size_t HeapFirst = std::size_t(1) << 16;
 constexpr std::size_t FigureUnit = 8;
 constexpr std::size_t ValueUnit = 4;
@@ -28,7 +30,7 @@ constexpr std::size_t ValueUnit = 4;
 thread_local Pool *t_pool = nullptr;
 
 constexpr std::size_t RoundedUp(std::size_t size, std::size_t unit) {
-  return (size + unit - 1) / unit * unit;
+  return (std::max(size, LeastPiece) + unit - 1) / unit * unit;
 }
 
 }  // namespace
@@ -99,7 +101,7 @@ bool Pool::ExtendFigure(void *piece, std::size_t size, std::size_t newSize) {
 void Pool::Release(void *piece) noexcept {
   Slab *slab = Slab::Of(piece);
   // Without its size it is not known where the piece ends; its first word is enough to find most uses.
-  ASAN_POISON_MEMORY_REGION(piece, FigureUnit);
+  ASAN_POISON_MEMORY_REGION(piece, LeastPiece);
   if (--slab->pieces == 0 && !slab->isOpen) ::operator delete(slab, SlabAlignment);
 }
 
