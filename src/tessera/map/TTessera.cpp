@@ -201,10 +201,6 @@ void TTessera::SetFastSelection(bool fast) {
   if (std::exchange(d->flags.FastSelection, fast) != fast) DoUpdate(true);
 }
 
-void TMapPainting::SetShowSmallObjects(bool show) {
-  if (std::exchange(m_flags.ShowSmallObjects, show) != show) m_map.DoUpdate(true);
-}
-
 void TTessera::SetUseGeneralization(bool use) {
   if (std::exchange(d->flags.UseGeneralization, use) != use) DoUpdate(true);
 }

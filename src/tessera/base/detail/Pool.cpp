@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <new>
 
-// The sanitizer is told what is in use, so that it finds a use after the end in here, too.
-#if defined(__SANITIZE_ADDRESS__) || (defined(__has_feature) && __has_feature(address_sanitizer))
+// The address sanitizer, where it is at work, is told what is in use, so that it finds a use after the end in here, too.
+#if __has_include(<sanitizer/asan_interface.h>)
 #include <sanitizer/asan_interface.h>
 #else
 #define ASAN_POISON_MEMORY_REGION(address, size) static_cast<void>(0)
