@@ -160,7 +160,8 @@ std::vector<TCustomMapObject *> TEditorWindow::TakeEditableSelection() {
     if (editable != nullptr && object->GetLayer() == editable) objects.push_back(object);
   }
   const auto left = int(m_map->GetSelection()->Items().size() - objects.size());
-  if (left > 0) m_messageBar->Post(tr("Selected objects that stay, for their layer is not editable: %n", nullptr, left));
+  if (left > 0)
+    m_messageBar->Post(tr("Selected objects that stay, for their layer is not editable: %n", nullptr, left));
   return objects;
 }
 

@@ -5,7 +5,8 @@
 #include <cstdint>
 #include <new>
 
-// The address sanitizer, where it is at work, is told what is in use, so that it finds a use after the end in here, too.
+// The address sanitizer, where it is at work, is told what is in use, so that it finds a use after the end in here,
+// too.
 #if __has_include(<sanitizer/asan_interface.h>)
 #include <sanitizer/asan_interface.h>
 #else
