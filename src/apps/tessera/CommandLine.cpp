@@ -30,7 +30,7 @@ bool Parse(QCommandLineParser &parser, const QStringList &arguments) {
 }
 
 QStringList FilesOf(const QCommandLineParser &parser) {
-  const QStringList files = parser.positionalArguments().mid(1);
+  QStringList files = parser.positionalArguments().mid(1);
   if (files.isEmpty()) throw EUsageError(QStringLiteral("no file is named"));
   return files;
 }

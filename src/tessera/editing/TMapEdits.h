@@ -103,7 +103,7 @@ class TESSERA_CORE_EXPORT TMapEdits {
  private:
   void Put(TMapLayer &layer, std::vector<TTakenObject> objects, const QString &text) const;
   void PutOnTop(TMapLayer &layer, std::vector<std::unique_ptr<TCustomMapObject>> objects, const QString &text) const;
-  void MoveTo(const THandle<TMapLayer> &layer, const THandle<TCustomMapObject> &object, int index);
+  void MoveTo(const THandle<TMapLayer> &layer, const THandle<TCustomMapObject> &object, int newIndex);
   int DeleteObjectsOf(TMapLayer &layer, Objects objects) const;
   [[nodiscard]] static QString DeletionText(std::size_t count);
 

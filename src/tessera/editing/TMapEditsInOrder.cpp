@@ -125,10 +125,10 @@ void TMapEdits::SendToBack(Objects objects) {
   }
 }
 
-void TMapEdits::MoveTo(const THandle<TMapLayer> &layer, const THandle<TCustomMapObject> &object, int index) {
-  const int present = layer && object ? layer->IndexOf(object.Get()) : -1;
-  if (present >= 0 && present != index && index >= 0 && index < layer->GetObjectCount()) {
-    ReorderObject(*layer.Get(), present, index);
+void TMapEdits::MoveTo(const THandle<TMapLayer> &layer, const THandle<TCustomMapObject> &object, int newIndex) {
+  const int curIndex = layer && object ? layer->IndexOf(object.Get()) : -1;
+  if (curIndex >= 0 && curIndex != newIndex && newIndex >= 0 && newIndex < layer->GetObjectCount()) {
+    ReorderObject(*layer.Get(), curIndex, newIndex);
   }
 }
 

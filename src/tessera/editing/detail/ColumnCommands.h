@@ -27,8 +27,8 @@ class ColumnPresenceCommand : public EditCommand {
 /// Other definitions of a layer's columns.
 class ColumnsCommand : public ExchangeCommand {
  public:
-  ColumnsCommand(BeforeEdit before, const QString &text, TMapLayer &layer, TDataFields others)
-      : ExchangeCommand(std::move(before), text), m_layer(&layer), m_others(std::move(others)) {}
+  ColumnsCommand(BeforeEdit before, const QString &text, TMapLayer &layer, const TDataFields &others)
+      : ExchangeCommand(std::move(before), text), m_layer(&layer), m_others(others) {}
 
  private:
   bool Exchange() override;

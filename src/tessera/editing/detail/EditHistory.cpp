@@ -4,6 +4,7 @@
 #include <tessera/editing/detail/EditHistory.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace tessera::detail {
 
@@ -56,10 +57,11 @@ void RestoreSelection(TMapHost &map, const SelectedObjects &selected) {
   const auto isSame = [](const TCustomMapObject *object, const auto &other) { return object == other.Get(); };
   const auto [firstOther, firstMissing] =
       std::mismatch(items.begin(), items.end(), selected->begin(), selected->end(), isSame);
-  const std::vector<THandle<TCustomMapObject>> others(firstOther, items.end());
+  const std::vector<THandle<TCustomMapObject>> othersFromTheLast(std::make_reverse_iterator(items.end()),
+                                                                 std::make_reverse_iterator(firstOther));
   AllSteps steps;
-  for (auto other = others.rbegin(); other != others.rend(); ++other) {
-    if (handle && *other) steps.Try([&] { selection.Remove(other->Get()); });
+  for (const auto &other : othersFromTheLast) {
+    if (handle && other) steps.Try([&] { selection.Remove(other.Get()); });
   }
   for (auto missing = firstMissing; missing != selected->end(); ++missing) {
     const bool isOnMap = *missing && missing->Get()->GetObjectLayer() && missing->Get()->GetMapHost() == &map;

@@ -18,8 +18,8 @@ namespace tessera::detail {
 class LayerColumn {
  public:
   /// The column with this number among `columns`, the others of which are those of the layer it is to be put into.
-  LayerColumn(TDataFields columns, int field, int labelField)
-      : m_columns(std::move(columns)), m_field(field), m_labelField(labelField) {}
+  LayerColumn(const TDataFields &columns, int field, int labelField)
+      : m_columns(columns), m_field(field), m_labelField(labelField) {}
   /// Column number `field` of a layer.
   LayerColumn(const TMapLayer &layer, int field) : LayerColumn(layer.GetFields(), field, layer.GetLabelFieldIndex()) {}
 
