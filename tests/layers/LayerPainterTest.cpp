@@ -2,12 +2,15 @@
 #include "../support/FakeMapHost.h"
 #include "../support/RandomShapes.h"
 
-#include <tessera/layers/detail/ObjectStore.h>
+#include <tessera/layers/detail/LayerPainting.h>
 #include <tessera/objects/TPolyline.h>
 #include <tessera/objects/TRegion.h>
 #include <tessera/objects/TSymbol.h>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
 
 namespace tessera::test {
 namespace {
@@ -71,11 +74,20 @@ class LayerPainterTest : public testing::Test {
     symbol->SetStyle(styles[std::size_t(random.Whole(0, styleCount - 1))]);
   }
 
-  /// Draws the layer, by itself or object by object, and compares pictures, displayed objects and tools left behind.
-  void Compare() {
+  /// Draws the layer in steps as short as can be, and answers how many there were.
+  int PaintInSteps() {
+    detail::LayerPainting painting(*layer);
+    int steps = 1;
+    while (painting.Continue(QDeadlineTimer(0)) == detail::LayerPainting::State::Paused) ++steps;
+    return steps;
+  }
+
+  /// Draws the layer, by itself, at once or in steps, or object by object, and compares pictures, displayed objects and
+  /// tools left behind.
+  void Compare(const std::function<void()> &paintLayer) {
     host.ClearPicture();
     host.displayed.Clear();
-    layer->Paint();
+    paintLayer();
     const QImage fast = host.picture.GetImage().copy();
     const auto shown = host.displayed.Items();
     const std::vector<TCustomMapObject *> displayed(shown.begin(), shown.end());
@@ -101,6 +113,7 @@ class LayerPainterTest : public testing::Test {
 };
 
 TEST_F(LayerPainterTest, DrawsAsTheObjectsDoOneByOne) {
+  int mostSteps = 0;
   for (int run = 0; run < 60; ++run) {
     SCOPED_TRACE(run);
     layer->DeleteObjects();
@@ -116,12 +129,37 @@ TEST_F(LayerPainterTest, DrawsAsTheObjectsDoOneByOne) {
     host.flags.ShowSmallObjects = run % 2 == 1;
     layer->SetAutoLabel(run % 11 == 4);
     for (int i = 0; i < 5; ++i) host.selection.Add(layer->GetObjects(random.Whole(0, count - 1)), false);
-    Compare();
+    Compare([this] { layer->Paint(); });
     for (int i = 0; i < 50; ++i)
       layer->GetObjects(random.Whole(0, count - 1))->SetStyle(styles[std::size_t(random.Whole(0, 6))]);
-    Compare();
+    Compare([this] { layer->Paint(); });
+    int steps = 0;
+    Compare([&] { steps = PaintInSteps(); });
+    mostSteps = std::max(mostSteps, steps);
     host.selection.Clear();
   }
+  EXPECT_GT(mostSteps, 100);
+}
+
+TEST_F(LayerPainterTest, SeesBetweenStepsWhatMakesThemUseless) {
+  using State = detail::LayerPainting::State;
+  const auto stateAfter = [&](const std::function<void()> &change) {
+    layers.Clear();
+    layer = layers.Insert(QString(), 0);
+    for (int i = 0; i < 40; ++i) AddShape(6);
+    detail::LayerPainting painting(*layer);
+    EXPECT_EQ(painting.Continue(QDeadlineTimer(0)), State::Paused);
+    change();
+    return painting.Continue(QDeadlineTimer(0));
+  };
+  EXPECT_EQ(stateAfter([this] { AddShape(6); }), State::Paused) << "what comes later is of the next picture";
+  EXPECT_EQ(stateAfter([this] { layer->SetObjects(39, std::make_unique<TSymbol>()); }), State::Paused);
+  EXPECT_EQ(stateAfter([this] { layer->RemoveObject(layer->GetObjects(5)); }), State::Outdated);
+  EXPECT_EQ(stateAfter([this] { layer->RemoveObject(layer->Last()); }), State::Outdated);
+  EXPECT_EQ(stateAfter([this] { layer->PutObject(3, std::make_unique<TSymbol>()); }), State::Outdated);
+  EXPECT_EQ(stateAfter([this] { layer->MoveObject(3, 7); }), State::Outdated);
+  EXPECT_EQ(stateAfter([this] { layer->DeleteObjects(); }), State::Outdated);
+  EXPECT_EQ(stateAfter([this] { layers.Clear(); }), State::Outdated);
 }
 
 }  // namespace

@@ -123,6 +123,7 @@ void TEditorWindow::SetUpMap() {
   m_map->GetNavigation()->SetWheelKeepsPlace(true);
   m_map->GetNavigation()->SetWheelAddsUp(true);
   m_map->GetPainting()->SetShowSmallObjects(true);
+  m_map->GetPainting()->SetPaintInSteps(true);
   m_map->setFocus();
   // Plain keys belong to the map, also those that are shortcuts elsewhere in the window.
   connect(m_map, &TTessera::OnKeyDown, this, [this](TTessera *, int &key) {
@@ -205,6 +206,7 @@ bool TEditorWindow::ExportPicture(const QString &fileName) {
 
 void TEditorWindow::CopyPicture() {
   TBitmap picture;
+  m_map->PaintMapToBitmap();
   m_map->AssignToBitmap(picture);
   QGuiApplication::clipboard()->setImage(picture.GetImage());
 }

@@ -17,8 +17,9 @@ namespace tessera {
 
 class TMapLayers;
 namespace detail {
+class LayerPainting;
 class ObjectStore;
-}
+}  // namespace detail
 
 /// An object that was taken out of a layer, and where it stood in the whole list.
 struct TTakenObject {
@@ -192,6 +193,7 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
   void FieldsChanged() override;
 
  private:
+  friend class detail::LayerPainting;
   [[nodiscard]] bool MeetsRect(std::size_t id, const TBounds &rect) const;
   [[nodiscard]] bool IsCandidateInRect(std::uint32_t id, const TBounds &rect) const;
   // Ids that a stale index gives are counted, or, where they are not, thrown at.

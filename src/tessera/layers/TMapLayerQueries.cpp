@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What a layer answers to a rectangle, how it is drawn, and how it is read and written.
 #include <tessera/base/Exceptions.h>
-#include <tessera/base/MessageSink.h>
 #include <tessera/base/detail/Pool.h>
 #include <tessera/layers/TMapLayer.h>
-#include <tessera/layers/detail/LayerPainter.h>
+#include <tessera/layers/detail/LayerPainting.h>
 #include <tessera/layers/detail/ObjectStore.h>
 #include <tessera/objects/TMapObjectsList.h>
 #include <tessera/providers/CustomFormatProvider.h>
@@ -116,18 +115,7 @@ void TMapLayer::GetIdsNear(const TMapPoint &point, int distancePx, TCardinalArra
 }
 
 void TMapLayer::Paint() {
-  const TMapHost *map = GetMapHost();
-  if (map == nullptr || !map->IsReadyToPaint() || !m_isVisible || !ValidZoom()) return;
-  TCardinalArray ids;
-  int staleCount = 0;
-  if (!FindIdsInRect(Bounds2CellBounds(map->GetViewport().GetViewBounds()), ids, &staleCount)) return;
-  using Order = detail::LayerPainter::Order;
-  detail::LayerPainter(*this, *m_objects)
-      .Paint(std::as_const(ids).Ids(), m_useIndex2D ? Order::Scattered : Order::List);
-  if (staleCount > 0 && !std::exchange(m_isStaleIndexTold, true)) {
-    ShowMessage(QStringLiteral("The spatial index of layer \"%1\" is out of date, so it may not show all objects.")
-                    .arg(m_name));
-  }
+  detail::LayerPainting(*this).Continue(QDeadlineTimer::Forever);
 }
 
 void TMapLayer::PaintSelection() {

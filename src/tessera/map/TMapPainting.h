@@ -8,10 +8,12 @@
 
 namespace tessera {
 
-/// What a picture of the map shows on request. All of it is off at first.
+/// What a picture of the map shows, and how it is made, on request. All of it is off at first.
 class TESSERA_WIDGETS_EXPORT TMapPainting : public QObject {
   Q_OBJECT
   Q_PROPERTY(bool ShowSmallObjects READ GetShowSmallObjects WRITE SetShowSmallObjects)
+  Q_PROPERTY(bool PaintInSteps READ GetPaintInSteps WRITE SetPaintInSteps)
+  Q_PROPERTY(int StepMs READ GetStepMs WRITE SetStepMs)
 
  public:
   /// Of a map and its flags, which must outlive this.
@@ -23,9 +25,21 @@ class TESSERA_WIDGETS_EXPORT TMapPainting : public QObject {
   /// Asks for a new picture.
   void SetShowSmallObjects(bool show);
 
+  /// A picture that takes longer than StepMs is made in steps, between which the control answers to events. Until it is
+  /// complete the one before stays, moved and scaled to the new view; what asks for a new picture meanwhile has it made
+  /// from the start. The events are those of a picture that is made at once, but others may come in between; displayed
+  /// objects are those that the new picture shows so far.
+  [[nodiscard]] bool GetPaintInSteps() const { return m_paintInSteps; }
+  void SetPaintInSteps(bool inSteps) { m_paintInSteps = inSteps; }
+  /// About how long a step takes, in milliseconds: an object is drawn in one go.
+  [[nodiscard]] int GetStepMs() const { return m_stepMs; }
+  void SetStepMs(int stepMs) { m_stepMs = stepMs; }
+
  private:
   TMapUpdates &m_map;
   TViewFlags &m_flags;
+  bool m_paintInSteps = false;
+  int m_stepMs = 50;
 };
 
 }  // namespace tessera

@@ -73,6 +73,7 @@ TTessera::TTessera(QWidget *parent, TPlace place) : TTesseraEvents(parent), d(st
 
 TTessera::~TTessera() {
   d->isBeingDestroyed = true;
+  d->steps.GiveUp();
   // As long as all of the map is still there.
   d->tools = std::make_unique<TMapToolsManager>();
   GuardedCall([this] { d->layers->AnnounceEnd(); });

@@ -241,7 +241,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   const TObjectStylePtr &GetDefaultStyle(TObjectFont font) const override;
 
   void SetView(double TViewport::*member, double value);
-  void PaintLayers();
+  void Resume();
 
   struct Private;
   std::unique_ptr<Private> d;

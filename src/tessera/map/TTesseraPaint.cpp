@@ -1,35 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The painting of the map: when which of the two pictures is made anew.
-#include <tessera/base/DebugTrace.h>
 #include <tessera/base/GuardedCall.h>
 #include <tessera/map/detail/TesseraPrivate.h>
-#include <tessera/objects/TMapScopes.h>
 
 #include <QPaintEvent>
-#include <QTime>
 
 namespace tessera {
-namespace {
-
-/// Directs drawing to the off-screen picture as long as it lives.
-class BusyScope {
- public:
-  explicit BusyScope(TTessera &map) : m_map(map) { m_map.SetIsBusy(true); }
-  ~BusyScope() { m_map.SetIsBusy(false); }
-  BusyScope(const BusyScope &) = delete;
-  BusyScope &operator=(const BusyScope &) = delete;
-
- private:
-  TTessera &m_map;
-};
-
-void ResetTools(TCanvas &canvas, TColor color) {
-  canvas.Pen().SetMode(TPenMode::pmCopy);
-  canvas.Brush().SetStyle(TBrushStyle::bsSolid);
-  canvas.Brush().SetColor(color);
-}
-
-}  // namespace
 
 TCanvas &TTessera::GetCanvas() {
   return d->isBusy ? d->pictures.MapCanvas() : d->pictures.ScreenCanvas();
@@ -45,12 +21,17 @@ void TTessera::Invalidate() {
 
 void TTessera::SetIsBusy(bool isBusy) {
   d->isBusy = isBusy;
-  if (!isBusy) d->pictures.RepeatRequest();
+  if (!isBusy) Resume();
 }
 
 void TTessera::SetInUpdate(bool inUpdate) {
   d->inUpdate = inUpdate;
-  if (!inUpdate) d->pictures.RepeatRequest();
+  if (!inUpdate) Resume();
+}
+
+void TTessera::Resume() {
+  d->pictures.RepeatRequest();
+  d->steps.Resume();
 }
 
 void TTessera::Paint() {
@@ -58,46 +39,20 @@ void TTessera::Paint() {
   if (d->inUpdate || size().isEmpty()) return;
   d->pictures.SetRepaintDone();
   if (d->modified || !d->pictures.IsMapFitting()) {
-    GuardedCall([this] { PaintMapToBitmap(); });
+    const bool isComplete = d->steps.Begin();
     d->modified = false;
+    // Of the same view, what stands on the screen is nearer to the new picture than the last one is.
+    if (!isComplete && d->pictures.IsScreenOf(GetViewport())) return;
   }
   PaintBitmapToMapCanvas();
 }
 
 void TTessera::PaintMapToBitmap() {
-  const QTime start = QTime::currentTime();
-  QTime end;
-  {
-    const BusyScope busy(*this);
-    d->displayed->Clear();
-    d->pictures.FitMap(d->color);
-    ResetTools(GetCanvas(), d->color);
-    GetCanvas().FillRect(rect());
-    if (d->layers->GetCount() == 0) return;
-    PaintLayers();
-    end = QTime::currentTime();
-    Q_EMIT OnPaint(this);
-  }
-  const QTime elapsed = QTime(0, 0).addMSecs(start.msecsTo(end));
-  DebugTrace(QStringLiteral("DrawTime = %s"), {elapsed.toString(QStringLiteral("ss:zzz"))});
-}
-
-void TTessera::PaintLayers() {
-  {
-    TProgressScope progress(*this, 0, d->layers->GetCount() - 1, QString());
-    d->substrates->Paint();
-    // A handler may have taken layers away.
-    for (int i = 0; i < d->layers->GetCount(); ++i) {
-      d->layers->GetLayer(i)->Paint();
-      progress.Show(i);
-    }
-    ResetTools(GetCanvas(), d->color);
-  }
-  Q_EMIT OnUpdate(this);
+  d->steps.MakeAtOnce();
 }
 
 void TTessera::PaintBitmapToMapCanvas() {
-  d->pictures.DrawMap(GetCanvas());
+  d->pictures.DrawMap(GetCanvas(), GetViewport(), d->color);
   if (d->flags.FastSelection) {
     for (TCustomMapObject *object : d->selection->Items()) object->DrawSelection();
   }

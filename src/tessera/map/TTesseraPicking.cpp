@@ -40,14 +40,16 @@ class Pick {
   TBounds m_box{};
 };
 
-/// The objects of a layer that the picture shows and that are hit, in the order of the displayed objects.
-std::vector<TCustomMapObject *> HitsIn(const TMapLayer &layer, const TDisplayedObjects &displayed, const Pick &pick) {
+/// The objects of a layer that the picture shows and that are hit, in the order of the displayed objects. As long as
+/// the picture is not complete, `displayed` is none, and all that can be in it are asked in their own order.
+std::vector<TCustomMapObject *> HitsIn(const TMapLayer &layer, const TDisplayedObjects *displayed, const Pick &pick) {
+  if (!displayed && !(layer.GetVisible() && layer.ValidZoom())) return {};
   TCardinalArray near;
   layer.GetIdsNear(pick.GetPoint(), pick.GetTolerancePx(), near);
   std::vector<std::pair<int, TCustomMapObject *>> hits;
   for (const std::uint32_t id : near.Ids()) {
     TCustomMapObject *object = layer.GetObjects(int(id));
-    const int place = displayed.IndexOf(object);
+    const int place = displayed ? displayed->IndexOf(object) : int(id);
     if (place >= 0 && pick.Hits(*object)) hits.emplace_back(place, object);
   }
   // The spatial index may have had them drawn in an order of its own.
@@ -65,7 +67,8 @@ QString NameOf(const TMapLayers &layers, int index) {
 }  // namespace
 
 void TTessera::SelectObjectAt(double x, double y, bool exclusive) {
-  if (d->displayed->GetCount() == 0) return;
+  const TDisplayedObjects *displayed = d->steps.IsAtWork() ? nullptr : d->displayed.get();
+  if (displayed && displayed->GetCount() == 0) return;
   const int skipped = d->ctrlClickCount;
   const int top = d->layers->GetCount() - 1 - skipped;
   DebugTrace(QStringLiteral("Start Searching Object From Layer %S To Layer %S"),
@@ -77,7 +80,7 @@ void TTessera::SelectObjectAt(double x, double y, bool exclusive) {
   for (int i = std::min(top, d->layers->GetCount() - 1); i >= 0 && hit == nullptr; --i) {
     const TMapLayer &layer = *d->layers->GetLayer(i);
     if (!layer.GetSelectable()) continue;
-    const std::vector<TCustomMapObject *> hits = HitsIn(layer, *d->displayed, pick);
+    const std::vector<TCustomMapObject *> hits = HitsIn(layer, displayed, pick);
     if (!hits.empty()) hit = hits.front();
   }
   if (hit == nullptr) return d->selection->Clear();
@@ -90,7 +93,8 @@ void TTessera::SelectObjectAt(double x, double y, bool exclusive) {
 }
 
 void TTessera::SelectObjectsAt(double x, double y, bool clearFirst) {
-  if (d->displayed->GetCount() == 0) return;
+  const TDisplayedObjects *displayed = d->steps.IsAtWork() ? nullptr : d->displayed.get();
+  if (displayed && displayed->GetCount() == 0) return;
   {
     const TProgressScope progress(*this, 0, 0, QString());
     if (clearFirst) d->selection->Clear();
@@ -100,7 +104,7 @@ void TTessera::SelectObjectsAt(double x, double y, bool clearFirst) {
     for (int i = d->layers->GetCount() - 1; i >= 0; --i) {
       const TMapLayer &layer = *d->layers->GetLayer(i);
       if (!layer.GetSelectableFlag()) continue;
-      for (TCustomMapObject *object : HitsIn(layer, *d->displayed, pick)) hits.emplace_back(object);
+      for (TCustomMapObject *object : HitsIn(layer, displayed, pick)) hits.emplace_back(object);
     }
     for (const auto &object : hits) {
       // A handler may have destroyed the object or taken it off the map.

@@ -40,24 +40,35 @@ void LayerPainter::Expect(std::span<const std::uint32_t> ids, std::size_t i) con
   if (i + VerticesAhead < ids.size()) m_store.ExpectVertices(ids[i + VerticesAhead]);
 }
 
-void LayerPainter::Paint(std::span<const std::uint32_t> ids, Order order) {
-  for (std::size_t i = 0; i < ids.size(); ++i) {
+std::size_t LayerPainter::Paint(std::span<const std::uint32_t> ids, Order order, const QDeadlineTimer &until) {
+  // To look at the clock takes longer than many an object.
+  constexpr std::size_t CheapOnes = 256;
+  const bool isInStep = !until.isForever();
+  std::size_t i = 0;
+  for (bool isOver = false; i < ids.size() && !isOver; ++i) {
     if (order == Order::Scattered) Expect(ids, i);
     const std::uint32_t id = ids[i];
-    TCustomMapObject &object = *m_store.Items()[id];
-    const ObjectStore::Extent extent = m_store.ExtentOf(id);
-    if (IsPassedOver(extent, object)) {
-      PassOver(object, extent);
-    } else if (m_stampsSymbols && extent.look == Look::Sign) {
-      PaintSymbol(static_cast<TSymbol &>(object));
-    } else {
-      PaintAlone(object);
-    }
+    const Cost cost = PaintNext(*m_store.Items()[id], m_store.ExtentOf(id));
+    isOver = isInStep && (cost == Cost::Unknown || (i + 1) % CheapOnes == 0) && until.hasExpired();
   }
   FlushSymbols();
   FlushDots();
   // The tools stay in the canvas as the last object leaves them.
   if (m_lastPassed) m_lastPassed->AssignToolsToCanvas(m_map.GetCanvas());
+  return i;
+}
+
+LayerPainter::Cost LayerPainter::PaintNext(TCustomMapObject &object, const ObjectStore::Extent &extent) {
+  if (IsPassedOver(extent, object)) {
+    PassOver(object, extent);
+    return Cost::Low;
+  }
+  if (m_stampsSymbols && extent.look == Look::Sign) {
+    PaintSymbol(static_cast<TSymbol &>(object));
+    return Cost::Low;
+  }
+  PaintAlone(object);
+  return Cost::Unknown;
 }
 
 void LayerPainter::PassOver(TCustomMapObject &object, const ObjectStore::Extent &extent) {

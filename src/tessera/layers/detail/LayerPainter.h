@@ -6,6 +6,8 @@
 #include <tessera/objects/TMapObjectsList.h>
 #include <tessera/objects/TSymbol.h>
 
+#include <QDeadlineTimer>
+
 #include <array>
 
 namespace tessera::detail {
@@ -20,7 +22,8 @@ class LayerPainter {
   /// The order in which objects are drawn: that of their list, or another, in which they do not follow each other in
   /// the memory.
   enum class Order { List, Scattered };
-  void Paint(std::span<const std::uint32_t> ids, Order order);
+  /// Draws one object at least, and stops soon after a time. Answers how many are drawn, in full.
+  std::size_t Paint(std::span<const std::uint32_t> ids, Order order, const QDeadlineTimer &until);
 
  private:
   /// The look of a symbol, and what draws it.
@@ -44,6 +47,9 @@ class LayerPainter {
   [[nodiscard]] bool IsPassedOver(const ObjectStore::Extent &extent, const TCustomMapObject &object);
   void PassOver(TCustomMapObject &object, const ObjectStore::Extent &extent);
   void FlushDots();
+  enum class Cost { Low, Unknown };
+  /// Draws the object or notes how it is to be drawn; tells of one that has drawn itself, which may take long.
+  Cost PaintNext(TCustomMapObject &object, const ObjectStore::Extent &extent);
   void PaintAlone(TCustomMapObject &object);
   void PaintSymbol(TSymbol &symbol);
   /// Turns the symbols of a block into places of stamps.

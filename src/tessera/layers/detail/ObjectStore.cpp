@@ -141,6 +141,7 @@ void ObjectStore::Append(Owned object) {
 
 void ObjectStore::Insert(std::size_t index, Owned object) {
   CloseGaps();
+  ++m_order;
   NoteSlot(*object, index);
   if (index < m_extents.size()) {
     m_extents.insert(m_extents.begin() + std::ptrdiff_t(index), MeasureExtent(*object));
@@ -162,12 +163,14 @@ ObjectStore::Owned ObjectStore::Take(const TCustomMapObject &object) {
   if (slot == NoSlot) return nullptr;
   Owned taken = std::move(m_objects[slot]);
   ++m_gaps;
+  ++m_order;
   DropGapsAtTheEnd();
   return taken;
 }
 
 void ObjectStore::Move(std::size_t from, std::size_t to) {
   CloseGaps();
+  ++m_order;
   ForgetRows();
   MoveEntry(m_objects, from, to);
   if (std::max(from, to) < m_extents.size()) {
@@ -179,6 +182,7 @@ void ObjectStore::Move(std::size_t from, std::size_t to) {
 
 void ObjectStore::Merge(std::vector<std::pair<std::size_t, Owned>> &&objects) {
   CloseGaps();
+  ++m_order;
   std::vector<Owned> merged;
   std::vector<Extent> extents;
   merged.reserve(m_objects.size() + objects.size());

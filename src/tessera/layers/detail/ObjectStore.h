@@ -32,6 +32,8 @@ class TESSERA_CORE_EXPORT ObjectStore {
   [[nodiscard]] std::size_t GetCount() const { return m_objects.size() - m_gaps; }
   [[nodiscard]] std::span<const Owned> Items() const;
   [[nodiscard]] TCustomMapObject *Last() const { return m_objects.back().get(); }
+  /// As long as it stays the same, each object stands where it stood; others may have been appended.
+  [[nodiscard]] std::uint64_t GetOrder() const { return m_order; }
   void Reserve(std::size_t count) { m_objects.reserve(m_objects.size() + count); }
   /// Where the object stands; GetCount when it does not.
   [[nodiscard]] std::size_t IndexOf(const TCustomMapObject &object) const;
@@ -136,6 +138,7 @@ class TESSERA_CORE_EXPORT ObjectStore {
   RoundedBox m_common = NoBox;             // around all extents there were
   std::optional<int> m_pickReachPx = 0;    // never shrinks
   mutable std::size_t m_gaps = 0;
+  std::uint64_t m_order = 0;                         // counts what may have moved objects
   mutable std::size_t m_shift = 0;                   // how far the object found last had moved; below 0 it wraps around
   std::vector<THandle<TCustomMapObject>> m_changed;  // those whose box is out of date, and perhaps others
 };

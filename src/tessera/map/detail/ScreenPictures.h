@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tessera/geometry/TViewport.h>
 #include <tessera/graphics/TCanvas.h>
 
 #include <QWidget>
@@ -14,6 +15,8 @@ namespace tessera::detail {
 ///
 /// Whatever is drawn on the screen picture is shown at once: the rectangle that its canvas tells of is shown anew, and
 /// no more than that. Drawing on the off-screen picture shows nothing by itself.
+///
+/// While the off-screen picture is being made in steps, the last one that was completed is kept, to be shown meanwhile.
 class ScreenPictures {
  public:
   explicit ScreenPictures(QWidget &control);
@@ -24,13 +27,20 @@ class ScreenPictures {
   /// Whether a picture has the size of the control and the resolution of its screen.
   [[nodiscard]] bool IsMapFitting() const { return IsFitting(m_map); }
   [[nodiscard]] bool IsScreenFitting() const { return IsFitting(m_screen); }
-  /// Make a picture fit that does not; it is then all background.
-  void FitMap(TColor background) { Fit(m_map, background); }
-  void FitScreen(TColor background) { Fit(m_screen, background); }
+  /// Makes the screen picture fit if it does not; it is then all background.
+  void FitScreen(TColor background);
 
-  /// Draws the off-screen picture on a canvas, which may be its own.
-  void DrawMap(TCanvas &canvas) const { canvas.Draw(0, 0, m_map); }
-  /// The off-screen picture by itself, of the control's size.
+  enum class Making { AtOnce, InSteps };
+  /// The off-screen picture is made anew, for a view. It is made to fit if it does not, and is then all background.
+  void BeginMap(const TViewport &view, TColor background, Making making);
+  /// The off-screen picture is complete, or will not be made any further.
+  void EndMap() { m_isMapComplete = true; }
+  /// Draws the off-screen picture on a canvas, which may be its own; while it is not complete, the one before, moved
+  /// and scaled to a view, with the background where nothing is.
+  void DrawMap(TCanvas &canvas, const TViewport &view, TColor background);
+  /// Whether DrawMap has last drawn for this view on the screen picture.
+  [[nodiscard]] bool IsScreenOf(const TViewport &view) const { return m_screenView == view; }
+  /// The off-screen picture that was completed last, of the control's size.
   [[nodiscard]] TBitmap CopyOfMap() const;
 
   /// Has the control repainted, whole. The request stands until the repaint is done, however many paint events pass by.
@@ -47,11 +57,17 @@ class ScreenPictures {
  private:
   [[nodiscard]] bool IsFitting(const TBitmap &picture) const;
   void Fit(TBitmap &picture, TColor background);
+  void DrawLast(TCanvas &canvas, const TViewport &view, TColor background) const;
   void NoteChange(const QRect &changed);
 
   QWidget &m_control;
   TBitmap m_map;
+  TViewport m_mapView;
+  bool m_isMapComplete = true;
+  TBitmap m_last;  // the one completed before, while the other is not
+  TViewport m_lastView;
   TBitmap m_screen;
+  TViewport m_screenView;
   TCanvas m_mapCanvas{&m_map};
   TCanvas m_screenCanvas{&m_screen};
   QRect m_changed;            // of the screen picture, since it was last shown

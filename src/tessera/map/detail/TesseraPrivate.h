@@ -6,6 +6,7 @@
 #include <tessera/map/TTessera.h>
 #include <tessera/map/detail/InputRouter.h>
 #include <tessera/map/detail/MapRotation.h>
+#include <tessera/map/detail/PictureSteps.h>
 #include <tessera/map/detail/ScreenPictures.h>
 #include <tessera/objects/detail/ScreenOutliner.h>
 
@@ -17,7 +18,7 @@
 namespace tessera {
 
 struct TTessera::Private {
-  explicit Private(TTessera &map) : painting(map, flags), pictures(map), input(map) {}
+  explicit Private(TTessera &map) : painting(map, flags), pictures(map), steps(map, pictures), input(map) {}
 
   mutable TViewport viewport;  // follows the client size whenever it is asked for
   TViewFlags flags;
@@ -40,6 +41,7 @@ struct TTessera::Private {
   bool isBeingDestroyed = false;
 
   detail::ScreenPictures pictures;
+  detail::PictureSteps steps;
   detail::InputRouter input;
   QSharedPointer<TBitmap> selectionPattern;
   std::optional<detail::ScreenOutliner> outliner;
