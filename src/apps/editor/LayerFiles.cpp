@@ -43,6 +43,19 @@ FileQuestions::Unsaved AskAboutUnsaved(QWidget *parent, const TMapLayer &layer) 
   return answer == QMessageBox::Discard ? FileQuestions::Unsaved::Discard : FileQuestions::Unsaved::Cancel;
 }
 
+FileQuestions::Left AskAboutLeft(QWidget *parent, const QStringList &layers) {
+  QMessageBox dialog(QMessageBox::Question, LayerFiles::tr("Unsaved changes"),
+                     LayerFiles::tr("The editor came to a sudden end before these layers were saved. Restore them?"),
+                     QMessageBox::NoButton, parent);
+  dialog.setInformativeText(layers.join(u'\n'));
+  const QPushButton *restore = dialog.addButton(LayerFiles::tr("&Restore"), QMessageBox::AcceptRole);
+  const QPushButton *discard = dialog.addButton(LayerFiles::tr("&Discard"), QMessageBox::DestructiveRole);
+  dialog.addButton(LayerFiles::tr("Ask &later"), QMessageBox::RejectRole);
+  dialog.exec();
+  if (dialog.clickedButton() == restore) return FileQuestions::Left::Restore;
+  return dialog.clickedButton() == discard ? FileQuestions::Left::Discard : FileQuestions::Left::Keep;
+}
+
 }  // namespace
 
 WaitCursor::WaitCursor() {
@@ -71,6 +84,7 @@ LayerFiles::LayerFiles(QWidget &window, TTessera &map)
   m_questions.whereToSave = [this](const TMapLayer &layer) {
     return AskForFileToWrite(&m_window, tr("Save layer as"), ProposeFileFor(layer), MapFilters());
   };
+  m_questions.aboutLeft = [this](const QStringList &layers) { return AskAboutLeft(&m_window, layers); };
   // However a layer comes to be deleted.
   connect(&map, &TTessera::OnBeforeDelLayer, this,
           [this](TTessera *, TMapLayer *layer, bool confirmDelete, bool &allowDelete) {
@@ -145,6 +159,7 @@ bool LayerFiles::SaveTo(TMapLayer &layer, const QString &fileName) {
     return false;
   }
   const WaitCursor cursor;
+  Q_EMIT Saving(layer);
   const TSavedFile saved = SaveMapFile(layer, fileName);
   for (const QString &warning : saved.warnings) Q_EMIT Failed(warning);
   if (!saved.error.isEmpty()) {
@@ -152,6 +167,7 @@ bool LayerFiles::SaveTo(TMapLayer &layer, const QString &fileName) {
     return false;
   }
   m_unsaved.NoteSaved(layer);
+  Q_EMIT Saved(layer, fileName);
   Q_EMIT Done(tr("%1 is written").arg(name));
   Q_EMIT Used(fileName);
   return true;

@@ -20,6 +20,9 @@ struct FileQuestions {
   std::function<Unsaved(const TMapLayer &layer)> aboutUnsaved;
   /// The file to write a layer to; empty for none.
   std::function<QString(const TMapLayer &layer)> whereToSave;
+  enum class Left { Restore, Discard, Keep };
+  /// What to do about unsaved changes of these layers, which a run that came to a sudden end has left.
+  std::function<Left(const QStringList &layers)> aboutLeft;
 };
 
 /// Opens, saves and closes the layers of the editor's map, and asks before anything is lost.
@@ -59,6 +62,10 @@ class LayerFiles : public QObject {
   void Done(const QString &summary);
   /// One line about what went wrong, or what a file does not hold.
   void Failed(const QString &message);
+  /// A layer is going to be written.
+  void Saving(tessera::TMapLayer &layer);
+  /// It was written.
+  void Saved(tessera::TMapLayer &layer, const QString &fileName);
   /// A file that was opened or written whole.
   void Used(const QString &fileName);
   /// A file is being opened, so far up to a percentage.

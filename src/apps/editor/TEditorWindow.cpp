@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/PictureFile.h>
+#include <apps/editor/EditRecovery.h>
 #include <apps/editor/EditorTools.h>
 #include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
@@ -60,6 +61,7 @@ TEditorWindow::TEditorWindow(QWidget *parent)
       m_undoStack(new QUndoStack(this)),
       m_messageBar(new MessageBar),
       m_files(new LayerFiles(*this, *m_map)),
+      m_recovery(new EditRecovery(*m_map, *m_files)),
       m_tools(new EditorTools(*m_map, this)),
       m_docks(new LayerDocks(*this, *m_map)),
       m_statusPanel(new StatusPanel(*m_map)),
@@ -73,6 +75,7 @@ TEditorWindow::TEditorWindow(QWidget *parent)
   MakeMenus();
   connect(m_files, &LayerFiles::Done, m_statusPanel, &StatusPanel::SetSummary);
   connect(m_files, &LayerFiles::Failed, m_messageBar, &MessageBar::Post);
+  connect(m_recovery, &EditRecovery::Failed, m_messageBar, &MessageBar::Post);
   FollowUnsaved();
   connect(m_files, &LayerFiles::Used, m_recent, &RecentFiles::Add);
   connect(m_recent, &RecentFiles::Chosen, m_files, [this](const QString &file) { m_files->Open({file}); });

@@ -8,6 +8,7 @@
 
 namespace tessera::apps {
 
+class EditRecovery;
 class EditorTools;
 class LayerFiles;
 class LayerDocks;
@@ -30,6 +31,8 @@ class TEditorWindow : public QMainWindow {
   [[nodiscard]] TTessera &GetMap() const { return *m_map; }
   /// Opening, saving and closing layers, with the questions that go with it.
   [[nodiscard]] LayerFiles &GetFiles() const { return *m_files; }
+  /// What keeps edits safe from a sudden end.
+  [[nodiscard]] EditRecovery &GetRecovery() const { return *m_recovery; }
   [[nodiscard]] EditorTools &GetTools() const { return *m_tools; }
   [[nodiscard]] MessageBar &GetMessageBar() const { return *m_messageBar; }
   /// The edits of the map's layers and objects; clean when all is saved.
@@ -83,6 +86,7 @@ class TEditorWindow : public QMainWindow {
   QUndoStack *m_undoStack;
   MessageBar *m_messageBar;
   LayerFiles *m_files;
+  EditRecovery *m_recovery;
   EditorTools *m_tools;
   LayerDocks *m_docks;
   StatusPanel *m_statusPanel;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/ProgramSetup.h>
+#include <apps/editor/EditRecovery.h>
 #include <apps/editor/LayerFiles.h>
 #include <apps/editor/TEditorWindow.h>
 
@@ -40,6 +41,7 @@ int main(int argc, char **argv) {
   const tessera::apps::TStandardProviders providers;
   tessera::apps::TEditorWindow window;
   window.show();
+  QTimer::singleShot(0, &window, [&window] { window.GetRecovery().Offer(); });
   const QStringList files = parser.positionalArguments();
   if (!files.isEmpty()) OpenOnceShown(window, files);
   return QApplication::exec();

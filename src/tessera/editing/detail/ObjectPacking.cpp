@@ -242,6 +242,10 @@ std::unique_ptr<TCustomMapObject> UnpackObject(QDataStream &stream) {
 
 }  // namespace
 
+bool CanPack(const TCustomMapObject &object) {
+  return FindKind(object) != nullptr;
+}
+
 QByteArray PackObjects(std::span<TCustomMapObject *const> objects) {
   QByteArray bytes;
   QDataStream stream(&bytes, QIODevice::WriteOnly);

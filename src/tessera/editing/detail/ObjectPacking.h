@@ -15,6 +15,9 @@ namespace tessera::detail {
 /// left out.
 [[nodiscard]] QByteArray PackObjects(std::span<TCustomMapObject *const> objects);
 
+/// Whether PackObjects packs it.
+[[nodiscard]] bool CanPack(const TCustomMapObject &object);
+
 /// What PackObjects has packed, in no layer and with columns of their own. @throws EConvertError for any other bytes,
 /// but for what might have been packed.
 [[nodiscard]] std::vector<std::unique_ptr<TCustomMapObject>> UnpackObjects(const QByteArray &bytes);

@@ -25,7 +25,7 @@ namespace detail {
 ///
 /// The header and its oddities are intended to the last character: a Float column loses its name, a date column is the
 /// word Date alone, a boolean column is counted but has no line, and the small integers miss a letter.
-class MifWriter {
+class TESSERA_CORE_EXPORT MifWriter {
  public:
   /// What is given must outlive the writer.
   MifWriter(const TMapLayer &layer, ByteOutput &mif, ByteOutput &mid, TFormatReport &report);

@@ -12,6 +12,7 @@ namespace tessera::detail {
 /// The map that a layer is on while it is loaded in a thread of its own: what a reader asks of a map is as it was on
 /// the user's when the loading began, nothing is drawn, and nobody hears of events. A run that is cancelled ends when
 /// the reader tells of progress or adds an object.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nothing can be derived from it
 class LoadingHost final : public TMapHost {
  public:
   /// @pre both outlive this, the map the constructor only

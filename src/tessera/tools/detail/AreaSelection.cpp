@@ -16,7 +16,7 @@ namespace {
 int ReachPx(const TTessera &map, const TBounds &box) {
   const double half = std::max(box.MaxX - box.MinX, box.MaxY - box.MinY) / 2;
   const double px = std::ceil(half * std::fabs(double(map.GetViewport().GetScale().Kx))) + 1;
-  return int(std::min(px, double(std::numeric_limits<int>::max() / 2)));
+  return int(std::min(px, std::numeric_limits<int>::max() / 2.0));
 }
 
 /// The objects of a layer in the area, in order. Its own box is asked for, and not GetAllIdsInRect, for that passes
