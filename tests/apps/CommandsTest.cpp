@@ -54,7 +54,7 @@ class RenderCommandTest : public testing::Test {
   TProgramRun Render(const char *files, const char *options = "", const char *size = "--size 216x116") {
     QStringList arguments = Words("render") + Words(size) + QStringList{QStringLiteral("--out"), picture};
     for (const QString &file : Words(files)) arguments.append(MapFileNamed(file.toLatin1().constData()));
-    const TProgramRun run = RunTessera(arguments + Words(options));
+    TProgramRun run = RunTessera(arguments + Words(options));
     image = QImage(picture).convertToFormat(QImage::Format_ARGB32);
     return run;
   }

@@ -14,7 +14,8 @@
 namespace tessera::test {
 namespace {
 
-using namespace apps;
+using apps::HoldsOnlyPlainShapes;
+using apps::TMapInfoFiles;
 
 constexpr const char *Header =
     "Version 300\nCharset \"WindowsCyrillic\"\nDelimiter \",\"\nCoordSys Earth Projection 1, 0\n"

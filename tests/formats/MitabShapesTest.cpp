@@ -13,7 +13,13 @@
 namespace tessera::test {
 namespace {
 
-using namespace detail;
+using detail::CircleThrough;
+using detail::IslandsOf;
+using detail::MitabText;
+using detail::RoundBounds;
+using detail::TextAnchor;
+using detail::TextCorner;
+using detail::UsualCharset;
 
 std::vector<TMapPoint> Ring(TMapPoint center, double radiusX, double radiusY, int count) {
   std::vector<TMapPoint> points;
