@@ -91,7 +91,8 @@ class RandomEdits {
         &RandomEdits::Add,      &RandomEdits::Add,      &RandomEdits::Delete,  &RandomEdits::Delete,
         &RandomEdits::Reorder,  &RandomEdits::Move,     &RandomEdits::Reshape, &RandomEdits::Restyle,
         &RandomEdits::SetValue, &RandomEdits::SetValue, &RandomEdits::SetOwn,  &RandomEdits::Columns,
-        &RandomEdits::Layers,   &RandomEdits::Switches, &RandomEdits::Copy,    &RandomEdits::SeveralAsOne};
+        &RandomEdits::Layers,   &RandomEdits::Switches, &RandomEdits::Copy,    &RandomEdits::SeveralAsOne,
+        &RandomEdits::Transform};
     (this->*Kinds[m_random.Whole(0, int(std::size(Kinds)) - 1)])();
     m_host.TakeEvents();
   }
@@ -179,6 +180,14 @@ class RandomEdits {
     Edits().ReorderObject(layer, layer.IndexOf(object), m_random.Whole(0, layer.GetObjectCount() - 1));
   }
   void Move() { Edits().MoveObjects(Some(), m_random.Real(-9, 9), m_random.Real(-9, 9)); }
+  void Transform() {
+    const TMapPoint about{m_random.Real(-50, 150), m_random.Real(-50, 150)};
+    const bool isFlat = m_random.Whole(0, 9) == 0;
+    const double factor = m_random.Real(-1.4, 1.4);
+    Edits().TransformObjects(Some(), m_random.Whole(0, 1) == 0
+                                         ? TMapTransform::Rotation(90 * factor, about)
+                                         : TMapTransform::Scaling(isFlat ? 0 : factor, 1 / factor, about));
+  }
   void Reshape() {
     TCustomMapObject *object = Object();
     if (dynamic_cast<TPolyline *>(object) == nullptr && dynamic_cast<TRegion *>(object) == nullptr) return;
@@ -276,6 +285,7 @@ class RandomEditsTest : public TEditingFixture {
   /// The files that all layers are saved to, one after the other.
   QByteArray Saved() {
     QByteArray all;
+    host.GetCanvas().Font() = TFont();  // with which texts are measured, whatever was drawn last
     for (const auto &each : layers.Items()) {
       provider.Save(each.get(), PathOf(QStringLiteral("a.mif")));
       all += ReadFile(QStringLiteral("a.mif")) + ReadFile(QStringLiteral("a.mid"));

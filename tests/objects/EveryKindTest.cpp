@@ -84,6 +84,75 @@ TEST(CloneTest, LooksAndAnswersAsItsModelAndIsItsOwn) {
   }
 }
 
+/// What a transform may change, rounded.
+std::string Figure(const TCustomMapObject &object) {
+  const bool isPoint = dynamic_cast<const TSprite *>(&object) != nullptr;  // whose bounds stay behind
+  const TMapPoint place = object.GetParts().GetFirst().GetPoints().GetPoint(0);
+  const TBounds box = isPoint ? TBounds{place.X, place.Y, place.X, place.Y} : object.GetBounds();
+  QString text = QString::asprintf("%.3f,%.3f %.3f,%.3f", box.MinX, box.MinY, box.MaxX, box.MaxY);
+  if (const auto *label = dynamic_cast<const TText *>(&object)) {
+    text += QString::asprintf(" %.3f x %.3f at %.1f", label->GetWidth(), label->GetHeight(), label->GetAngle());
+  }
+  return text.replace(QStringLiteral(".000"), QString())
+      .replace(QStringLiteral("-0,"), QStringLiteral("0,"))
+      .toStdString();
+}
+
+TEST(TransformTest, MovesScalesAndTurnsEachKindAsItCan) {
+  const TMapPoint at{20, 30};
+  struct Case {
+    TMapTransform transform;
+    /// Of region and polyline, circle, rectangle, symbol, text and sprite.
+    std::vector<std::string> figures;
+  };
+  const Case cases[] = {
+      {TMapTransform::Translation(5, -5),
+       {"25,25 65,65", "25,25 65,65", "5,5 45,45", "25,25 65,65", "25,25 25,25", "25,25 25,25 40 x 40 at 0.0",
+        "25,25 25,25"}},
+      {TMapTransform::Scaling(4, 1, at),
+       {"20,30 180,70", "20,30 180,70", "-20,-10 60,70", "20,30 180,70", "20,30 20,30", "20,30 20,30 160 x 40 at 0.0",
+        "20,30 20,30"}},
+      {TMapTransform::Scaling(-1, 1, at),
+       {"-20,30 20,70", "-20,30 20,70", "0,10 40,50", "-20,30 20,70", "20,30 20,30", "-20,30 -20,30 40 x 40 at 0.0",
+        "20,30 20,30"}},
+      {TMapTransform::Rotation(-270, {0, 30}),
+       {"-40,50 0,90", "-40,50 0,90", "-20,30 20,70", "-40,50 0,90", "0,50 0,50", "-40,10 -40,10 40 x 40 at 90.0",
+        "0,50 0,50"}},
+      {TMapTransform::Rotation(45, {40, 50}),
+       {"11.716,21.716 68.284,78.284", "11.716,21.716 68.284,78.284", "20,1.716 60,41.716", "20,30 60,70",
+        "40,21.716 40,21.716", "11.716,10 11.716,10 40 x 40 at 45.0", "40,21.716 40,21.716"}},
+      {TMapTransform::Scaling(0, 0, at),
+       {"20,30 20,30", "20,30 20,30", "20,30 20,30", "20,30 20,30", "20,30 20,30", "20,30 20,30 0 x 0 at 0.0",
+        "20,30 20,30"}}};
+  for (const Case &one : cases) {
+    const Objects all = EveryKindAt(at, 40);
+    static_cast<TText &>(*all[5]).SetAngle(0);
+    std::vector<std::string> figures;
+    for (const auto &object : all) {
+      object->Transform(one.transform);
+      figures.push_back(Figure(*object));
+    }
+    EXPECT_EQ(figures, one.figures);
+  }
+}
+
+TEST(TransformTest, MovesTheCentresOfCirclesOnTheGroundAndScalesTheirRadii) {
+  TGeoCircle ring;
+  ring.SetCenterX(20), ring.SetCenterY(30);
+  geocircle::TGeoCircle alone;
+  alone.SetX(20), alone.SetY(30);
+  for (const auto &transform : {TMapTransform::Scaling(4, -1, {10, 30}), TMapTransform::Rotation(90, {40, 30})}) {
+    ring.Transform(transform);
+    alone.Transform(transform);
+  }
+  EXPECT_EQ((TMapPoint{ring.GetCenterX(), ring.GetCenterY()}), (TMapPoint{40, 40}));
+  EXPECT_EQ((TMapPoint{alone.GetX(), alone.GetY()}), (TMapPoint{40, 40}));
+  EXPECT_EQ(ring.GetRadius(), 2 * TGeoCircle::DefaultRadius);
+  EXPECT_EQ(alone.GetRadius(), 2 * TGeoCircle::DefaultRadius);
+  EXPECT_TRUE(ring.ContainsPoint(40, 41.7));
+  EXPECT_TRUE(alone.ContainsPoint(40, 41.7));
+}
+
 /// A map whose picture is white.
 class FarOffTest : public testing::Test {
  protected:

@@ -135,6 +135,11 @@ void TMapEdits::MoveObjects(Objects objects, double dx, double dy) {
                 [dx, dy](TCustomMapObject &object) { object.MoveBy(dx, dy); });
 }
 
+void TMapEdits::TransformObjects(Objects objects, const TMapTransform &transform) {
+  ChangeObjects(objects, TObjectAspect::Geometry, tr("transform objects (%n)", nullptr, int(objects.size())),
+                [&transform](TCustomMapObject &object) { object.Transform(transform); });
+}
+
 void TMapEdits::SetGeometry(TCustomMapObject &object, TParts &parts) {
   const detail::BeforeEdit before = detail::NoteBefore(m_map);
   std::vector<detail::ObjectState> states;

@@ -66,6 +66,8 @@ class TESSERA_CORE_EXPORT TMapEdits {
   /// Moves an object in the order of its layer. @throws ERangeError outside the count.
   void ReorderObject(TMapLayer &layer, int curIndex, int newIndex);
   void MoveObjects(Objects objects, double dx, double dy);
+  /// Moves, scales and turns objects, each kind as it can (see their Transform). @pre the numbers are finite
+  void TransformObjects(Objects objects, const TMapTransform &transform);
   /// Takes over parts and bounds of another list, which is left empty. Costs nothing.
   void SetGeometry(TCustomMapObject &object, TParts &parts);
   void SetStyle(Objects objects, const TObjectStylePtr &style);

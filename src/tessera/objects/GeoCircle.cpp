@@ -64,6 +64,11 @@ void TGeoCircle::MoveBy(double dx, double dy) {
   RecalculatePoints();
 }
 
+void TGeoCircle::Transform(const TMapTransform &transform) {
+  m_centre = transform(m_centre);
+  SetRadius(m_radius * transform.GetMeanFactor());
+}
+
 void TGeoCircle::Draw() {
   constexpr int FewestPoints = 4;
   TCustomMapObject::Draw();

@@ -23,6 +23,8 @@ class TESSERA_CORE_EXPORT TGeoCircle : public TCustomMapObject {
   [[nodiscard]] std::unique_ptr<TObjectTraits> GetTraits() const override;
   void SetTraits(const TObjectTraits &traits) override;
   void MoveBy(double dx, double dy) override;
+  /// The centre goes along; the radius grows by the mean factor.
+  void Transform(const TMapTransform &transform) override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   /// Whether the point lies within the outline or on it.
   bool ContainsPoint(double x, double y) const override;

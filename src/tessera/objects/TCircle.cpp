@@ -38,6 +38,11 @@ std::unique_ptr<TCustomMapObject> TCircle::Clone() const {
   return CloneInto(std::move(copy));
 }
 
+void TCircle::Transform(const TMapTransform &transform) {
+  TCustomMapObject::Transform(transform);
+  SetRadius(m_radius * transform.GetMeanFactor());
+}
+
 struct TCircle::Traits : TObjectTraits {
   double radius;
 };

@@ -21,6 +21,8 @@ class TESSERA_CORE_EXPORT TCircle : public TCustomMapObject {
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   [[nodiscard]] std::unique_ptr<TObjectTraits> GetTraits() const override;
   void SetTraits(const TObjectTraits &traits) override;
+  /// The centre goes along; the radius grows by the mean factor.
+  void Transform(const TMapTransform &transform) override;
   void DrawSelection() override { DrawFigureAsSelection(); }
   /// The rim counts as inside.
   bool ContainsPoint(double x, double y) const override;

@@ -42,6 +42,19 @@ bool AnyVertex(const TCustomMapObject &object, Test test) {
   });
 }
 
+/// Puts `move` of each vertex in its place, and updates the bounds.
+template <typename Move>
+void MoveVertices(TCustomMapObject &object, Move move) {
+  TCustomMapObject moved;
+  for (const TPart &part : std::as_const(object).GetParts().Items()) {
+    TMapPoints &points = moved.GetParts().Add().GetPoints();
+    points.Reserve(std::size_t(part.GetPoints().GetCount()));
+    for (const TMapPoint &point : part.GetPoints().Points()) points.Add(move(point));
+  }
+  object.SetParts(moved.GetParts());
+  object.UpdateBounds();
+}
+
 }  // namespace
 
 TCustomMapObject::TCustomMapObject() : m_style(InitialStyle()) {}
@@ -156,14 +169,11 @@ void TCustomMapObject::UpdateBounds() {
 }
 
 void TCustomMapObject::MoveBy(double dx, double dy) {
-  TCustomMapObject moved;
-  for (const TPart &part : std::as_const(m_parts).Items()) {
-    TMapPoints &points = moved.m_parts.Add().GetPoints();
-    points.Reserve(std::size_t(part.GetPoints().GetCount()));
-    for (const TMapPoint &point : part.GetPoints().Points()) points.Add(point.X + dx, point.Y + dy);
-  }
-  SetParts(moved.m_parts);
-  UpdateBounds();
+  MoveVertices(*this, [dx, dy](const TMapPoint &point) { return TMapPoint{point.X + dx, point.Y + dy}; });
+}
+
+void TCustomMapObject::Transform(const TMapTransform &transform) {
+  MoveVertices(*this, transform);
 }
 
 void TCustomMapObject::Draw() {

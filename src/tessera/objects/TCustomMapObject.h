@@ -2,6 +2,7 @@
 #pragma once
 
 #include <tessera/data/TDataFields.h>
+#include <tessera/geometry/TMapTransform.h>
 #include <tessera/graphics/TRgn.h>
 #include <tessera/objects/TMapHost.h>
 #include <tessera/objects/TObjectLayer.h>
@@ -34,8 +35,7 @@ enum class TBoxContainment {
 /// selection, tools and queries ask. Here they are answered from the bounds and the vertices; kinds refine them.
 ///
 /// All coordinates are map units. Rectangle tests are inclusive and take (X1, Y1) as the lower and (X2, Y2) as the
-/// upper corner as given, without putting them in order. The layer owns the object; the map and the layer are only
-/// referred to. An object in a layer is on that layer's map.
+/// upper corner as given. The layer owns the object, which is then on the layer's map; it only refers to both.
 class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
  public:
   TCustomMapObject();
@@ -92,8 +92,9 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
   [[nodiscard]] virtual std::unique_ptr<TObjectTraits> GetTraits() const { return nullptr; }
   /// Takes over what GetTraits of an object of this kind gave, and touches neither tools nor vertices.
   virtual void SetTraits(const TObjectTraits & /*traits*/) {}
-  /// Moves all vertices, and gives the object bounds of its own.
+  /// Moves all vertices, and gives the object bounds of its own. A transformed object stays what its kind is.
   virtual void MoveBy(double dx, double dy);
+  virtual void Transform(const TMapTransform &transform);
   /// Which of the map's default fonts a new object of this kind gets.
   [[nodiscard]] virtual TObjectFont GetFontKind() const { return TObjectFont::Symbol; }
 
@@ -177,8 +178,7 @@ class TESSERA_CORE_EXPORT TCustomMapObject : public TFieldsOwner {
   [[nodiscard]] std::optional<TBounds> GetVertexExtent() const;
   /// The first part, which is made when missing.
   TPart &FirstPart();
-  /// Coordinates of the first vertex, for the kinds that stand on a point; the part and the vertex are made when
-  /// missing.
+  /// The first vertex, for the kinds that stand on a point; the part and the vertex are made when missing.
   [[nodiscard]] TMapPoint GetAnchor();
   void SetAnchorX(double x);
   void SetAnchorY(double y);

@@ -44,6 +44,13 @@ void TGeoCircle::MoveBy(double dx, double dy) {
   GeneratePoints();
 }
 
+void TGeoCircle::Transform(const TMapTransform &transform) {
+  const TMapPoint centre = transform({m_centerX, m_centerY});
+  m_centerX = centre.X;
+  m_centerY = centre.Y;
+  SetRadius(m_radius * transform.GetMeanFactor());
+}
+
 void TGeoCircle::SetCenterX(double longitude) {
   m_centerX = longitude;
   GeneratePoints();

@@ -22,6 +22,8 @@ class TESSERA_CORE_EXPORT TGeoCircle : public TRegion {
   [[nodiscard]] std::unique_ptr<TObjectTraits> GetTraits() const override;
   void SetTraits(const TObjectTraits &traits) override;
   void MoveBy(double dx, double dy) override;
+  /// The centre goes along; the radius grows by the mean factor.
+  void Transform(const TMapTransform &transform) override;
 
   /// Longitude of the centre, in degrees.
   [[nodiscard]] double GetCenterX() const { return m_centerX; }

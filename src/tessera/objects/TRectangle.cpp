@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <numeric>
 
 namespace tessera {
 namespace {
@@ -46,6 +48,16 @@ void TRectangle::SetCorner(int corner, double TMapPoint::*coordinate, double val
 
 std::unique_ptr<TCustomMapObject> TRectangle::Clone() const {
   return CloneInto(std::make_unique<TRectangle>());
+}
+
+void TRectangle::Transform(const TMapTransform &transform) {
+  if (transform.KeepsAxes()) return TCustomMapObject::Transform(transform);
+  const TBounds corners = GetCorners();
+  const TMapPoint centre{std::midpoint(corners.MinX, corners.MaxX), std::midpoint(corners.MinY, corners.MaxY)};
+  TCustomMapObject::Transform({.From = centre,
+                               .To = transform(centre),
+                               .XX = std::hypot(transform.XX, transform.YX),
+                               .YY = std::hypot(transform.XY, transform.YY)});
 }
 
 void TRectangle::Draw() {

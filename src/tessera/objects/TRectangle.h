@@ -20,6 +20,9 @@ class TESSERA_CORE_EXPORT TRectangle : public TCustomMapObject {
   void Draw() override;
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   void DrawSelection() override { DrawFigureAsSelection(); }
+  /// The corners go along where axes stay axes, as when it is scaled or turned by 90 degrees. Otherwise, since it
+  /// cannot be turned, its centre goes along, and width and height grow as what lies along the axes does.
+  void Transform(const TMapTransform &transform) override;
   /// Whether all corners of the bounds of `object` lie in the rectangle.
   bool Contains(const TCustomMapObject &object) const override;
   /// Whether some corner of the other rectangle lies in this one. One that crosses it without a corner inside does not

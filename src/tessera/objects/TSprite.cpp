@@ -124,6 +124,11 @@ void TSprite::MoveBy(double dx, double dy) {
   Move(at.X + dx, at.Y + dy);
 }
 
+void TSprite::Transform(const TMapTransform &transform) {
+  const TMapPoint to = transform(std::as_const(*this).GetAnchor());
+  Move(to.X, to.Y);
+}
+
 void TSprite::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();

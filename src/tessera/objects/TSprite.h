@@ -25,6 +25,8 @@ class TESSERA_CORE_EXPORT TSprite : public TCustomMapObject {
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   /// As Move; what the sprite shows is not undone.
   void MoveBy(double dx, double dy) override;
+  /// Moves it; the picture stays upright and as large as it is.
+  void Transform(const TMapTransform &transform) override;
   /// Whether the point lies, on the screen, within half the picture's size of the position along both axes. False
   /// without a map.
   bool ContainsPoint(double x, double y) const override;

@@ -36,6 +36,11 @@ std::uint32_t Distance(int a, int b) {
   return std::uint32_t(std::min<std::int64_t>(distance, UINT32_MAX - std::int64_t(1)));
 }
 
+/// From one direction to another, counter-clockwise.
+double TurnDeg(const TMapPoint &from, const TMapPoint &to) {
+  return std::atan2(from.X * to.Y - from.Y * to.X, from.X * to.X + from.Y * to.Y) * 180 / std::numbers::pi;
+}
+
 }  // namespace
 
 int TextEscapement(double angleDeg) {
@@ -188,6 +193,26 @@ void TText::SetTraits(const TObjectTraits &traits) {
   m_freezeFontSize = own.freezeFontSize;
 }
 
+void TText::Transform(const TMapTransform &transform) {
+  const auto middleFrom = [this](const TMapPoint &corner) {
+    const auto [along, down] = GetSides();
+    return TMapPoint{corner.X + (along.X + down.X) / 2, corner.Y + (along.Y + down.Y) / 2};
+  };
+  const TMapPoint anchor = std::as_const(*this).GetAnchor();
+  const TMapPoint middle = transform(middleFrom({anchor.X, anchor.Y + m_height}));
+  const double angle = m_angleDeg * std::numbers::pi / 180;
+  const TMapPoint along = transform.Turned({std::cos(angle), std::sin(angle)});
+  const TMapPoint down = transform.Turned({std::sin(angle), -std::cos(angle)});
+  if (!m_freezeFontSize) {
+    m_width *= std::hypot(along.X, along.Y);
+    m_height *= std::hypot(down.X, down.Y);
+  }
+  if (transform.GetDeterminant() > 0) m_angleDeg += TurnDeg({std::cos(angle), std::sin(angle)}, along);
+  const TMapPoint way = middleFrom({0, 0});
+  MoveTo(middle.X - way.X, middle.Y - way.Y - m_height);
+  if (!m_freezeFontSize) RecalcTextSize();
+}
+
 void TText::Draw() {
   TMapHost *map = GetMapHost();
   if (map == nullptr) return;
@@ -237,12 +262,16 @@ void TText::DrawSelection() {
   canvas.Pen().SetStyle(GetPen().GetStyle());
 }
 
-std::array<TPoint, 4> TText::GetTurnedBox() const {
+TText::Sides TText::GetSides() const {
   const double angle = m_angleDeg * std::numbers::pi / 180;
+  return {.along = {m_width * std::cos(angle), m_width * std::sin(angle)},
+          .down = {m_height * std::sin(angle), -m_height * std::cos(angle)}};
+}
+
+std::array<TPoint, 4> TText::GetTurnedBox() const {
   const TMapPoint anchor = GetAnchor();
   const TMapPoint corner{anchor.X, anchor.Y + m_height};
-  const TMapPoint along{m_width * std::cos(angle), m_width * std::sin(angle)};
-  const TMapPoint down{m_height * std::sin(angle), -m_height * std::cos(angle)};
+  const auto [along, down] = GetSides();
   const TMapPoint corners[] = {corner,
                                {corner.X + along.X, corner.Y + along.Y},
                                {corner.X + along.X + down.X, corner.Y + along.Y + down.Y},

@@ -29,6 +29,9 @@ class TESSERA_CORE_EXPORT TText : public TSymbol {
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
   [[nodiscard]] std::unique_ptr<TObjectTraits> GetTraits() const override;
   void SetTraits(const TObjectTraits &traits) override;
+  /// The middle of the turned box goes along, width and height grow as what lies along them does, and the angle turns
+  /// as the line of the text does; mirroring leaves the angle. With the font size frozen the size stays.
+  void Transform(const TMapTransform &transform) override;
   /// Fills the turned box.
   void DrawSelection() override;
   /// Whether the point lies, on the screen, in GetTextRect, borders included. False without a map.
@@ -80,6 +83,11 @@ class TESSERA_CORE_EXPORT TText : public TSymbol {
   struct Corners {
     TPoint lowerLeft, upperRight;
   };
+  /// The ways along the turned box, from its upper left corner.
+  struct Sides {
+    TMapPoint along, down;
+  };
+  [[nodiscard]] Sides GetSides() const;
   [[nodiscard]] Corners GetScreenBox() const;
   [[nodiscard]] std::array<TPoint, 4> GetTurnedBox() const;
   void FitFont(const Corners &corners);
