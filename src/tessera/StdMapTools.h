@@ -16,5 +16,6 @@
 #include <tessera/tools/TSelectionTool.h>
 #include <tessera/tools/TSymbolTool.h>
 #include <tessera/tools/TTextTool.h>
+#include <tessera/tools/TTransformTool.h>
 #include <tessera/tools/TZoomInTool.h>
 #include <tessera/tools/TZoomOutTool.h>

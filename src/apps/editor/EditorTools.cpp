@@ -20,6 +20,7 @@ struct ToolRow {
   std::unique_ptr<TCustomMapTool> (*make)();
   const char *icon;
   const char *text;
+  const char *statusTip = "";
 };
 
 /// In the order of the tool bar. The first nine have the shortcuts Ctrl+1 to Ctrl+9.
@@ -39,6 +40,9 @@ constexpr ToolRow Rows[] = {
     {Make<TCircleSelectionTool>, "select-circle", QT_TRANSLATE_NOOP("EditorTools", "Select &by circle")},
     {Make<TPolygonSelectionTool>, "select-polygon", QT_TRANSLATE_NOOP("EditorTools", "Select by polygo&n")},
     {Make<TMoveTool>, "move", QT_TRANSLATE_NOOP("EditorTools", "Mo&ve")},
+    {Make<TTransformTool>, "transform", QT_TRANSLATE_NOOP("EditorTools", "Sc&ale and turn"),
+     QT_TRANSLATE_NOOP("EditorTools",
+                       "Drag the handles around what is selected; Shift keeps proportions, or steps of 15 degrees")},
 };
 constexpr int LastDigit = 9;
 
@@ -50,6 +54,7 @@ EditorTools::EditorTools(TTessera &map, QObject *parent)
   for (const ToolRow &row : Rows) {
     Entry entry{row.make(), group->addAction(ThemedIcon(QString::fromLatin1(row.icon)), tr(row.text))};
     entry.action->setCheckable(true);
+    entry.action->setStatusTip(tr(row.statusTip));
     const int number = int(m_entries.size()) + 1;
     if (number <= LastDigit) entry.action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_0 + number)));
     entry.tool->SetTessera(&map);

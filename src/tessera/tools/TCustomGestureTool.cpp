@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/graphics/TCanvas.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/map/detail/MapGesture.h>
+#include <tessera/map/detail/ScreenFigure.h>
 #include <tessera/tools/TCustomGestureTool.h>
 
 #include <utility>
@@ -10,7 +10,8 @@ namespace tessera {
 
 TCustomGestureTool::TCustomGestureTool(QObject *parent)
     : TCustomMapTool(parent),
-      m_gesture(std::make_unique<detail::MapGesture>([this] { ScreenRepainted(); }, [this] { Abandon(); })) {}
+      m_gesture(std::make_unique<detail::MapGesture>([this] { ScreenRepainted(); }, [this] { Abandon(); })),
+      m_figure(std::make_unique<detail::ScreenFigure>([this] { Draw(); })) {}
 
 TCustomGestureTool::~TCustomGestureTool() {
   // What draws the figure is gone already.
@@ -21,64 +22,30 @@ bool TCustomGestureTool::GetInGesture() const {
   return m_gesture->IsRunning();
 }
 
-bool TCustomGestureTool::IsScreenCurrent() const {
-  return !GetTessera()->GetModified() && !GetTessera()->GetIsBusy();
-}
-
-void TCustomGestureTool::ToggleFigure() {
-  m_isShown = !m_isShown;
-  if (IsScreenCurrent()) {
-    Draw();
-  } else {
-    // A repaint will put it right.
-    m_isShown = false;
-    GetTessera()->Invalidate();
-  }
-}
-
-void TCustomGestureTool::ShowFigure() {
-  if (!m_isShown) ToggleFigure();
-}
-
-void TCustomGestureTool::HideFigure() {
-  if (m_isShown) ToggleFigure();
-}
-
 void TCustomGestureTool::BeginGesture(Qt::MouseButton heldBy) {
   EndGesture();
   m_gesture->Begin(*GetTessera(), heldBy);
-  ShowFigure();
+  m_figure->Show(*GetTessera());
 }
 
 void TCustomGestureTool::EndGesture() {
   if (!m_gesture->IsRunning()) return;
   m_gesture->End();
-  HideFigure();
+  m_figure->Hide(*GetTessera());
 }
 
 void TCustomGestureTool::ChangeFigure(const std::function<void()> &change) {
-  HideFigure();
+  m_figure->Hide(*GetTessera());
   change();
-  ShowFigure();
+  m_figure->Show(*GetTessera());
 }
 
 void TCustomGestureTool::ScreenRepainted() {
-  m_isShown = false;
-  ShowFigure();
+  m_figure->ShowAnew(*GetTessera());
 }
 
 void TCustomGestureTool::DrawInverted(const std::function<void(TCanvas &canvas)> &draw) {
-  if (GetTessera() == nullptr) return;
-  TCanvas &canvas = GetTessera()->GetCanvas();
-  const TPen penBefore = canvas.Pen();
-  const TBrush brushBefore = canvas.Brush();
-  TPen pen;
-  pen.SetMode(TPenMode::pmNotXor);
-  canvas.Pen() = pen;
-  canvas.Brush().SetStyle(TBrushStyle::bsClear);
-  draw(canvas);
-  canvas.Pen() = penBefore;
-  canvas.Brush() = brushBefore;
+  if (GetTessera()) detail::DrawInverted(*GetTessera(), draw);
 }
 
 void TCustomGestureTool::Abandon() {

@@ -10,7 +10,8 @@ namespace tessera {
 class TCanvas;
 namespace detail {
 class MapGesture;
-}
+class ScreenFigure;
+}  // namespace detail
 
 /// Base of tools that are at work for a while, with a figure on the screen picture as long as that lasts: the machine
 /// of a gesture. It begins, goes on through changes of the figure, and ends by itself (Complete) or is given up
@@ -56,13 +57,8 @@ class TESSERA_WIDGETS_EXPORT TCustomGestureTool : public TCustomMapTool {
   void DrawInverted(const std::function<void(TCanvas &canvas)> &draw);
 
  private:
-  [[nodiscard]] bool IsScreenCurrent() const;
-  void ShowFigure();
-  void HideFigure();
-  void ToggleFigure();
-
   std::unique_ptr<detail::MapGesture> m_gesture;
-  bool m_isShown = false;
+  std::unique_ptr<detail::ScreenFigure> m_figure;
 };
 
 }  // namespace tessera

@@ -3,6 +3,7 @@
 #include <tessera/editing/TMapEdits.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/map/TTessera.h>
+#include <tessera/objects/TText.h>
 #include <tessera/tools/TMoveTool.h>
 
 #include <algorithm>
@@ -21,6 +22,18 @@ QPoint KeptToDirections(const QPoint &way) {
   if (width <= height * slope) return {0, way.y()};
   const int length = int(std::lround((width + height) / 2));
   return {way.x() < 0 ? -length : length, way.y() < 0 ? -length : length};
+}
+
+/// The bounds of an object on a map; of a text, which stands on a point, those of its turned box.
+TBounds ShownBounds(const TCustomMapObject &object) {
+  const auto *text = dynamic_cast<const TText *>(&object);
+  if (text == nullptr) return object.GetExtent().value_or(object.GetBounds());
+  TBounds bounds = TBounds::Empty();
+  for (const TPoint &corner : text->GetTextPolygon()) {
+    const TMapPoint place = text->GetMapHost()->GetViewport().ScreenToMap(corner.x(), corner.y());
+    bounds.Widen(place.X, place.Y);
+  }
+  return bounds;
 }
 
 }  // namespace
@@ -44,14 +57,19 @@ std::vector<TCustomMapObject *> TMoveTool::GetMovable() const {
   return movable;
 }
 
+TBounds TMoveTool::GetBoundsOfMovable() const {
+  TBounds bounds = TBounds::Empty();
+  for (const TCustomMapObject *object : GetMovable()) bounds.Widen(ShownBounds(*object));
+  return bounds;
+}
+
 void TMoveTool::MouseDown(Qt::MouseButton button, TShiftState shift, int x, int y) {
   if (button != Qt::LeftButton || GetTessera() == nullptr) return;
   EndGesture();
   const TMapPoint at = GetTessera()->GetViewport().ScreenToMap(x, y);
   const auto movable = GetMovable();
   if (std::ranges::none_of(movable, [&](const auto *object) { return object->ContainsPoint(at.X, at.Y); })) return;
-  m_frame = TBounds::Empty();
-  for (const TCustomMapObject *object : movable) m_frame.Widen(object->GetExtent().value_or(object->GetBounds()));
+  m_frame = GetBoundsOfMovable();
   TCustomPressMoveAndReleaseTool::MouseDown(button, shift, x, y);
 }
 

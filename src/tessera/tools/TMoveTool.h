@@ -27,9 +27,13 @@ class TESSERA_WIDGETS_EXPORT TMoveTool : public TCustomPressMoveAndReleaseTool {
   bool CreateObject() override;
   [[nodiscard]] bool GetEnabled() const override;
 
- private:
+ protected:
+  /// What is selected in the editable layer.
   [[nodiscard]] std::vector<TCustomMapObject *> GetMovable() const;
+  /// What that takes up, labels with all their letters; inverted where there is nothing.
+  [[nodiscard]] TBounds GetBoundsOfMovable() const;
 
+ private:
   TBounds m_frame = TBounds::Empty();
 };
 
