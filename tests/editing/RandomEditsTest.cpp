@@ -88,11 +88,11 @@ class RandomEdits {
 
   void Edit() {
     constexpr void (RandomEdits::*Kinds[])() = {
-        &RandomEdits::Add,      &RandomEdits::Add,      &RandomEdits::Delete,  &RandomEdits::Delete,
-        &RandomEdits::Reorder,  &RandomEdits::Move,     &RandomEdits::Reshape, &RandomEdits::Restyle,
-        &RandomEdits::SetValue, &RandomEdits::SetValue, &RandomEdits::SetOwn,  &RandomEdits::Columns,
-        &RandomEdits::Layers,   &RandomEdits::Switches, &RandomEdits::Copy,    &RandomEdits::SeveralAsOne,
-        &RandomEdits::Transform};
+        &RandomEdits::Add,       &RandomEdits::Add,      &RandomEdits::Delete,  &RandomEdits::Delete,
+        &RandomEdits::Reorder,   &RandomEdits::Move,     &RandomEdits::Reshape, &RandomEdits::Restyle,
+        &RandomEdits::SetValue,  &RandomEdits::SetValue, &RandomEdits::SetOwn,  &RandomEdits::Columns,
+        &RandomEdits::Layers,    &RandomEdits::Switches, &RandomEdits::Copy,    &RandomEdits::SeveralAsOne,
+        &RandomEdits::Transform, &RandomEdits::Vertices};
     (this->*Kinds[m_random.Whole(0, int(std::size(Kinds)) - 1)])();
     m_host.TakeEvents();
   }
@@ -187,6 +187,18 @@ class RandomEdits {
     Edits().TransformObjects(Some(), m_random.Whole(0, 1) == 0
                                          ? TMapTransform::Rotation(90 * factor, about)
                                          : TMapTransform::Scaling(isFlat ? 0 : factor, 1 / factor, about));
+  }
+  void Vertices() {
+    TCustomMapObject *object = Object();
+    if (object == nullptr || !TMapEdits::HasFreeVertices(*object) || object->GetParts().GetCount() == 0) return;
+    const int part = m_random.Whole(0, object->GetParts().GetCount() - 1);
+    const int count = object->GetParts().GetItems(part).GetPoints().GetCount();
+    const TVertexPlace place{part, m_random.Whole(0, count - 1)};
+    const TMapPoint point{m_random.Real(-50, 150), m_random.Real(-50, 150)};
+    const int kind = m_random.Whole(0, 2);
+    if (kind == 0) return Edits().MoveVertex(*object, place, point);
+    if (kind == 1) return Edits().InsertVertex(*object, place, point);
+    Edits().DeleteVertex(*object, place);
   }
   void Reshape() {
     TCustomMapObject *object = Object();

@@ -122,8 +122,8 @@ void TMapEdits::ChangeObjects(Objects objects, TObjectAspects aspects, const QSt
     isAnySeen = isAnySeen || detail::IsSeen(*object.Get(), aspects);
     if (before.history) states.emplace_back(*object.Get(), aspects);
     steps.Try([&] { change(*object.Get()); });
-    const bool isMoved = aspects.testFlag(TObjectAspect::Geometry) && object && object->GetObjectLayer();
-    if (isMoved) steps.Try([&] { object->GetObjectLayer()->NoteChange(*object.Get(), mdlObjectGeometryChanged); });
+    const bool isMoved = aspects.testFlag(TObjectAspect::Geometry) && object;
+    if (isMoved) steps.Try([&] { detail::TellOfGeometry(*object.Get()); });
   }
   if (!states.empty()) detail::Record<detail::StateCommand>(before, text, std::move(states));
   if (isAnySeen) detail::UpdateMapOf(before.layers);

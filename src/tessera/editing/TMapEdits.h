@@ -16,6 +16,18 @@ enum class TObjectAspect { Geometry = 1, Style = 2, Values = 4 };
 Q_DECLARE_FLAGS(TObjectAspects, TObjectAspect)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TObjectAspects)
 
+/// A vertex of an object: the part, and the place there.
+struct TVertexPlace {
+  int part = 0;
+  int vertex = 0;
+
+  bool operator==(const TVertexPlace &) const = default;
+};
+
+namespace detail {
+class VertexChange;
+}
+
 /// What a person does to a map: edits of its objects, columns and layers, each of which becomes a step on the map's
 /// undo stack (TTessera::SetUndoStack). A map without a stack is edited all the same. A light handle on the map, made
 /// where it is needed: `TMapEdits(map).DeleteObjects(…)`.
@@ -78,6 +90,21 @@ class TESSERA_CORE_EXPORT TMapEdits {
   void ChangeObjects(Objects objects, TObjectAspects aspects, const QString &text,
                      const std::function<void(TCustomMapObject &object)> &change);
 
+  // Vertices of lines and regions, each in a step that holds no others. @throws ERangeError for a vertex that is not
+  // there.
+
+  /// Whether the vertices of an object are its own, and do not follow from something else as those of a circle do.
+  [[nodiscard]] static bool HasFreeVertices(const TCustomMapObject &object);
+  /// Whether a part is a ring of a region: its last vertex repeats the first. Rings stay closed.
+  [[nodiscard]] static bool IsRing(const TCustomMapObject &object, int part);
+  void MoveVertex(TCustomMapObject &object, const TVertexPlace &place, const TMapPoint &to);
+  /// Puts a vertex before another one, or behind the last; in a ring, the edge back to its beginning is meant by both
+  /// ends.
+  void InsertVertex(TCustomMapObject &object, const TVertexPlace &before, const TMapPoint &point);
+  /// Takes out a vertex. False, and nothing, where a ring would keep fewer than three corners or a line fewer than two
+  /// vertices; a single vertex goes with its part, but not the last part.
+  bool DeleteVertex(TCustomMapObject &object, const TVertexPlace &place);
+
   // Columns of a layer, which its objects follow: they keep their values and share the new columns; an object with
   // another number of columns is left alone. Cost: linear in the number of objects.
 
@@ -106,6 +133,8 @@ class TESSERA_CORE_EXPORT TMapEdits {
   void Put(TMapLayer &layer, std::vector<TTakenObject> objects, const QString &text) const;
   void PutOnTop(TMapLayer &layer, std::vector<std::unique_ptr<TCustomMapObject>> objects, const QString &text) const;
   void MoveTo(const THandle<TMapLayer> &layer, const THandle<TCustomMapObject> &object, int newIndex);
+  void ChangeVertices(TCustomMapObject &object, const QString &text, detail::VertexChange change) const;
+  void DeletePart(TCustomMapObject &object, int part);
   int DeleteObjectsOf(TMapLayer &layer, Objects objects) const;
   [[nodiscard]] static QString DeletionText(std::size_t count);
 

@@ -12,6 +12,10 @@ bool IsSeen(const TCustomMapObject &object, TObjectAspects aspects) {
   return (aspects & (Geometry | Style)) || (layer && layer->GetAutoLabel());
 }
 
+void TellOfGeometry(TCustomMapObject &object) {
+  if (object.GetObjectLayer()) object.GetObjectLayer()->NoteChange(object, mdlObjectGeometryChanged);
+}
+
 ObjectState::ObjectState(TCustomMapObject &object, TObjectAspects aspects) : m_object(&object), m_aspects(aspects) {
   using enum TObjectAspect;
   if (aspects & (Geometry | Style)) m_traits = object.GetTraits();
@@ -61,9 +65,7 @@ bool ObjectState::Exchange() {
 }
 
 void ObjectState::TellOfGeometry() {
-  if (m_geometry && m_object->GetObjectLayer()) {
-    m_object->GetObjectLayer()->NoteChange(*m_object.Get(), mdlObjectGeometryChanged);
-  }
+  if (m_geometry) detail::TellOfGeometry(*m_object.Get());
 }
 
 }  // namespace tessera::detail

@@ -13,6 +13,9 @@ namespace tessera::detail {
 /// Whether other values in these aspects of an object change the picture of the map.
 [[nodiscard]] bool IsSeen(const TCustomMapObject &object, TObjectAspects aspects);
 
+/// Tells the links of a layer's map that the geometry of an object has changed.
+void TellOfGeometry(TCustomMapObject &object);
+
 /// Some aspects of an object as they once were. Vertices are exchanged for those of the object, tools are shared with
 /// it, so that only what an edit changes in place is ever copied.
 class ObjectState {
