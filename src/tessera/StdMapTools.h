@@ -17,5 +17,6 @@
 #include <tessera/tools/TSymbolTool.h>
 #include <tessera/tools/TTextTool.h>
 #include <tessera/tools/TTransformTool.h>
+#include <tessera/tools/TVertexTool.h>
 #include <tessera/tools/TZoomInTool.h>
 #include <tessera/tools/TZoomOutTool.h>

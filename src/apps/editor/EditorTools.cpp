@@ -43,6 +43,9 @@ constexpr ToolRow Rows[] = {
     {Make<TTransformTool>, "transform", QT_TRANSLATE_NOOP("EditorTools", "Sc&ale and turn"),
      QT_TRANSLATE_NOOP("EditorTools",
                        "Drag the handles around what is selected; Shift keeps proportions, or steps of 15 degrees")},
+    {Make<TVertexTool>, "vertices", QT_TRANSLATE_NOOP("EditorTools", "E&dit vertices"),
+     QT_TRANSLATE_NOOP("EditorTools",
+                       "Drag vertices and edges of the selected line or region; Delete takes a vertex out")},
 };
 constexpr int LastDigit = 9;
 
