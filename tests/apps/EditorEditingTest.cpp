@@ -193,6 +193,30 @@ TEST_F(EditorEditingTest, CutsCopiesPastesAndReordersTheSelectedObjects) {
   EXPECT_EQ(window.GetUndoStack().undoText(), QStringLiteral("send objects to the back (1)"));
 }
 
+TEST_F(EditorEditingTest, SplitsALineAtTheVertexThatWasTouchedAndJoinsItAgain) {
+  constexpr int PolylineTool = 5;
+  constexpr int VertexTool = 16;
+  TMapLayer *layer = AddLayer();
+  Use(PolylineTool);
+  input.Click({200, 60});
+  input.Click({250, 90});
+  input.DoubleClick({300, 60});
+  layer->First()->Select();
+  Use(VertexTool);
+  ActionNamed("&Split line at vertex")->trigger();
+  QApplication::processEvents();
+  EXPECT_EQ(layer->GetObjectCount(), 1);
+  EXPECT_TRUE(messages.GetText().contains(QStringLiteral("vertex tool")));
+  input.Click({250, 90});
+  ActionNamed("&Split line at vertex")->trigger();
+  ASSERT_EQ(layer->GetObjectCount(), 2);
+  map.GetSelection()->Add(layer->First(), true);
+  map.GetSelection()->Add(layer->Last(), false);
+  ActionNamed("&Join lines")->trigger();
+  EXPECT_EQ(layer->GetObjectCount(), 1);
+  EXPECT_EQ(layer->First()->GetParts().GetFirst().GetPoints().GetCount(), 3);
+}
+
 TEST_F(EditorEditingTest, ChoosesTheEditableLayerAndShowsTheAttributesOfTheChosenOne) {
   Open({MapFileNamed("squares.mif"), MapFileNamed("cover.mif")});
   auto *choice = window.findChild<TLayersComboBox *>();

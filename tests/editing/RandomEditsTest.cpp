@@ -92,7 +92,7 @@ class RandomEdits {
         &RandomEdits::Reorder,   &RandomEdits::Move,     &RandomEdits::Reshape, &RandomEdits::Restyle,
         &RandomEdits::SetValue,  &RandomEdits::SetValue, &RandomEdits::SetOwn,  &RandomEdits::Columns,
         &RandomEdits::Layers,    &RandomEdits::Switches, &RandomEdits::Copy,    &RandomEdits::SeveralAsOne,
-        &RandomEdits::Transform, &RandomEdits::Vertices};
+        &RandomEdits::Transform, &RandomEdits::Vertices, &RandomEdits::Lines};
     (this->*Kinds[m_random.Whole(0, int(std::size(Kinds)) - 1)])();
     m_host.TakeEvents();
   }
@@ -199,6 +199,21 @@ class RandomEdits {
     if (kind == 0) return Edits().MoveVertex(*object, place, point);
     if (kind == 1) return Edits().InsertVertex(*object, place, point);
     Edits().DeleteVertex(*object, place);
+  }
+  void Lines() {
+    TCustomMapObject *object = Object();
+    switch (m_random.Whole(0, 3)) {
+      case 0:
+        return Edits().ReverseLines(Some());
+      case 1:
+        return Edits().AlignObjects(Some(), TMapAlignment(m_random.Whole(0, 5)));
+      case 2:
+        Edits().JoinLines(Some(), m_random.Real(0, 60));
+        return;
+      default:
+        if (object == nullptr || object->GetParts().GetCount() == 0) return;
+        Edits().SplitLine(*object, {0, m_random.Whole(0, object->GetParts().GetFirst().GetPoints().GetCount() - 1)});
+    }
   }
   void Reshape() {
     TCustomMapObject *object = Object();

@@ -3,7 +3,6 @@
 
 #include <tessera/base/Exceptions.h>
 #include <tessera/objects/TPolyline.h>
-#include <tessera/objects/TRegion.h>
 #include <tessera/objects/TText.h>
 
 #include <algorithm>
@@ -191,128 +190,6 @@ TEST_F(TMapEditsTest, AStepTouchesOnlyWhatItChanges) {
   for (std::size_t i = 0; i < objects.size(); ++i) {
     EXPECT_EQ(objects[i]->GetParts().GetFirst().GetPoints().Points().data(), vertices[i]) << i;
   }
-}
-
-TEST_F(TMapEditsTest, ChangesSingleVerticesAndKeepsRingsClosed) {
-  auto *region = layer->NewObject<TRegion>();
-  AddPart(*region, {{0, 0}, {9, 0}, {9, 9}, {0, 9}, {0, 0}});
-  AddPart(*region, {{2, 2}, {4, 2}, {2, 4}, {2, 2}});
-  auto *line = layer->NewObject<TPolyline>();
-  AddPart(*line, {{0, 0}, {9, 0}, {0, 0}});
-  AddPart(*line, {{5, 5}});
-  const auto figure = [](const TCustomMapObject &object) {
-    std::string text;
-    for (const TPart &part : object.GetParts().Items()) {
-      for (const TMapPoint &at : part.GetPoints().Points())
-        text += QString::asprintf("%g%g ", at.X, at.Y).toStdString();
-      text += "| ";
-    }
-    return text;
-  };
-  struct Case {
-    TCustomMapObject *object;
-    std::function<void()> edit;
-    const char *after;
-    TBounds bounds;
-  };
-  const TBounds whole{0, 0, 9, 9};
-  const Case cases[] = {
-      {region,
-       [&] {
-         Edits().MoveVertex(*region, {0, 2}, {7, 8});
-       },
-       "00 90 78 09 00 | 22 42 24 22 | ", whole},
-      {region,
-       [&] {
-         Edits().MoveVertex(*region, {0, 0}, {1, 1});
-       },
-       "11 90 99 09 11 | 22 42 24 22 | ", whole},
-      {region,
-       [&] {
-         Edits().MoveVertex(*region, {1, 3}, {3, 3});
-       },
-       "00 90 99 09 00 | 33 42 24 33 | ", whole},
-      {region,
-       [&] {
-         Edits().InsertVertex(*region, {0, 1}, {5, 5});
-       },
-       "00 55 90 99 09 00 | 22 42 24 22 | ", whole},
-      {region,
-       [&] {
-         Edits().InsertVertex(*region, {0, 0}, {5, 5});
-       },
-       "00 90 99 09 55 00 | 22 42 24 22 | ", whole},
-      {region,
-       [&] {
-         Edits().InsertVertex(*region, {0, 5}, {5, 5});
-       },
-       "00 90 99 09 55 00 | 22 42 24 22 | ", whole},
-      {region,
-       [&] {
-         EXPECT_TRUE(Edits().DeleteVertex(*region, {0, 2}));
-       },
-       "00 90 09 00 | 22 42 24 22 | ", whole},
-      {region,
-       [&] {
-         EXPECT_TRUE(Edits().DeleteVertex(*region, {0, 0}));
-       },
-       "90 99 09 90 | 22 42 24 22 | ", whole},
-      {region,
-       [&] {
-         EXPECT_TRUE(Edits().DeleteVertex(*region, {0, 4}));
-       },
-       "90 99 09 90 | 22 42 24 22 | ", whole},
-      {line,
-       [&] {
-         Edits().MoveVertex(*line, {0, 0}, {-1, 7});
-       },
-       "-17 90 00 | 55 | ",
-       {-1, 0, 9, 7}},
-      {line,
-       [&] {
-         Edits().InsertVertex(*line, {0, 3}, {8, 8});
-       },
-       "00 90 00 88 | 55 | ",
-       {0, 0, 9, 8}},
-      {line,
-       [&] {
-         EXPECT_TRUE(Edits().DeleteVertex(*line, {0, 1}));
-       },
-       "00 00 | 55 | ",
-       {0, 0, 5, 5}},
-      {line,
-       [&] {
-         EXPECT_TRUE(Edits().DeleteVertex(*line, {1, 0}));
-       },
-       "00 90 00 | ",
-       {0, 0, 9, 0}},
-  };
-  for (const Case &one : cases) {
-    const std::string before = figure(*one.object);
-    const TBounds boundsBefore = one.object->GetBounds();
-    one.edit();
-    EXPECT_EQ(figure(*one.object), one.after);
-    EXPECT_EQ(one.object->GetBounds(), one.bounds);
-    ASSERT_EQ(stack.count(), 1);
-    stack.undo();
-    EXPECT_EQ(figure(*one.object), before);
-    EXPECT_EQ(one.object->GetBounds(), boundsBefore);
-    stack.redo();
-    EXPECT_EQ(figure(*one.object), one.after);
-    stack.undo();
-    stack.clear();
-  }
-  EXPECT_FALSE(Edits().DeleteVertex(*region, {1, 1})) << "three corners stay";
-  Edits().DeleteVertex(*line, {1, 0});
-  Edits().DeleteVertex(*line, {0, 1});
-  EXPECT_FALSE(Edits().DeleteVertex(*line, {0, 1})) << "two vertices stay";
-  EXPECT_THROW(Edits().MoveVertex(*line, {0, 2}, {}), ERangeError);
-  EXPECT_THROW(Edits().DeleteVertex(*line, {1, 0}), ERangeError);
-  EXPECT_EQ(stack.count(), 2);
-  line->GetParts().GetFirst().GetPoints().Add(1, 1);  // behind the back of the stack
-  stack.undo();
-  EXPECT_EQ(figure(*line), "00 00 11 | ");
-  EXPECT_EQ(stack.count(), 1);
 }
 
 TEST_F(TMapEditsTest, AScopeMakesOneStepOfItsEditsAndNoneOfNothing) {

@@ -22,6 +22,14 @@ class EditorTools : public QObject {
 
   /// In the order of the tool bar.
   [[nodiscard]] QList<QAction *> GetActions() const;
+  /// The tool of a kind.
+  template <class Tool>
+  [[nodiscard]] const Tool *Find() const {
+    for (const Entry &entry : m_entries) {
+      if (const auto *tool = qobject_cast<const Tool *>(entry.tool.get())) return tool;
+    }
+    return nullptr;
+  }
   /// Whether the keys now belong to the active tool.
   [[nodiscard]] bool AreKeysInUse() const;
 

@@ -4,6 +4,7 @@
 #include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
 #include <apps/editor/MapPrinting.h>
+#include <apps/editor/MessageBar.h>
 #include <apps/editor/RecentFiles.h>
 #include <apps/editor/TEditorWindow.h>
 #include <icons/ThemedIcon.h>
@@ -39,10 +40,23 @@ struct WheelMode {
 };
 constexpr int DuplicateShiftPx = 10;
 
+struct AlignmentRow {
+  const char *text;
+  TMapAlignment alignment;
+};
+
 constexpr WheelMode WheelModes[] = {
     {QT_TRANSLATE_NOOP("TEditorWindow", "The place under the &pointer"), true, TTessera::wmCenter},
     {QT_TRANSLATE_NOOP("TEditorWindow", "The &middle of the view"), false, TTessera::wmCenter},
     {QT_TRANSLATE_NOOP("TEditorWindow", "The first &selected object"), false, TTessera::wmSelected},
+};
+constexpr AlignmentRow Alignments[] = {
+    {QT_TRANSLATE_NOOP("TEditorWindow", "Align &left"), TMapAlignment::Left},
+    {QT_TRANSLATE_NOOP("TEditorWindow", "Align &right"), TMapAlignment::Right},
+    {QT_TRANSLATE_NOOP("TEditorWindow", "Align &top"), TMapAlignment::Top},
+    {QT_TRANSLATE_NOOP("TEditorWindow", "Align &bottom"), TMapAlignment::Bottom},
+    {QT_TRANSLATE_NOOP("TEditorWindow", "Center &horizontally"), TMapAlignment::CentersX},
+    {QT_TRANSLATE_NOOP("TEditorWindow", "Center &vertically"), TMapAlignment::CentersY},
 };
 
 }  // namespace
@@ -51,6 +65,7 @@ void TEditorWindow::MakeMenus() {
   // Shortcuts have a modifier: plain keys belong to the map.
   MakeFileMenu();
   MakeEditMenu();
+  MakeObjectMenu();
   MakeViewMenu();
   MakeLayerMenu();
   MakeToolMenu();
@@ -113,6 +128,22 @@ void TEditorWindow::MakeEditMenu() {
   menu->addAction(tr("Copy p&icture"), WithCtrlShift(Qt::Key_C), this, &TEditorWindow::CopyPicture);
   menu->addSeparator();
   menu->addAction(tr("New &objects…"), this, &TEditorWindow::AskForOptions);
+}
+
+void TEditorWindow::MakeObjectMenu() {
+  QMenu *menu = menuBar()->addMenu(tr("&Object"));
+  AddObjectAction(*menu, tr("&Split line at vertex"), WithCtrlShift(Qt::Key_X), [this] { SplitAtVertex(); });
+  AddObjectAction(*menu, tr("&Join lines"), WithCtrlShift(Qt::Key_J), [this] {
+    const auto lines = TakeEditableSelection();
+    if (TMapEdits(m_map).JoinLines(lines) == 0) m_messageBar->Post(tr("No ends of selected lines meet."));
+  });
+  AddObjectAction(*menu, tr("Re&verse lines"), {}, [this] { TMapEdits(m_map).ReverseLines(TakeEditableSelection()); });
+  menu->addSeparator();
+  for (const AlignmentRow &row : Alignments) {
+    AddObjectAction(*menu, tr(row.text), {}, [this, alignment = row.alignment] {
+      TMapEdits(m_map).AlignObjects(TakeEditableSelection(), alignment);
+    });
+  }
 }
 
 void TEditorWindow::AddObjectAction(QMenu &menu, const QString &text, const QKeySequence &key,

@@ -15,6 +15,7 @@
 #include <tessera/editing/TEditScope.h>
 #include <tessera/editing/TMapEdits.h>
 #include <tessera/editing/TObjectClipboard.h>
+#include <tessera/tools/TVertexTool.h>
 
 #include <QClipboard>
 #include <QCloseEvent>
@@ -171,6 +172,15 @@ std::vector<TCustomMapObject *> TEditorWindow::TakeEditableSelection() {
 
 void TEditorWindow::DeleteSelected() {
   TMapEdits(m_map).DeleteObjects(TakeEditableSelection());
+}
+
+void TEditorWindow::SplitAtVertex() {
+  const auto *tool = m_tools->Find<TVertexTool>();
+  const auto vertex = tool->GetActiveVertex();
+  if (!vertex || TMapEdits(m_map).SplitLine(*tool->GetEdited(), *vertex) == nullptr) {
+    m_messageBar->Post(
+        tr("A line is split at the vertex that was touched last with the vertex tool, not at its ends."));
+  }
 }
 
 void TEditorWindow::Copy() {

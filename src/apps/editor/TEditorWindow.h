@@ -50,6 +50,8 @@ class TEditorWindow : public QMainWindow {
   void CopyPicture();
   /// Puts the selected objects on the clipboard; all of them, whatever layer they are in.
   void Copy();
+  /// Splits the line of the vertex that is active in the vertex tool; without one, a message says so.
+  void SplitAtVertex();
   /// Puts objects from the clipboard into the editable layer; without one, a message says so.
   void Paste();
 
@@ -64,6 +66,7 @@ class TEditorWindow : public QMainWindow {
   void MakeMenus();
   void MakeFileMenu();
   void MakeEditMenu();
+  void MakeObjectMenu();
   void MakeViewMenu();
   void MakeWheelMenu(QMenu &view);
   void MakeLayerMenu();

@@ -24,6 +24,9 @@ struct TVertexPlace {
   bool operator==(const TVertexPlace &) const = default;
 };
 
+/// What objects are to have in common with what they take up together: a side, or the middle along x or y.
+enum class TMapAlignment { Left, Right, Top, Bottom, CentersX, CentersY };
+
 namespace detail {
 class VertexChange;
 }
@@ -104,6 +107,21 @@ class TESSERA_CORE_EXPORT TMapEdits {
   /// Takes out a vertex. False, and nothing, where a ring would keep fewer than three corners or a line fewer than two
   /// vertices; a single vertex goes with its part, but not the last part.
   bool DeleteVertex(TCustomMapObject &object, const TVertexPlace &place);
+
+  // Lines as a whole.
+
+  /// Splits a line at a vertex: what follows becomes an object of its own, next in the order, with the same style and
+  /// values, which is the answer. None, and nothing, at an end of a part and for anything but a line of a layer.
+  /// @throws ERangeError for a vertex that is not there
+  TCustomMapObject *SplitLine(TCustomMapObject &line, const TVertexPlace &at);
+  /// Joins those lines among the objects whose ends are no further apart than `distance` map units; at each joint one
+  /// vertex stays. The first line of each that are joined stays, with its style, values and direction; the others are
+  /// deleted. Answers how many have grown. Lines of other layers than that of the first are left alone.
+  int JoinLines(Objects objects, double distance = 0);
+  /// Reverses the vertices of each part, of regions too. Other kinds are left alone.
+  void ReverseLines(Objects objects);
+  /// Moves objects to a common side, or middle, of the bounds of all.
+  void AlignObjects(Objects objects, TMapAlignment alignment);
 
   // Columns of a layer, which its objects follow: they keep their values and share the new columns; an object with
   // another number of columns is left alone. Cost: linear in the number of objects.

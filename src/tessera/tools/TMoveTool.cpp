@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/detail/FarPixels.h>
 #include <tessera/editing/TMapEdits.h>
+#include <tessera/editing/detail/ShownBounds.h>
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/map/TTessera.h>
-#include <tessera/objects/TText.h>
 #include <tessera/tools/TMoveTool.h>
 
 #include <algorithm>
@@ -22,18 +22,6 @@ QPoint KeptToDirections(const QPoint &way) {
   if (width <= height * slope) return {0, way.y()};
   const int length = int(std::lround((width + height) / 2));
   return {way.x() < 0 ? -length : length, way.y() < 0 ? -length : length};
-}
-
-/// The bounds of an object on a map; of a text, which stands on a point, those of its turned box.
-TBounds ShownBounds(const TCustomMapObject &object) {
-  const auto *text = dynamic_cast<const TText *>(&object);
-  if (text == nullptr) return object.GetExtent().value_or(object.GetBounds());
-  TBounds bounds = TBounds::Empty();
-  for (const TPoint &corner : text->GetTextPolygon()) {
-    const TMapPoint place = text->GetMapHost()->GetViewport().ScreenToMap(corner.x(), corner.y());
-    bounds.Widen(place.X, place.Y);
-  }
-  return bounds;
 }
 
 }  // namespace
@@ -59,7 +47,7 @@ std::vector<TCustomMapObject *> TMoveTool::GetMovable() const {
 
 TBounds TMoveTool::GetBoundsOfMovable() const {
   TBounds bounds = TBounds::Empty();
-  for (const TCustomMapObject *object : GetMovable()) bounds.Widen(ShownBounds(*object));
+  for (const TCustomMapObject *object : GetMovable()) bounds.Widen(detail::ShownBounds(*object));
   return bounds;
 }
 
