@@ -23,7 +23,7 @@ QStringList PropertiesOf(const QMetaObject &type) {
 TEST(PropertiesTest, StandInTheirOrder) {
   EXPECT_EQ(PropertiesOf(TTessera::staticMetaObject).join(u' '),
             QStringLiteral("Options Color Zoom WheelMouse ZoomType CenterX CenterY MinZoom MaxZoom ShowSelection "
-                           "FastSelection Navigation Painting PickTolerancePx"));
+                           "FastSelection Navigation Painting Snapping PickTolerancePx"));
   EXPECT_EQ(PropertiesOf(TCustomMapTool::staticMetaObject).join(u' '),
             QStringLiteral("Active DisplayName Cursor Tessera"));
   EXPECT_EQ(PropertiesOf(TTesseraOptions::staticMetaObject).join(u' '),

@@ -40,6 +40,16 @@ struct WheelMode {
 };
 constexpr int DuplicateShiftPx = 10;
 
+struct SnapRow {
+  const char *text;
+  void (TMapSnapping::*set)(bool isOn);
+};
+constexpr SnapRow SnapRows[] = {
+    {QT_TRANSLATE_NOOP("TEditorWindow", "&Vertices"), &TMapSnapping::SetToVertices},
+    {QT_TRANSLATE_NOOP("TEditorWindow", "&Intersections"), &TMapSnapping::SetToIntersections},
+    {QT_TRANSLATE_NOOP("TEditorWindow", "&Edges"), &TMapSnapping::SetToEdges},
+};
+
 struct AlignmentRow {
   const char *text;
   TMapAlignment alignment;
@@ -200,11 +210,24 @@ void TEditorWindow::MakeLayerMenu() {
   menu->addAction(tr("Move &down"), WithCtrl(Qt::Key_PageDown), this, [this] { MoveLayer(-1); });
 }
 
+void TEditorWindow::MakeSnapMenu(QMenu &tools) {
+  QMenu *menu = tools.addMenu(tr("Snap to"));
+  for (const SnapRow &row : SnapRows) {
+    QAction *action = menu->addAction(tr(row.text));
+    action->setCheckable(true);
+    action->setStatusTip(tr("What is drawn, moved and reshaped is drawn to places near the mouse"));
+    connect(action, &QAction::toggled, m_map, [this, &row](bool isOn) { (m_map->GetSnapping()->*row.set)(isOn); });
+  }
+  menu->addAction(tr("&Grid…"), this, &TEditorWindow::AskForGrid);
+}
+
 void TEditorWindow::MakeToolMenu() {
   QMenu *menu = menuBar()->addMenu(tr("&Tools"));
   QToolBar *bar = addToolBar(tr("Tools"));
   bar->setObjectName(QStringLiteral("tools"));
   menu->addActions(m_tools->GetActions());
+  menu->addSeparator();
+  MakeSnapMenu(*menu);
   bar->addActions(m_tools->GetActions());
   bar->addSeparator();
   bar->addWidget(m_docks->MakeEditableLayerChoice());

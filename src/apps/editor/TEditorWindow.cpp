@@ -257,6 +257,16 @@ void TEditorWindow::AskForRotation() {
   if (isChosen) m_map->RotateMap(m_map->GetCenterX(), m_map->GetCenterY(), angleDeg);
 }
 
+void TEditorWindow::AskForGrid() {
+  constexpr double Widest = 1e9;
+  constexpr int Decimals = 6;
+  bool isChosen = false;
+  const double step =
+      QInputDialog::getDouble(this, tr("Grid"), tr("Distance of the grid's points, in map units; 0 for none:"),
+                              m_map->GetSnapping()->GetGridStep(), 0, Widest, Decimals, &isChosen);
+  if (isChosen) m_map->GetSnapping()->SetGridStep(step);
+}
+
 void TEditorWindow::AskForOptions() {
   OptionsDialog(*m_map->GetOptions(), this).exec();
 }

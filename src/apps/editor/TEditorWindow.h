@@ -71,6 +71,8 @@ class TEditorWindow : public QMainWindow {
   void MakeWheelMenu(QMenu &view);
   void MakeLayerMenu();
   void MakeToolMenu();
+  void MakeSnapMenu(QMenu &tools);
+  void AskForGrid();
   /// Runs a command on the current layer; without one, a message says so.
   void WithLayer(const std::function<void(TMapLayer &layer)> &command);
   void FollowUnsaved();

@@ -3,6 +3,7 @@
 #include <tessera/map/TCustomMapTool.h>
 #include <tessera/map/TMapToolsManager.h>
 #include <tessera/map/TTessera.h>
+#include <tessera/map/detail/SnapMark.h>
 
 #include <utility>
 
@@ -79,6 +80,15 @@ void TCustomMapTool::Done() {
 
 bool TCustomMapTool::GetEnabled() const {
   return m_map && m_map->GetLayers()->GetCount() > 0;
+}
+
+std::optional<TMapPoint> TCustomMapTool::GetSnapPoint(int x, int y) const {
+  return m_map ? detail::FindSnapPlace(*m_map, *this, x, y) : std::nullopt;
+}
+
+TMapPoint TCustomMapTool::GetMapPoint(int x, int y) const {
+  const auto place = GetSnapPoint(x, y);
+  return place ? *place : m_map->GetViewport().ScreenToMap(x, y);
 }
 
 TMapLayer *TCustomMapTool::GetEditableLayer() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <tessera/base/Export.h>
+#include <tessera/base/TMapPoint.h>
 #include <tessera/base/TShiftState.h>
 
 #include <QObject>
@@ -9,9 +10,11 @@
 #include <QRect>
 
 #include <functional>
+#include <optional>
 
 namespace tessera {
 
+class TCustomMapObject;
 class TMapLayer;
 class TMapToolsManager;
 class TTessera;
@@ -82,6 +85,11 @@ class TESSERA_WIDGETS_EXPORT TCustomMapTool : public QObject {
   [[nodiscard]] virtual QRect GetCaretRect() const { return {}; }
   /// Whether the keys now belong to the tool, so that the map itself leaves them alone.
   [[nodiscard]] virtual bool GetWantsKeys() const { return false; }
+  /// Whether the places of the mouse are drawn to what the map's Snapping says, as the tools that draw and reshape let
+  /// them.
+  [[nodiscard]] virtual bool GetSnaps() const { return false; }
+  /// Whether they may be drawn to an object: not to one that is just being changed.
+  [[nodiscard]] virtual bool IsSnapTarget(const TCustomMapObject & /*object*/) const { return true; }
   /// Whether something has begun that Cancel would give up.
   [[nodiscard]] virtual bool GetInGesture() const { return false; }
 
@@ -115,6 +123,10 @@ class TESSERA_WIDGETS_EXPORT TCustomMapTool : public QObject {
  protected:
   /// Forgets all that has begun and takes away what of it shows, without a word.
   virtual void Abandon() {}
+  /// The map point that a client pixel is drawn to; none where it stands for itself.
+  [[nodiscard]] std::optional<TMapPoint> GetSnapPoint(int x, int y) const;
+  /// The map point that a client pixel stands for, or is drawn to. @pre on a map
+  [[nodiscard]] TMapPoint GetMapPoint(int x, int y) const;
   /// The layer that drawing adds to; none when there is none.
   [[nodiscard]] TMapLayer *GetEditableLayer() const;
   /// Complete of a tool that makes something: runs `create` and then sends OnComplete whatever that throws.

@@ -285,6 +285,9 @@ TMapNavigation *TTessera::GetNavigation() const {
 TMapPainting *TTessera::GetPainting() const {
   return &d->painting;
 }
+TMapSnapping *TTessera::GetSnapping() const {
+  return &d->snapping;
+}
 const QSharedPointer<TBitmap> &TTessera::GetSelectionPattern() const {
   return d->selectionPattern;
 }

@@ -7,6 +7,7 @@
 #include <tessera/layers/TSelection.h>
 #include <tessera/map/TMapNavigation.h>
 #include <tessera/map/TMapPainting.h>
+#include <tessera/map/TMapSnapping.h>
 #include <tessera/map/TSubstrates.h>
 #include <tessera/map/TTesseraEvents.h>
 #include <tessera/map/TTesseraOptions.h>
@@ -23,7 +24,6 @@ class TMapToolsManager;
 /// width fills the control. Everything that changes the picture asks for a new one through DoUpdate; the picture is
 /// rebuilt at the next paint, off screen, and copied to the screen, where the selection is drawn over it. See TViewport
 /// for the conversion between map units and client pixels.
-///
 /// It tells what happens by the signals of TTesseraEvents. Everything runs in the thread of the user interface.
 class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   Q_OBJECT
@@ -40,6 +40,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   Q_PROPERTY(bool FastSelection READ GetFastSelection WRITE SetFastSelection)
   Q_PROPERTY(tessera::TMapNavigation *Navigation READ GetNavigation)
   Q_PROPERTY(tessera::TMapPainting *Painting READ GetPainting)
+  Q_PROPERTY(tessera::TMapSnapping *Snapping READ GetSnapping)
   Q_PROPERTY(int PickTolerancePx READ GetPickTolerancePx WRITE SetPickTolerancePx)
 
  public:
@@ -160,8 +161,7 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   /// Copies the off-screen picture as the last paint left it.
   void AssignToBitmap(TBitmap &bitmap) const;
   void PaintMapToBitmap();
-  /// Copies the off-screen picture to the screen picture, draws the fast selection over it, and lets whoever has
-  /// something else standing on it draw that again (OnScreenRepainted).
+  /// Copies the off-screen picture to the screen picture, the fast selection over it; OnScreenRepainted follows.
   void PaintBitmapToMapCanvas();
 
   // What the map owns. A setter takes over what it is given, which is on this map from now on, and hands back what was
@@ -171,7 +171,6 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   std::unique_ptr<TMapLayers> SetLayers(std::unique_ptr<TMapLayers> layers);
   [[nodiscard]] TSelection *GetSelection() const override;
   std::unique_ptr<TSelection> SetSelection(std::unique_ptr<TSelection> selection);
-  /// The pictures under the layers, shown when there is a layer.
   [[nodiscard]] TSubstrates *GetSubstrates() const;
   std::unique_ptr<TSubstrates> SetSubstrates(std::unique_ptr<TSubstrates> substrates);
   [[nodiscard]] TDisplayedObjects *GetDisplayed() const override;
@@ -186,13 +185,14 @@ class TESSERA_WIDGETS_EXPORT TTessera : public TTesseraEvents {
   void SetUndoStack(QUndoStack *stack);  ///< Not owned: see TMapEdits.
   [[nodiscard]] TMapNavigation *GetNavigation() const;
   [[nodiscard]] TMapPainting *GetPainting() const;
+  [[nodiscard]] TMapSnapping *GetSnapping() const;
   const QSharedPointer<TBitmap> &GetSelectionPattern() const override;
   void SetSelectionPattern(const TBitmap &pattern);
 
   // Picking, among the objects of the current picture and from the top layer down.
 
-  /// Makes the first selectable object at a map point the only selected one, or, with `exclusive` off, adds it to the
-  /// selection or takes it out. Without a hit the selection is cleared; without a picture nothing happens.
+  /// Selects the first selectable object at a map point and no other, or, with `exclusive` off, adds it or takes it
+  /// out. Without a hit the selection is cleared; without a picture nothing happens.
   void SelectObjectAt(double x, double y, bool exclusive);
   /// Adds every object of a selectable layer at a map point to the selection.
   void SelectObjectsAt(double x, double y, bool clearFirst);

@@ -33,7 +33,7 @@ bool TCustomClickTool::Complete() {
   return CompleteWith([this] {
     TMapLayer *layer = GetEditableLayer();
     if (layer == nullptr) return false;
-    PutObject(*layer, GetTessera()->GetViewport().ScreenToMap(m_clicked.x(), m_clicked.y()));
+    PutObject(*layer, GetMapPoint(m_clicked.x(), m_clicked.y()));
     return true;
   });
 }

@@ -20,6 +20,7 @@ class TESSERA_WIDGETS_EXPORT TCustomClickTool : public TCustomMapTool {
   /// Puts an object where the last click was.
   bool Complete() override;
   [[nodiscard]] bool GetEnabled() const override;
+  [[nodiscard]] bool GetSnaps() const override { return true; }
 
  protected:
   void Abandon() override { m_isSecondPressDue = false; }

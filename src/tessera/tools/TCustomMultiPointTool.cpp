@@ -33,7 +33,7 @@ std::vector<TPoint> TCustomMultiPointTool::GetClosedOutline() const {
 void TCustomMultiPointTool::MouseDown(Qt::MouseButton button, TShiftState /*shift*/, int x, int y) {
   if (button != Qt::LeftButton || GetTessera() == nullptr) return;
   if (std::exchange(m_isSecondPressDue, false)) return;
-  const TMapPoint point = GetTessera()->GetViewport().ScreenToMap(x, y);
+  const TMapPoint point = GetMapPoint(x, y);
   if (!GetInGesture()) {
     m_points.clear();
     BeginGesture(Qt::NoButton);

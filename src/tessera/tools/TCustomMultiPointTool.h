@@ -21,6 +21,7 @@ class TESSERA_WIDGETS_EXPORT TCustomMultiPointTool : public TCustomGestureTool {
   void MouseMove(TShiftState shift, int x, int y) override;
   void DblClick() override;
   [[nodiscard]] bool GetEnabled() const override;
+  [[nodiscard]] bool GetSnaps() const override { return true; }
 
  protected:
   void Forget() override;

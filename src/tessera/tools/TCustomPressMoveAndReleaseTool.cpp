@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/map/TTessera.h>
 #include <tessera/tools/TCustomPressMoveAndReleaseTool.h>
 
 namespace tessera {
@@ -8,6 +9,7 @@ void TCustomPressMoveAndReleaseTool::MouseDown(Qt::MouseButton button, TShiftSta
   EndGesture();
   X1 = X2 = x;
   Y1 = Y2 = y;
+  m_pressSnap = m_releaseSnap = GetSnapPoint(x, y);
   BeginGesture(Qt::LeftButton);
 }
 
@@ -16,11 +18,20 @@ void TCustomPressMoveAndReleaseTool::MouseMove(TShiftState shift, int x, int y) 
   ChangeFigure([&] {
     X2 = x;
     Y2 = y;
+    m_releaseSnap = GetSnapPoint(x, y);
   });
 }
 
 void TCustomPressMoveAndReleaseTool::MouseUp(Qt::MouseButton button, TShiftState /*shift*/, int /*x*/, int /*y*/) {
   if (button == Qt::LeftButton && GetInGesture()) Complete();
+}
+
+TMapPoint TCustomPressMoveAndReleaseTool::GetPressPoint() const {
+  return m_pressSnap ? *m_pressSnap : GetTessera()->GetViewport().ScreenToMap(X1, Y1);
+}
+
+TMapPoint TCustomPressMoveAndReleaseTool::GetReleasePoint() const {
+  return m_releaseSnap ? *m_releaseSnap : GetTessera()->GetViewport().ScreenToMap(X2, Y2);
 }
 
 }  // namespace tessera

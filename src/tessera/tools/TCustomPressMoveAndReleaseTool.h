@@ -20,11 +20,22 @@ class TESSERA_WIDGETS_EXPORT TCustomPressMoveAndReleaseTool : public TCustomGest
   void MouseUp(Qt::MouseButton button, TShiftState shift, int x, int y) override;
 
  protected:
+  /// The map points of the press and of the mouse now, drawn to what they snap to. @pre on a map
+  [[nodiscard]] TMapPoint GetPressPoint() const;
+  [[nodiscard]] TMapPoint GetReleasePoint() const;
+  /// What the mouse is drawn to now, if anything.
+  [[nodiscard]] const std::optional<TMapPoint> &GetReleaseSnap() const { return m_releaseSnap; }
+  /// Has the mouse stand for itself until it moves again.
+  void LeaveSnap() { m_releaseSnap.reset(); }
   /// Client pixels: where the button went down, and where the mouse is now.
   int X1 = 0;
   int Y1 = 0;
   int X2 = 0;
   int Y2 = 0;
+
+ private:
+  std::optional<TMapPoint> m_pressSnap;
+  std::optional<TMapPoint> m_releaseSnap;
 };
 
 }  // namespace tessera

@@ -26,10 +26,9 @@ void TLineTool::Draw() {
 bool TLineTool::CreateObject() {
   TMapLayer *layer = GetEditableLayer();
   if (layer == nullptr || (X1 == X2 && Y1 == Y2)) return false;
-  const TViewport &viewport = GetTessera()->GetViewport();
   auto line = std::make_unique<TPolyline>();
   TMapPoints &points = line->GetParts().Add().GetPoints();
-  for (const TMapPoint &end : {viewport.ScreenToMap(X1, Y1), viewport.ScreenToMap(X2, Y2)}) points.Add(end.X, end.Y);
+  for (const TMapPoint &end : {GetPressPoint(), GetReleasePoint()}) points.Add(end.X, end.Y);
   TMapEdits(*layer).AddObject(*layer, std::move(line));
   return true;
 }

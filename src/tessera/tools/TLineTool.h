@@ -15,6 +15,7 @@ class TESSERA_WIDGETS_EXPORT TLineTool : public TCustomPressMoveAndReleaseTool {
   void Draw() override;
   bool CreateObject() override;
   [[nodiscard]] bool GetEnabled() const override;
+  [[nodiscard]] bool GetSnaps() const override { return true; }
 };
 
 }  // namespace tessera

@@ -65,6 +65,8 @@ void TMoveTool::MouseMove(TShiftState shift, int x, int y) {
   QPoint way(x - X1, y - Y1);
   if (shift.testFlag(ssShift)) way = KeptToDirections(way);
   TCustomPressMoveAndReleaseTool::MouseMove(shift, X1 + way.x(), Y1 + way.y());
+  // The direction goes before.
+  if (shift.testFlag(ssShift)) LeaveSnap();
 }
 
 void TMoveTool::Draw() {
@@ -79,12 +81,16 @@ void TMoveTool::Draw() {
   DrawInverted([&](TCanvas &canvas) { canvas.Rectangle(from.x(), from.y(), to.x(), to.y()); });
 }
 
+bool TMoveTool::IsSnapTarget(const TCustomMapObject &object) const {
+  const bool isMovable = object.GetObjectLayer() == GetEditableLayer() && GetTessera()->GetSelection()->Holds(&object);
+  return isMovable != GetInGesture();
+}
+
 bool TMoveTool::CreateObject() {
   const std::vector<TCustomMapObject *> movable = GetMovable();
   if (movable.empty() || (X1 == X2 && Y1 == Y2)) return false;
-  const TViewport &viewport = GetTessera()->GetViewport();
-  const TMapPoint press = viewport.ScreenToMap(X1, Y1);
-  const TMapPoint release = viewport.ScreenToMap(X2, Y2);
+  const TMapPoint press = GetPressPoint();
+  const TMapPoint release = GetReleasePoint();
   TMapEdits(GetTessera()).MoveObjects(movable, release.X - press.X, release.Y - press.Y);
   return false;
 }

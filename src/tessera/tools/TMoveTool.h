@@ -26,6 +26,9 @@ class TESSERA_WIDGETS_EXPORT TMoveTool : public TCustomPressMoveAndReleaseTool {
   /// Creates none, but moves what is selected by now.
   bool CreateObject() override;
   [[nodiscard]] bool GetEnabled() const override;
+  [[nodiscard]] bool GetSnaps() const override { return true; }
+  /// The press is drawn to what is to be moved, and then the mouse to the rest.
+  [[nodiscard]] bool IsSnapTarget(const TCustomMapObject &object) const override;
 
  protected:
   /// What is selected in the editable layer.

@@ -25,6 +25,7 @@ class TESSERA_WIDGETS_EXPORT TPolygonSelectionTool : public TCustomMultiPointToo
   bool CreateObject() override;
   /// No layer need be editable.
   [[nodiscard]] bool GetEnabled() const override;
+  [[nodiscard]] bool GetSnaps() const override { return false; }
 
  private:
   TShiftState m_keys;

@@ -18,9 +18,8 @@ bool TRectTool::GetEnabled() const {
 bool TRectTool::CreateObject() {
   TMapLayer *layer = GetEditableLayer();
   if (layer == nullptr || (X1 == X2 && Y1 == Y2)) return false;
-  const TViewport &viewport = GetTessera()->GetViewport();
-  const TMapPoint press = viewport.ScreenToMap(X1, Y1);
-  const TMapPoint release = viewport.ScreenToMap(X2, Y2);
+  const TMapPoint press = GetPressPoint();
+  const TMapPoint release = GetReleasePoint();
   auto rectangle = std::make_unique<TRectangle>();
   rectangle->SetX0(press.X);
   rectangle->SetY0(press.Y);

@@ -183,7 +183,7 @@ void TTextTool::Preedit(const QString &text, int cursor) {
 }
 
 void TTextTool::PutText(TMapLayer &layer, const QString &text) {
-  const TMapPoint at = GetTessera()->GetViewport().ScreenToMap(m_anchor.x(), m_anchor.y());
+  const TMapPoint at = GetMapPoint(m_anchor.x(), m_anchor.y());
   auto label = std::make_unique<TText>();
   label->MoveTo(at.X, at.Y);
   label->SetText(text);

@@ -57,6 +57,7 @@ class TESSERA_WIDGETS_EXPORT TTextTool : public TCustomMapTool {
   [[nodiscard]] QRect GetCaretRect() const override;
   [[nodiscard]] bool GetWantsKeys() const override { return GetInGesture(); }
   [[nodiscard]] bool GetInGesture() const override;
+  [[nodiscard]] bool GetSnaps() const override { return true; }
   [[nodiscard]] const QString &GetText() const { return m_text; }
 
  protected:

@@ -126,8 +126,10 @@ TMapTransform TTransformTool::GetScaling(const TMapPoint &way) const {
                          EndOrMiddle(m_grip.up, m_handled.MinY, m_handled.MaxY)};
   const TMapPoint fixed{EndOrMiddle(-m_grip.right, m_handled.MinX, m_handled.MaxX),
                         EndOrMiddle(-m_grip.up, m_handled.MinY, m_handled.MaxY)};
-  double factorX = Factor(fixed.X, handle.X, way.X);
-  double factorY = Factor(fixed.Y, handle.Y, way.Y);
+  // A snap means the corner, wherever its handle was pressed.
+  const auto &snap = GetReleaseSnap();
+  double factorX = Factor(fixed.X, handle.X, snap ? snap->X - handle.X : way.X);
+  double factorY = Factor(fixed.Y, handle.Y, snap ? snap->Y - handle.Y : way.Y);
   if (m_isShiftHeld && m_grip.right != 0 && m_grip.up != 0) {
     const double both =
         std::max(handle.X == fixed.X ? 0 : std::abs(factorX), handle.Y == fixed.Y ? 0 : std::abs(factorY));
@@ -145,9 +147,8 @@ TMapTransform TTransformTool::GetRotation(const TMapPoint &from, const TMapPoint
 }
 
 TMapTransform TTransformTool::GetTransform() const {
-  const TViewport &viewport = GetTessera()->GetViewport();
-  const TMapPoint from = viewport.ScreenToMap(X1, Y1);
-  const TMapPoint to = viewport.ScreenToMap(X2, Y2);
+  const TMapPoint from = m_grip == Between ? GetPressPoint() : GetTessera()->GetViewport().ScreenToMap(X1, Y1);
+  const TMapPoint to = GetReleasePoint();
   const TMapPoint way{to.X - from.X, to.Y - from.Y};
   if (m_grip == Between) return TMapTransform::Translation(way.X, way.Y);
   return m_grip == Turning ? GetRotation(from, to) : GetScaling(way);

@@ -98,6 +98,10 @@ TCustomMapObject *TVertexTool::GetEdited() const {
   return last == selected.rend() ? nullptr : *last;
 }
 
+bool TVertexTool::IsSnapTarget(const TCustomMapObject &object) const {
+  return !GetInGesture() || &object != GetEdited();
+}
+
 std::optional<TVertexPlace> TVertexTool::GetActiveVertex() const {
   const TCustomMapObject *object = GetEdited();
   if (!m_active || object == nullptr || object != m_object.Get()) return std::nullopt;
@@ -233,7 +237,7 @@ void TVertexTool::Draw() {
 bool TVertexTool::CreateObject() {
   TCustomMapObject *object = GetEdited();
   if (object == nullptr || object != m_object.Get() || (X1 == X2 && Y1 == Y2)) return false;
-  const TMapPoint to = GetTessera()->GetViewport().ScreenToMap(X2, Y2);
+  const TMapPoint to = GetReleasePoint();
   const auto parts = object->GetParts().Items();
   const auto &[place, isVertex] = m_dragged;
   if (std::size_t(place.part) >= parts.size()) return false;

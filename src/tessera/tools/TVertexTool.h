@@ -44,6 +44,9 @@ class TESSERA_WIDGETS_EXPORT TVertexTool : public TCustomPressMoveAndReleaseTool
   void Init() override;
   void Done() override;
   [[nodiscard]] bool GetEnabled() const override;
+  [[nodiscard]] bool GetSnaps() const override { return true; }
+  /// Not to the object whose vertex is dragged.
+  [[nodiscard]] bool IsSnapTarget(const TCustomMapObject &object) const override;
 
  private:
   /// What a press is on: a vertex, or the edge that ends there.

@@ -65,7 +65,8 @@ void InputRouter::MouseMove(const QMouseEvent &event) {
   const TShiftState shift = ShiftState(event);
   if (!Deliver([&] { Q_EMIT m_map.OnMouseMove(&m_map, shift, at.x(), at.y()); })) return;
   if (m_navigator.Move(event)) return;
-  DeliverToTool([&](TCustomMapTool &tool) { tool.MouseMove(shift, at.x(), at.y()); });
+  if (!DeliverToTool([&](TCustomMapTool &tool) { tool.MouseMove(shift, at.x(), at.y()); })) return;
+  Deliver([&] { m_snapMark.Follow(at.x(), at.y()); });
 }
 
 void InputRouter::MouseRelease(const QMouseEvent &event) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <tessera/map/detail/MapNavigator.h>
+#include <tessera/map/detail/SnapMark.h>
 
 #include <functional>
 
@@ -23,7 +24,7 @@ namespace detail {
 /// the tool first and the handlers as the tool left them.
 class InputRouter {
  public:
-  explicit InputRouter(TTessera &map) : m_map(map), m_navigator(map) {}
+  explicit InputRouter(TTessera &map) : m_map(map), m_navigator(map), m_snapMark(map) {}
 
   void MousePress(const QMouseEvent &event);
   void MouseMove(const QMouseEvent &event);
@@ -54,6 +55,7 @@ class InputRouter {
 
   TTessera &m_map;
   MapNavigator m_navigator;
+  SnapMark m_snapMark;
 };
 
 }  // namespace detail

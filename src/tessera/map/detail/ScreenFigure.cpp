@@ -38,7 +38,7 @@ void ScreenFigure::Hide(TTessera &map) {
 }
 
 void ScreenFigure::ShowAnew(TTessera &map) {
-  m_isShown = false;
+  Forget();
   Show(map);
 }
 

@@ -27,7 +27,9 @@ class TESSERA_WIDGETS_EXPORT ScreenFigure {
   [[nodiscard]] bool IsShown() const { return m_isShown; }
   void Show(TTessera &map);
   void Hide(TTessera &map);
-  /// The picture was drawn anew, without the figure, which is shown again.
+  /// The picture was drawn anew, without the figure.
+  void Forget() { m_isShown = false; }
+  /// The same, and the figure is shown again.
   void ShowAnew(TTessera &map);
 
  private:

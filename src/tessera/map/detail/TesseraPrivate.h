@@ -31,6 +31,7 @@ struct TTessera::Private {
   int pickTolerancePx = 0;
   TMapNavigation navigation;
   TMapPainting painting;
+  TMapSnapping snapping;
   detail::MapRotation rotation;
   QPointer<QUndoStack> undoStack;
 
