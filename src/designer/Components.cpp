@@ -4,6 +4,8 @@
 #include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/LayersComboBox.h>
 #include <tessera/controls/TDataBrowser.h>
+#include <tessera/controls/TMapLegend.h>
+#include <tessera/controls/TScaleBar.h>
 #include <tessera/form/TFormProviders.h>
 #include <tessera/form/TFormTools.h>
 
@@ -56,6 +58,10 @@ constexpr Component Components[] = {
      "layersComboBox", "From which a layer of a map is picked", QSize(160, 26), "Map", "", Make<TLayersComboBox>},
     {Basic, "tessera::TDataBrowser", "tessera/controls/TDataBrowser.h", "QWidget", "table", "dataBrowser",
      "The attributes of a layer's objects in a grid", QSize(320, 200), "Map", "Layer", Make<TDataBrowser>},
+    {Basic, "tessera::TScaleBar", "tessera/controls/TScaleBar.h", "QWidget", "scale-bar", "scaleBar",
+     "How long a round distance is on a map", QSize(160, 30), "Map", "", Make<TScaleBar>},
+    {Basic, "tessera::TMapLegend", "tessera/controls/TMapLegend.h", "QWidget", "legend", "mapLegend",
+     "The layers that a map shows, with samples of their looks", QSize(140, 160), "Map", "", Make<TMapLegend>},
 
     Tool("tessera::form::TSelectionTool", "select", "selectionTool", "Selects objects", MakeItem<form::TSelectionTool>),
     Tool("tessera::form::TZoomInTool", "zoom-in", "zoomInTool", "Zooms in", MakeItem<form::TZoomInTool>),

@@ -73,9 +73,16 @@ QString SaveMapPicture(TTessera &map, const QString &fileName) {
     write(map, file);
     return file.commit() ? QString() : About(fileName, file.errorString());
   }
+  return SavePicture(DecoratedPicture(map), fileName);
+}
+
+QImage DecoratedPicture(TTessera &map) {
   TBitmap picture;
   map.AssignToBitmap(picture);
-  return SavePicture(picture.GetImage(), fileName);
+  QImage image = picture.GetImage();
+  QPainter painter(&image);
+  map.GetPainting()->Decorate(painter, map.rect());
+  return image;
 }
 
 QString PictureNameFilter() {

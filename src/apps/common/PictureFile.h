@@ -16,8 +16,11 @@ namespace tessera::apps {
 [[nodiscard]] QString SavePicture(const QImage &picture, const QString &fileName);
 
 /// Writes what a map shows: as lines and areas where the name's ending is that of a drawing (.svg, .pdf), else its
-/// off-screen picture as it is. Returns as SavePicture does.
+/// off-screen picture as it is. The map's decorations come on top. Returns as SavePicture does.
 [[nodiscard]] QString SaveMapPicture(TTessera &map, const QString &fileName);
+
+/// A map's off-screen picture, with its decorations.
+[[nodiscard]] QImage DecoratedPicture(TTessera &map);
 
 /// A filter for file dialogs: "Pictures (*.png …)", PNG first.
 [[nodiscard]] QString PictureNameFilter();

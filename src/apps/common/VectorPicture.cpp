@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/VectorPicture.h>
+#include <tessera/graphics/detail/LetterPaths.h>
 #include <tessera/graphics/detail/SymbolFont.h>
 #include <tessera/objects/TCircle.h>
 #include <tessera/objects/TPolyline.h>
@@ -8,7 +9,6 @@
 #include <tessera/objects/TSprite.h>
 #include <tessera/objects/TText.h>
 
-#include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -84,29 +84,6 @@ class VectorDrawing {
     DrawFigure(object, path, dynamic_cast<const TPolyline *>(&object) == nullptr);
   }
 
-  static QFont FontOf(const TFont &font) {
-    QFont made = font.ToQFont();
-    made.setPixelSize(font.GetPixelSize());
-    made.setKerning(false);
-    return made;
-  }
-
-  /// Letters as outlines, which need no font where they are shown; (0, 0) is their upper left corner.
-  void DrawLetters(const QString &text, const TFont &font) {
-    const QFont letters = FontOf(font);
-    QPainterPath path;
-    path.addText(0, QFontMetricsF(letters).ascent(), letters, text);
-    m_painter.fillPath(path, ToQColor(font.GetColor()));
-  }
-
-  void DrawCentred(const QString &text, const TFont &font, const QPointF &at) {
-    const QFontMetricsF metrics(FontOf(font));
-    m_painter.save();
-    m_painter.translate(at - QPointF(metrics.horizontalAdvance(text), metrics.height()) / 2);
-    DrawLetters(text, font);
-    m_painter.restore();
-  }
-
   void DrawText(const TText &text) {
     if (text.GetFont().GetSize() < text.GetMinShowTextSize()) return;
     const TMapPoint anchor = AnchorOf(text);
@@ -117,14 +94,14 @@ class VectorDrawing {
       m_painter.fillRect(QRectF(0, 0, text.GetWidth() * m_scale, text.GetHeight() * m_scale),
                          ToQColor(text.GetBGColor()));
     }
-    DrawLetters(text.GetText(), text.GetFont());
+    detail::FillLetters(m_painter, text.GetText(), text.GetFont());
     m_painter.restore();
   }
 
   void DrawSymbol(const TSymbol &symbol) {
     if (symbol.GetShape() == TSymbol::NoShape) return;
     const detail::SymbolGlyph &glyph = detail::ResolveSymbol(symbol.GetFont(), symbol.GetShape());
-    DrawCentred(glyph.text, glyph.font, At(AnchorOf(symbol)));
+    detail::FillLettersCentred(m_painter, glyph.text, glyph.font, At(AnchorOf(symbol)));
   }
 
   void DrawSprite(const TSprite &sprite) {
@@ -136,8 +113,8 @@ class VectorDrawing {
     const int field = layer.GetLabelFieldIndex();
     if (field < 0 || field >= layer.GetFieldCount()) return;
     const TBounds bounds = object.GetBounds();
-    DrawCentred(object.GetFields().GetFields(field).GetAsString(), layer.GetAutoLabelFont(),
-                At((bounds.MinX + bounds.MaxX) / 2, (bounds.MinY + bounds.MaxY) / 2));
+    detail::FillLettersCentred(m_painter, object.GetFields().GetFields(field).GetAsString(), layer.GetAutoLabelFont(),
+                               At((bounds.MinX + bounds.MaxX) / 2, (bounds.MinY + bounds.MaxY) / 2));
   }
 
   QPainter &m_painter;
@@ -158,6 +135,7 @@ void DrawAsVectors(TTessera &map, QPainter &painter) {
   for (const auto &layer : map.GetLayers()->Items()) {
     if (layer->GetVisible() && layer->ValidZoom()) drawing.Draw(*layer);
   }
+  map.GetPainting()->Decorate(painter, map.rect());
   painter.restore();
 }
 

@@ -6,6 +6,8 @@
 
 #include <QObject>
 
+class QPainter;
+
 namespace tessera {
 
 /// What a picture of the map shows, and how it is made, on request. All of it is off at first.
@@ -34,6 +36,14 @@ class TESSERA_WIDGETS_EXPORT TMapPainting : public QObject {
   /// About how long a step takes, in milliseconds: an object is drawn in one go.
   [[nodiscard]] int GetStepMs() const { return m_stepMs; }
   void SetStepMs(int stepMs) { m_stepMs = stepMs; }
+
+  /// For programs that export or print what the map shows: has whoever handles OnDecorate draw over it. The painter is
+  /// as it was afterwards.
+  void Decorate(QPainter &painter, const QRect &picture);
+
+ Q_SIGNALS:
+  /// A picture of the map that leaves the screen is being drawn on a painter, in client pixels.
+  void OnDecorate(QPainter &painter, const QRect &picture);
 
  private:
   TMapUpdates &m_map;
