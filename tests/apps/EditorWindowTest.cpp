@@ -3,6 +3,10 @@
 
 #include <apps/common/FileFilters.h>
 #include <apps/editor/LoadingPanel.h>
+#include <apps/editor/MapDecorations.h>
+#include <apps/editor/UnitsMenu.h>
+#include <tessera/controls/TMapLegend.h>
+#include <tessera/controls/TScaleBar.h>
 #include <tessera/objects/TSprite.h>
 
 #include <QDragEnterEvent>
@@ -103,6 +107,33 @@ TEST_F(EditorWindowTest, ShowsThePointUnderTheCursorWhenTheMapMovesToo) {
   constexpr double SomePixels = 0.1;  // in map units
   EXPECT_NEAR(shown.value(0).toDouble(), 40, SomePixels);
   EXPECT_NEAR(shown.value(1).toDouble(), 5, SomePixels);
+}
+
+TEST_F(EditorWindowTest, DrawsTheScaleBarAndTheLegendThatAreShownIntoPictures) {
+  Open({squares});
+  const auto exported = [&](const char *name) {
+    EXPECT_TRUE(window.ExportPicture(PathOf(name)));
+    return BytesOf(PathOf(name));
+  };
+  const QByteArray plainPng = exported("plain.png");
+  const QByteArray plainSvg = exported("plain.svg");
+  for (QAction *action : window.GetDecorations().GetActions()) {
+    EXPECT_FALSE(action->isChecked());
+    action->setChecked(true);
+    EXPECT_NE(exported("with.png"), plainPng);
+    EXPECT_NE(exported("with.svg"), plainSvg);
+  }
+  EXPECT_TRUE(window.GetDecorations().GetScaleBar().isVisible());
+  EXPECT_TRUE(window.GetDecorations().GetLegend().isVisible());
+  EXPECT_EQ(window.GetDecorations().GetLegend().GetEntries().front().name, u"squares");
+  EXPECT_TRUE(window.GetDecorations().GetScaleBar().GetText().endsWith(u" km"));
+  TMapMeasure plain;
+  window.GetUnits().SetMeasure(plain);
+  EXPECT_FALSE(window.GetDecorations().GetScaleBar().GetText().contains(u' '));
+  for (QAction *action : window.GetDecorations().GetActions()) action->setChecked(false);
+  EXPECT_EQ(exported("with.png"), plainPng);
+  const TEditorWindow next;
+  EXPECT_EQ(next.GetUnits().GetMeasure(), plain) << "kept from one run to the next";
 }
 
 TEST_F(EditorWindowTest, AsksBeforeALayerReplacesItsSourceThatItDoesNotHoldWhole) {

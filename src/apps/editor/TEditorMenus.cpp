@@ -3,10 +3,12 @@
 #include <apps/editor/EditorTools.h>
 #include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
+#include <apps/editor/MapDecorations.h>
 #include <apps/editor/MapPrinting.h>
 #include <apps/editor/MessageBar.h>
 #include <apps/editor/RecentFiles.h>
 #include <apps/editor/TEditorWindow.h>
+#include <apps/editor/UnitsMenu.h>
 #include <icons/ThemedIcon.h>
 #include <tessera/base/GuardedCall.h>
 #include <tessera/editing/TMapEdits.h>
@@ -180,6 +182,8 @@ void TEditorWindow::MakeViewMenu() {
   });
   menu->addSeparator();
   MakeWheelMenu(*menu);
+  menu->addMenu(m_units);
+  menu->addActions(m_decorations->GetActions());
   menu->addActions(m_docks->GetActions());
 }
 

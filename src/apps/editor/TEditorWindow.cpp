@@ -5,12 +5,14 @@
 #include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
 #include <apps/editor/LoadingPanel.h>
+#include <apps/editor/MapDecorations.h>
 #include <apps/editor/MessageBar.h>
 #include <apps/editor/NewLayerDialog.h>
 #include <apps/editor/OptionsDialog.h>
 #include <apps/editor/RecentFiles.h>
 #include <apps/editor/StatusPanel.h>
 #include <apps/editor/TEditorWindow.h>
+#include <apps/editor/UnitsMenu.h>
 #include <tessera/base/Exceptions.h>
 #include <tessera/editing/TEditScope.h>
 #include <tessera/editing/TMapEdits.h>
@@ -66,7 +68,8 @@ TEditorWindow::TEditorWindow(QWidget *parent)
       m_tools(new EditorTools(*m_map, this)),
       m_docks(new LayerDocks(*this, *m_map)),
       m_statusPanel(new StatusPanel(*m_map)),
-      m_recent(new RecentFiles(tr("Open &recent"), this)) {
+      m_recent(new RecentFiles(tr("Open &recent"), this)),
+      m_units(new UnitsMenu(tr("&Units"), this)) {
   setWindowTitle(tr("Tessera editor[*]"));
   setAcceptDrops(true);
   setCentralWidget(MakeCentralWidget());
@@ -114,6 +117,7 @@ QWidget *TEditorWindow::MakeCentralWidget() {
   grid->setContentsMargins(0, 0, 0, 0);
   // The bar lies over the map, which keeps its size and with it its picture when messages come and go.
   grid->addWidget(m_map, 0, 0);
+  m_decorations = new MapDecorations(*m_map, *m_units, *grid, this);
   grid->addWidget(m_messageBar, 0, 0, Qt::AlignTop);
   m_messageBar->raise();
   return pane;
@@ -218,10 +222,8 @@ bool TEditorWindow::ExportPicture(const QString &fileName) {
 }
 
 void TEditorWindow::CopyPicture() {
-  TBitmap picture;
   m_map->PaintMapToBitmap();
-  m_map->AssignToBitmap(picture);
-  QGuiApplication::clipboard()->setImage(picture.GetImage());
+  QGuiApplication::clipboard()->setImage(DecoratedPicture(*m_map));
 }
 
 void TEditorWindow::ChangeLayer(const QString &text, const std::function<void(TMapLayer &layer)> &change) {

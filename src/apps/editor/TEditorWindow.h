@@ -12,9 +12,11 @@ class EditRecovery;
 class EditorTools;
 class LayerFiles;
 class LayerDocks;
+class MapDecorations;
 class MessageBar;
 class RecentFiles;
 class StatusPanel;
+class UnitsMenu;
 
 /// The editor's window: a map with what it takes to open, look at, draw, change and save its layers. Messages of the
 /// library appear in a bar above the map as long as the window lives; it is the only one of its kind in a process.
@@ -38,6 +40,9 @@ class TEditorWindow : public QMainWindow {
   /// The edits of the map's layers and objects; clean when all is saved.
   [[nodiscard]] QUndoStack &GetUndoStack() const { return *m_undoStack; }
   [[nodiscard]] StatusPanel &GetStatusPanel() const { return *m_statusPanel; }
+  [[nodiscard]] MapDecorations &GetDecorations() const { return *m_decorations; }
+  /// How lengths and areas are told.
+  [[nodiscard]] UnitsMenu &GetUnits() const { return *m_units; }
   /// The layer that the commands are about: the one chosen in the list, or the top one; none without layers.
   [[nodiscard]] TMapLayer *GetCurrentLayer() const;
 
@@ -96,6 +101,8 @@ class TEditorWindow : public QMainWindow {
   LayerDocks *m_docks;
   StatusPanel *m_statusPanel;
   RecentFiles *m_recent;
+  UnitsMenu *m_units;
+  MapDecorations *m_decorations = nullptr;
   TMessageSink m_sinkBefore;
 };
 
