@@ -6,6 +6,7 @@
 #include <tessera/tools/TCircleSelectionTool.h>
 #include <tessera/tools/TCircleTool.h>
 #include <tessera/tools/TLineTool.h>
+#include <tessera/tools/TMeasureTool.h>
 #include <tessera/tools/TMoveTool.h>
 #include <tessera/tools/TPanTool.h>
 #include <tessera/tools/TPolygonSelectionTool.h>

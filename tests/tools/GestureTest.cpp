@@ -65,7 +65,8 @@ const GestureCase Gestures[] = {{Make<TZoomInTool>, true},
                                 {Make<TTextTool>, false},
                                 {Make<TRectSelectionTool>, true},
                                 {Make<TCircleSelectionTool>, true},
-                                {Make<TPolygonSelectionTool>, false}};
+                                {Make<TPolygonSelectionTool>, false},
+                                {Make<TMeasureTool>, false}};
 
 class GestureTest : public testing::TestWithParam<GestureCase> {
  protected:

@@ -51,4 +51,8 @@ void TFormTool::SetMapName(const QByteArray &name) {
   m_mapByName->SetName(name);
 }
 
+TMeasureTool::TMeasureTool(QWidget *parent) : TFormToolOf(parent) {
+  connect(Get(), &tessera::TMeasureTool::OnMeasure, this, &TMeasureTool::OnMeasure);
+}
+
 }  // namespace tessera::form

@@ -135,5 +135,35 @@ class TESSERA_WIDGETS_EXPORT TTextTool : public TFormToolOf<tessera::TTextTool> 
   using TFormToolOf::TFormToolOf;
 };
 
+/// With the properties of its measure, which are those of TScaleBar.
+class TESSERA_WIDGETS_EXPORT TMeasureTool : public TFormToolOf<tessera::TMeasureTool> {
+  Q_OBJECT
+  Q_PROPERTY(tessera::TMapMeasure::TUnit Unit READ GetUnit WRITE SetUnit)
+  Q_PROPERTY(bool Geodetic READ GetGeodetic WRITE SetGeodetic)
+  Q_PROPERTY(double MetresPerUnit READ GetMetresPerUnit WRITE SetMetresPerUnit)
+
+ public:
+  explicit TMeasureTool(QWidget *parent = nullptr);
+
+  [[nodiscard]] tessera::TMapMeasure::TUnit GetUnit() const { return GetMeasure().Unit; }
+  void SetUnit(tessera::TMapMeasure::TUnit unit) { Set(&TMapMeasure::Unit, unit); }
+  [[nodiscard]] bool GetGeodetic() const { return GetMeasure().Geodetic; }
+  void SetGeodetic(bool geodetic) { Set(&TMapMeasure::Geodetic, geodetic); }
+  [[nodiscard]] double GetMetresPerUnit() const { return GetMeasure().MetresPerUnit; }
+  void SetMetresPerUnit(double metres) { Set(&TMapMeasure::MetresPerUnit, metres); }
+
+ Q_SIGNALS:
+  void OnMeasure(tessera::TMeasureTool *sender, const QString &text);
+
+ private:
+  [[nodiscard]] TMapMeasure GetMeasure() const { return Get() ? Get()->GetMeasure() : TMapMeasure(); }
+  template <typename Value>
+  void Set(Value TMapMeasure::*member, Value value) {
+    TMapMeasure measure = GetMeasure();
+    measure.*member = value;
+    if (Get()) Get()->SetMeasure(measure);
+  }
+};
+
 }  // namespace form
 }  // namespace tessera

@@ -24,6 +24,13 @@ std::vector<TPoint> TCustomMultiPointTool::GetOutline() const {
   return outline;
 }
 
+std::vector<TMapPoint> TCustomMultiPointTool::GetMapOutline() const {
+  std::vector<TMapPoint> outline = m_points;
+  const bool isAtMouse = m_points.empty() || GetTessera() == nullptr;
+  if (!isAtMouse) outline.push_back(GetTessera()->GetViewport().ScreenToMap(m_mouse.x(), m_mouse.y()));
+  return outline;
+}
+
 std::vector<TPoint> TCustomMultiPointTool::GetClosedOutline() const {
   std::vector<TPoint> ring = GetOutline();
   if (!ring.empty()) ring.push_back(ring.front());
@@ -42,11 +49,14 @@ void TCustomMultiPointTool::MouseDown(Qt::MouseButton button, TShiftState /*shif
     m_points.push_back(point);
     m_mouse = TPoint(x, y);
   });
+  Q_EMIT OnOutline(this);
 }
 
 void TCustomMultiPointTool::MouseMove(TShiftState /*shift*/, int x, int y) {
   m_isSecondPressDue = false;
-  if (GetInGesture()) ChangeFigure([&] { m_mouse = TPoint(x, y); });
+  if (!GetInGesture()) return;
+  ChangeFigure([&] { m_mouse = TPoint(x, y); });
+  Q_EMIT OnOutline(this);
 }
 
 void TCustomMultiPointTool::DblClick() {

@@ -22,6 +22,12 @@ class TESSERA_WIDGETS_EXPORT TCustomMultiPointTool : public TCustomGestureTool {
   void DblClick() override;
   [[nodiscard]] bool GetEnabled() const override;
   [[nodiscard]] bool GetSnaps() const override { return true; }
+  /// The vertices clicked so far and the place of the mouse, in map units; empty before the first vertex.
+  [[nodiscard]] std::vector<TMapPoint> GetMapOutline() const;
+
+ Q_SIGNALS:
+  /// A vertex has come, or the mouse has moved, while the outline is being clicked together: see GetMapOutline.
+  void OnOutline(tessera::TCustomMultiPointTool *sender);
 
  protected:
   void Forget() override;

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include <tessera/map/TTessera.h>
+#include <tessera/tools/TMeasureTool.h>
+
+namespace tessera {
+namespace {
+
+constexpr std::size_t FewestCorners = 3;
+
+}  // namespace
+
+TMeasureTool::TMeasureTool(QObject *parent) : TCustomMultiPointTool(parent) {
+  SetDisplayName(QStringLiteral("Measure Tool"));
+  connect(this, &TCustomMultiPointTool::OnOutline, this, [this] { Measure(GetMapOutline()); });
+}
+
+bool TMeasureTool::GetEnabled() const {
+  return TCustomGestureTool::GetEnabled();
+}
+
+void TMeasureTool::Draw() {
+  DrawInverted([line = GetOutline()](TCanvas &canvas) { canvas.Polyline(line); });
+}
+
+bool TMeasureTool::CreateObject() {
+  Measure(TakePoints());
+  return false;
+}
+
+void TMeasureTool::Measure(const std::vector<TMapPoint> &line) {
+  m_length = m_measure.Length(line);
+  m_area = line.size() < FewestCorners ? 0 : m_measure.Area(line);
+  Q_EMIT OnMeasure(this, TextOfOutline(line, m_measure, true));
+}
+
+QString TextOfOutline(std::span<const TMapPoint> line, const TMapMeasure &measure, bool hasArea) {
+  const QString length = measure.LengthText(measure.Length(line));
+  if (!hasArea || line.size() < FewestCorners) return length;
+  return length + QStringLiteral(", ") + measure.AreaText(measure.Area(line));
+}
+
+}  // namespace tessera
