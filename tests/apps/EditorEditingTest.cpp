@@ -3,14 +3,18 @@
 #include "../support/MapInput.h"
 #include "EditorFixture.h"
 
+#include <apps/editor/MeasureLabel.h>
 #include <apps/editor/NewLayerDialog.h>
 #include <apps/editor/OptionsDialog.h>
 #include <apps/editor/RecentFiles.h>
+#include <apps/editor/UnitsMenu.h>
 #include <icons/ThemedIcon.h>
 #include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/LayersComboBox.h>
 #include <tessera/controls/TDataBrowser.h>
+#include <tessera/objects/ObjectMeasure.h>
 #include <tessera/objects/TText.h>
+#include <tessera/tools/TMeasureTool.h>
 
 #include <QClipboard>
 #include <QComboBox>
@@ -81,6 +85,45 @@ class EditorEditingTest : public EditorFixture {
   Unsaved answer = Unsaved::Cancel;
   QString whereToSave = PathOf("drawn.mif");
 };
+
+TEST_F(EditorEditingTest, TellsTheSizeOfWhatIsDrawnMeasuredAndSelected) {
+  const MeasureLabel &sizes = window.GetStatusPanel().GetMeasureLabel();
+  TMapMeasure plain;
+  window.GetUnits().SetMeasure(plain);
+  AddLayer();
+  const auto sizeOf = [&](const QPoint &a, const QPoint &b, const QPoint &c, bool hasArea) {
+    std::vector<TMapPoint> line;
+    for (const QPoint &pixel : {a, b, c}) line.push_back(map.GetViewport().ScreenToMap(pixel.x(), pixel.y()));
+    return TextOfOutline(line, plain, hasArea);
+  };
+  const QPoint corners[] = {{200, 60}, {250, 90}, {300, 60}};
+  const std::pair<int, bool> tools[] = {{5, false}, {7, true}, {15, true}};
+  for (const auto &[tool, hasArea] : tools) {
+    Use(tool);
+    input.Click(corners[0]);
+    input.Click(corners[1]);
+    input.MoveTo(corners[2], Qt::NoButton);
+    EXPECT_EQ(sizes.text(), sizeOf(corners[0], corners[1], corners[2], hasArea)) << tool;
+    input.Key(Qt::Key_Escape);
+    EXPECT_EQ(sizes.text(), QString());
+  }
+  input.Click(corners[0]);
+  input.DoubleClick(corners[1]);
+  EXPECT_FALSE(sizes.text().isEmpty()) << "what was measured stays";
+  Use(6);
+  input.Drag({50, 150}, {150, 220});
+  map.GetLayers()->Last()->Last()->Select();
+  QApplication::processEvents();
+  const TObjectSize size = MeasureObject(*map.GetLayers()->Last()->Last(), plain);
+  EXPECT_EQ(sizes.text(), plain.LengthText(size.length) + QStringLiteral(", ") + plain.AreaText(size.area));
+  TMapMeasure metres;
+  metres.Unit = TMapMeasure::muMetre;
+  window.GetUnits().SetMeasure(metres);
+  EXPECT_TRUE(sizes.text().endsWith(u" m²"));
+  map.GetSelection()->Clear();
+  QApplication::processEvents();
+  EXPECT_EQ(sizes.text(), QString());
+}
 
 TEST_F(EditorEditingTest, DrawsOneOfEachKindSavesAndOpensThemAgain) {
   for (int tool : {4, 10}) EXPECT_FALSE(window.GetTools().GetActions().at(tool)->isEnabled()) << "nothing to draw into";

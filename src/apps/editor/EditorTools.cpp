@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/editor/EditorTools.h>
+#include <apps/editor/MeasureLabel.h>
 #include <icons/ThemedIcon.h>
 #include <tessera/StdMapTools.h>
 #include <tessera/map/TMapToolsManager.h>
@@ -46,6 +47,7 @@ constexpr ToolRow Rows[] = {
     {Make<TVertexTool>, "vertices", QT_TRANSLATE_NOOP("EditorTools", "E&dit vertices"),
      QT_TRANSLATE_NOOP("EditorTools",
                        "Drag vertices and edges of the selected line or region; Delete takes a vertex out")},
+    {Make<TMeasureTool>, "measure", QT_TRANSLATE_NOOP("EditorTools", "Me&asure")},
 };
 constexpr int LastDigit = 9;
 
@@ -79,6 +81,16 @@ QList<QAction *> EditorTools::GetActions() const {
 bool EditorTools::AreKeysInUse() const {
   const TCustomMapTool *tool = m_map.GetMapToolsManager()->GetActiveMapTool();
   return tool != nullptr && tool->GetWantsKeys();
+}
+
+void EditorTools::SetMeasure(const TMapMeasure &measure) {
+  Find<TMeasureTool>()->SetMeasure(measure);
+}
+
+void EditorTools::ShowSizesIn(MeasureLabel &label) const {
+  label.Follow(*Find<TPolylineTool>(), false);
+  label.Follow(*Find<TRegionTool>(), true);
+  label.Follow(*Find<TMeasureTool>(), true);
 }
 
 void EditorTools::ShowState() {

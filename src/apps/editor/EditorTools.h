@@ -2,6 +2,7 @@
 #pragma once
 
 #include <apps/editor/MapFollower.h>
+#include <tessera/geometry/TMapMeasure.h>
 #include <tessera/map/TCustomMapTool.h>
 
 #include <QAction>
@@ -10,6 +11,8 @@
 #include <vector>
 
 namespace tessera::apps {
+
+class MeasureLabel;
 
 /// The tools of the editor's map, each with an action that makes it the active one. At first that is the selection; it
 /// is so again when a drawing tool has nothing to draw into any more.
@@ -32,6 +35,18 @@ class EditorTools : public QObject {
   }
   /// Whether the keys now belong to the active tool.
   [[nodiscard]] bool AreKeysInUse() const;
+  /// From now on the measuring tool measures so.
+  void SetMeasure(const TMapMeasure &measure);
+  /// Has a label show what is measured and drawn.
+  void ShowSizesIn(MeasureLabel &label) const;
+  /// The first tool of a kind.
+  template <class Kind>
+  [[nodiscard]] Kind *Find() const {
+    for (const Entry &entry : m_entries) {
+      if (auto *tool = qobject_cast<Kind *>(entry.tool.get())) return tool;
+    }
+    return nullptr;
+  }
 
  private:
   struct Entry {

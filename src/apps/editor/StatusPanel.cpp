@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <apps/editor/MeasureLabel.h>
 #include <apps/editor/ProgressPanel.h>
 #include <apps/editor/StatusPanel.h>
 #include <tessera/base/detail/Numbers.h>
@@ -26,6 +27,7 @@ StatusPanel::StatusPanel(TTessera &map, QWidget *parent)
       m_summary(new QLabel(this)),
       m_editing(new QLabel(this)),
       m_selection(new QLabel(this)),
+      m_sizes(new MeasureLabel(map, this)),
       m_coordinates(new QLabel(this)),
       m_zoom(new QLabel(this)),
       m_follower(map, [this](TMapDataLinkEvent, TObject *) { m_refresh.start(); }) {
@@ -37,7 +39,8 @@ StatusPanel::StatusPanel(TTessera &map, QWidget *parent)
   row->setSpacing(2 * row->spacing());
   row->addWidget(m_summary, 1);
   row->addWidget(new ProgressPanel(map, this));
-  for (QLabel *label : {m_editing, m_selection, m_coordinates, m_zoom}) row->addWidget(label);
+  const std::initializer_list<QLabel *> labels = {m_editing, m_selection, m_sizes, m_coordinates, m_zoom};
+  for (QLabel *label : labels) row->addWidget(label);
   ShowZoom(map);
   ShowLayersAndSelection(map);
   // Many notices, of a big selection say, are one change here.

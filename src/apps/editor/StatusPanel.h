@@ -13,8 +13,10 @@ class QLabel;
 
 namespace tessera::apps {
 
+class MeasureLabel;
+
 /// What a status bar shows of a map: what the last load came to, the progress of loading, the editable layer, how many
-/// objects are selected, the map point under the cursor, and the zoom.
+/// objects are selected, how long and large that or what is drawn is, the map point under the cursor, and the zoom.
 class StatusPanel : public QWidget {
   Q_OBJECT
 
@@ -29,6 +31,7 @@ class StatusPanel : public QWidget {
   [[nodiscard]] QString GetZoom() const;
   [[nodiscard]] QString GetEditing() const;
   [[nodiscard]] QString GetSelection() const;
+  [[nodiscard]] MeasureLabel &GetMeasureLabel() const { return *m_sizes; }
 
  private:
   void ShowLayersAndSelection(const TTessera &map);
@@ -38,6 +41,7 @@ class StatusPanel : public QWidget {
   QLabel *m_summary;
   QLabel *m_editing;
   QLabel *m_selection;
+  MeasureLabel *m_sizes;
   QLabel *m_coordinates;
   QLabel *m_zoom;
   std::optional<QPoint> m_cursor;  // where it was last seen on the map

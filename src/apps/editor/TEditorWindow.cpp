@@ -6,6 +6,7 @@
 #include <apps/editor/LayerFiles.h>
 #include <apps/editor/LoadingPanel.h>
 #include <apps/editor/MapDecorations.h>
+#include <apps/editor/MeasureLabel.h>
 #include <apps/editor/MessageBar.h>
 #include <apps/editor/NewLayerDialog.h>
 #include <apps/editor/OptionsDialog.h>
@@ -81,6 +82,7 @@ TEditorWindow::TEditorWindow(QWidget *parent)
   connect(m_files, &LayerFiles::Failed, m_messageBar, &MessageBar::Post);
   connect(m_recovery, &EditRecovery::Failed, m_messageBar, &MessageBar::Post);
   FollowUnsaved();
+  FollowUnits();
   connect(m_files, &LayerFiles::Used, m_recent, &RecentFiles::Add);
   connect(m_recent, &RecentFiles::Chosen, m_files, [this](const QString &file) { m_files->Open({file}); });
   m_sinkBefore = SetMessageSink([bar = m_messageBar](const QString &text) { bar->Post(text); });
@@ -109,6 +111,17 @@ void TEditorWindow::FollowUnsaved() {
     // A stack that was emptied calls itself clean.
     if (isClean && !unsaved.GetLayers().empty()) m_undoStack->resetClean();
   });
+}
+
+void TEditorWindow::FollowUnits() {
+  MeasureLabel &sizes = m_statusPanel->GetMeasureLabel();
+  m_tools->ShowSizesIn(sizes);
+  const auto follow = [this, &sizes](const TMapMeasure &measure) {
+    m_tools->SetMeasure(measure);
+    sizes.SetMeasure(measure);
+  };
+  connect(m_units, &UnitsMenu::Changed, &sizes, follow);
+  follow(m_units->GetMeasure());
 }
 
 QWidget *TEditorWindow::MakeCentralWidget() {

@@ -81,6 +81,7 @@ class TEditorWindow : public QMainWindow {
   /// Runs a command on the current layer; without one, a message says so.
   void WithLayer(const std::function<void(TMapLayer &layer)> &command);
   void FollowUnsaved();
+  void FollowUnits();
   /// Changes the current layer, as a step that can be undone.
   void ChangeLayer(const QString &text, const std::function<void(TMapLayer &layer)> &change);
   /// The selected objects of the editable layer. That others stay as they are is told.
