@@ -75,6 +75,8 @@ constexpr Component Components[] = {
          MakeItem<form::TCircleTool>),
     Tool("tessera::form::TSymbolTool", "symbol", "symbolTool", "Puts symbols on the map", MakeItem<form::TSymbolTool>),
     Tool("tessera::form::TTextTool", "text", "textTool", "Types labels onto the map", MakeItem<form::TTextTool>),
+    Tool("tessera::form::TIdentifyTool", "identify", "identifyTool", "Tells what there is at a click",
+         MakeItem<form::TIdentifyTool>),
     Tool("tessera::form::TMeasureTool", "measure", "measureTool", "Measures lengths and areas",
          MakeItem<form::TMeasureTool>),
 

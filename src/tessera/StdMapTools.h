@@ -5,6 +5,7 @@
 
 #include <tessera/tools/TCircleSelectionTool.h>
 #include <tessera/tools/TCircleTool.h>
+#include <tessera/tools/TIdentifyTool.h>
 #include <tessera/tools/TLineTool.h>
 #include <tessera/tools/TMeasureTool.h>
 #include <tessera/tools/TMoveTool.h>

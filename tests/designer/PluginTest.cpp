@@ -25,7 +25,7 @@ TEST(PluginTest, OffersItsClassesOnThreePages) {
       {QStringLiteral("Tessera - Basic"), QStringLiteral("TTessera TLayerControl TLayersComboBox TDataBrowser TScaleBar TMapLegend")},
       {QStringLiteral("Tessera - Map Tools"),
        QStringLiteral("TSelectionTool TZoomInTool TZoomOutTool TPanTool TLineTool TPolylineTool TRectTool TRegionTool "
-                      "TCircleTool TSymbolTool TTextTool TMeasureTool")},
+                      "TCircleTool TSymbolTool TTextTool TIdentifyTool TMeasureTool")},
       {QStringLiteral("Tessera - Format Providers"),
        QStringLiteral("TSimpleMIFFormatProvider TMapInfoFormatProvider")}};
   QStringList expected;

@@ -2,6 +2,7 @@
 #include "MapFixture.h"
 
 #include <tessera/base/DebugTrace.h>
+#include <tessera/layers/ObjectsAt.h>
 #include <tessera/objects/TCircle.h>
 #include <tessera/objects/TSprite.h>
 #include <tessera/objects/TText.h>
@@ -177,6 +178,28 @@ TEST_F(PickingTest, TracesWhereItSearches) {
   SetDebugTraceSink(before);
   EXPECT_EQ(traced, (QStringList{QStringLiteral("Start Searching Object From Layer %S To Layer %S"),
                                  QStringLiteral("high"), QStringLiteral("low")}));
+}
+
+TEST_F(PickingTest, FindsTheObjectsOfAllLayersShownTopmostFirst) {
+  TMapLayer &low = *AddLayer();
+  TMapLayer &high = *AddLayer();
+  TCustomMapObject *a = AddSquare(&low, 20, 20, 60, clRed);
+  TCustomMapObject *b = AddSquare(&high, 40, 40, 40, clBlue);
+  TCustomMapObject *c = AddSquare(&high, 45, 45, 20, clNavy);
+  AddSquare(&high, 100, 40, 10, clNavy);
+  high.SetSelectable(false);
+  const auto at = [&](double x, int tolerancePx) { return ObjectsAt(*map.GetLayers(), {x, 50}, tolerancePx); };
+  EXPECT_EQ(at(50, 0), (Objects{c, b, a})) << "without a picture, selectable or not";
+  EXPECT_EQ(at(30, 0), Objects{a});
+  EXPECT_EQ(at(38, 3), (Objects{b, a}));
+  EXPECT_EQ(at(38, 1), Objects{a});
+  map.SetZoom(4);
+  EXPECT_EQ(at(38, 3), Objects{a}) << "pixels are of the view";
+  low.SetVisible(false);
+  EXPECT_EQ(at(50, 0), (Objects{c, b}));
+  high.SetMinZoom(5);
+  high.SetMaxZoom(6);
+  EXPECT_EQ(at(50, 0), Objects());
 }
 
 }  // namespace

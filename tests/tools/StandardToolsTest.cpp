@@ -79,6 +79,31 @@ TEST_F(StandardToolsTest, SelectsTheObjectUnderAClick) {
   EXPECT_EQ(completed, 0);
 }
 
+TEST_F(StandardToolsTest, TellsOfTheObjectsUnderAClickTopmostFirst) {
+  auto tool = std::make_unique<TIdentifyTool>();
+  Use(*tool);
+  TCustomMapObject *red = AddSquare(AddLayer(), 20, 20, 40, clRed);
+  TCustomMapObject *blue = AddSquare(AddLayer(), 40, 40, 40, clBlue);
+  std::vector<TIdentifyTool::Objects> told;
+  QObject::connect(tool.get(), &TIdentifyTool::OnIdentify, &map,
+                   [&told](TIdentifyTool *, const TIdentifyTool::Objects &objects) { told.push_back(objects); });
+  input.Click({50, 50}, {}, Qt::RightButton);
+  EXPECT_EQ(told.size(), 0U);
+  input.Click({50, 50});
+  ASSERT_EQ(told.back().size(), 2U);
+  EXPECT_EQ(told.back()[0].Get(), blue);
+  EXPECT_EQ(told.back()[1].Get(), red);
+  map.SetPickTolerancePx(5);
+  input.Click({17, 60});
+  ASSERT_EQ(told.back().size(), 1U);
+  input.Click({150, 10});
+  EXPECT_EQ(told.back().size(), 0U);
+  EXPECT_EQ(map.GetSelection()->GetCount(), 0);
+  QObject::connect(tool.get(), &TIdentifyTool::OnIdentify, &map, [&tool] { tool.reset(); });
+  input.Click({50, 50});
+  EXPECT_EQ(tool, nullptr);
+}
+
 TEST_F(StandardToolsTest, ZoomsInByAClickOrIntoARectangle) {
   TZoomInTool tool;
   Use(tool);

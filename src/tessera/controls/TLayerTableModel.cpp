@@ -5,6 +5,7 @@
 #include <tessera/controls/detail/CellValues.h>
 #include <tessera/controls/detail/LayerTableLink.h>
 #include <tessera/editing/TMapEdits.h>
+#include <tessera/map/detail/ObjectWords.h>
 
 #include <QScopeGuard>
 
@@ -73,7 +74,7 @@ QVariant TLayerTableModel::ValueData(const TDataFieldView &field, const detail::
   const bool isCheckBox = column.type == TDataType::dtBoolean;
   switch (role) {
     case Qt::DisplayRole:
-      return isCheckBox ? QVariant() : detail::CellToText(field);
+      return isCheckBox ? QVariant() : detail::ShownText(field);
     case Qt::EditRole:
       return detail::CellToVariant(field.GetValue(), column.type);
     case Qt::CheckStateRole: {
@@ -84,7 +85,7 @@ QVariant TLayerTableModel::ValueData(const TDataFieldView &field, const detail::
     }
     case TextRole:
     case Qt::AccessibleTextRole:
-      return detail::CellToText(field);
+      return detail::ShownText(field);
     case SortRole:
       return detail::CellToSortKey(field.GetValue(), column.type);
     case NeutralRole:

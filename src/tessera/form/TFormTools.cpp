@@ -51,6 +51,10 @@ void TFormTool::SetMapName(const QByteArray &name) {
   m_mapByName->SetName(name);
 }
 
+TIdentifyTool::TIdentifyTool(QWidget *parent) : TFormToolOf(parent) {
+  connect(Get(), &tessera::TIdentifyTool::OnIdentify, this, &TIdentifyTool::OnIdentify);
+}
+
 TMeasureTool::TMeasureTool(QWidget *parent) : TFormToolOf(parent) {
   connect(Get(), &tessera::TMeasureTool::OnMeasure, this, &TMeasureTool::OnMeasure);
 }

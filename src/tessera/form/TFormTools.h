@@ -135,6 +135,16 @@ class TESSERA_WIDGETS_EXPORT TTextTool : public TFormToolOf<tessera::TTextTool> 
   using TFormToolOf::TFormToolOf;
 };
 
+class TESSERA_WIDGETS_EXPORT TIdentifyTool : public TFormToolOf<tessera::TIdentifyTool> {
+  Q_OBJECT
+
+ public:
+  explicit TIdentifyTool(QWidget *parent = nullptr);
+
+ Q_SIGNALS:
+  void OnIdentify(tessera::TIdentifyTool *sender, const tessera::TIdentifyTool::Objects &objects);
+};
+
 /// With the properties of its measure, which are those of TScaleBar.
 class TESSERA_WIDGETS_EXPORT TMeasureTool : public TFormToolOf<tessera::TMeasureTool> {
   Q_OBJECT

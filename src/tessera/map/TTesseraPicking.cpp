@@ -2,47 +2,21 @@
 // The objects at a point of the map.
 #include <tessera/base/DebugTrace.h>
 #include <tessera/base/THandle.h>
+#include <tessera/layers/detail/PointPick.h>
 #include <tessera/map/detail/TesseraPrivate.h>
 #include <tessera/objects/TMapScopes.h>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 #include <vector>
 
 namespace tessera {
 namespace {
 
-/// A map point, with the box about it that an object need only touch to be hit.
-class Pick {
- public:
-  Pick(const TViewport &viewport, double x, double y, int tolerancePx)
-      : m_point{x, y}, m_tolerancePx(std::max(tolerancePx, 0)) {
-    if (m_tolerancePx == 0) return;
-    const auto reach = double(std::fabs(tolerancePx / viewport.GetScale().Kx));
-    m_box = {x - reach, y - reach, x + reach, y + reach};
-  }
-
-  [[nodiscard]] const TMapPoint &GetPoint() const { return m_point; }
-  [[nodiscard]] int GetTolerancePx() const { return m_tolerancePx; }
-  [[nodiscard]] bool Hits(const TCustomMapObject &object) const {
-    return object.ContainsPoint(m_point.X, m_point.Y) || (m_tolerancePx > 0 && Touches(object));
-  }
-
- private:
-  [[nodiscard]] bool Touches(const TCustomMapObject &object) const {
-    return object.IntersectsRect(m_box.MinX, m_box.MinY, m_box.MaxX, m_box.MaxY) ||
-           object.WithinRect(m_box.MinX, m_box.MinY, m_box.MaxX, m_box.MaxY);
-  }
-
-  TMapPoint m_point;
-  int m_tolerancePx;
-  TBounds m_box{};
-};
-
 /// The objects of a layer that the picture shows and that are hit, in the order of the displayed objects. As long as
 /// the picture is not complete, `displayed` is none, and all that can be in it are asked in their own order.
-std::vector<TCustomMapObject *> HitsIn(const TMapLayer &layer, const TDisplayedObjects *displayed, const Pick &pick) {
+std::vector<TCustomMapObject *> HitsIn(const TMapLayer &layer, const TDisplayedObjects *displayed,
+                                       const detail::PointPick &pick) {
   if (!displayed && !(layer.GetVisible() && layer.ValidZoom())) return {};
   TCardinalArray near;
   layer.GetIdsNear(pick.GetPoint(), pick.GetTolerancePx(), near);
@@ -75,7 +49,7 @@ void TTessera::SelectObjectAt(double x, double y, bool exclusive) {
              {NameOf(*d->layers, top), NameOf(*d->layers, 0)});
   if (skipped > 0) d->selection->Clear();
 
-  const Pick pick(GetViewport(), x, y, d->pickTolerancePx);
+  const detail::PointPick pick(GetViewport(), {x, y}, d->pickTolerancePx);
   TCustomMapObject *hit = nullptr;
   for (int i = std::min(top, d->layers->GetCount() - 1); i >= 0 && hit == nullptr; --i) {
     const TMapLayer &layer = *d->layers->GetLayer(i);
@@ -99,7 +73,7 @@ void TTessera::SelectObjectsAt(double x, double y, bool clearFirst) {
     const TProgressScope progress(*this, 0, 0, QString());
     if (clearFirst) d->selection->Clear();
 
-    const Pick pick(GetViewport(), x, y, d->pickTolerancePx);
+    const detail::PointPick pick(GetViewport(), {x, y}, d->pickTolerancePx);
     std::vector<THandle<TCustomMapObject>> hits;
     for (int i = d->layers->GetCount() - 1; i >= 0; --i) {
       const TMapLayer &layer = *d->layers->GetLayer(i);

@@ -133,15 +133,6 @@ QVariant CellToVariant(const TDataValue &value, TDataType type) {
   return ValueToText(value);
 }
 
-QString CellToText(const TDataFieldView &field) {
-  const TDataValue value = field.GetValue();
-  try {
-    return field.TextOf(value);
-  } catch (const EConvertError &) {
-    return ValueToText(value);
-  }
-}
-
 QVariant CellToSortKey(const TDataValue &value, TDataType type) {
   if (std::holds_alternative<std::monostate>(value)) return {};
   if (type == TDataType::dtString) return ValueToText(value);

@@ -31,8 +31,6 @@ struct IntegerRange {
 /// A value as the Qt type that fits the column: int, double, bool, QDate, QTime, QDateTime or QString; invalid when
 /// unassigned. What does not fit the column's type is a QString.
 [[nodiscard]] QVariant CellToVariant(const TDataValue &value, TDataType type);
-/// The field's text; a value that does not fit a column of dates is told as it is.
-[[nodiscard]] QString CellToText(const TDataFieldView &field);
 /// What cells of one column are ordered by: numbers, or texts in a column of texts; invalid for what is neither.
 [[nodiscard]] QVariant CellToSortKey(const TDataValue &value, TDataType type);
 /// A value for other programs, whatever the locale: numbers with a point and all digits, dates as 2024-05-31, times as

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tessera/base/Export.h>
+#include <tessera/objects/TCustomMapObject.h>
+
+namespace tessera::detail {
+
+// What people are told of objects.
+
+/// "Region", "Symbol", and so on.
+[[nodiscard]] TESSERA_WIDGETS_EXPORT QString KindOf(const TCustomMapObject &object);
+/// The text of a value; that of a date or time which is none is shown as it is.
+[[nodiscard]] TESSERA_WIDGETS_EXPORT QString ShownText(const TDataFieldView &field);
+
+}  // namespace tessera::detail
