@@ -97,7 +97,7 @@ TEST_F(EditorEditingTest, TellsTheSizeOfWhatIsDrawnMeasuredAndSelected) {
     return TextOfOutline(line, plain, hasArea);
   };
   const QPoint corners[] = {{200, 60}, {250, 90}, {300, 60}};
-  const std::pair<int, bool> tools[] = {{5, false}, {7, true}, {15, true}};
+  const std::pair<int, bool> tools[] = {{5, false}, {7, true}, {16, true}};
   for (const auto &[tool, hasArea] : tools) {
     Use(tool);
     input.Click(corners[0]);

@@ -2,14 +2,20 @@
 #include "EditorFixture.h"
 
 #include <apps/common/FileFilters.h>
+#include <apps/editor/FindBar.h>
+#include <apps/editor/IdentifyPanel.h>
+#include <apps/editor/LayerDocks.h>
 #include <apps/editor/LoadingPanel.h>
 #include <apps/editor/MapDecorations.h>
 #include <apps/editor/UnitsMenu.h>
 #include <tessera/controls/TMapLegend.h>
 #include <tessera/controls/TScaleBar.h>
+#include <tessera/layers/ObjectsAt.h>
 #include <tessera/objects/TSprite.h>
+#include <tessera/tools/TIdentifyTool.h>
 
 #include <QDragEnterEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
@@ -134,6 +140,61 @@ TEST_F(EditorWindowTest, DrawsTheScaleBarAndTheLegendThatAreShownIntoPictures) {
   EXPECT_EQ(exported("with.png"), plainPng);
   const TEditorWindow next;
   EXPECT_EQ(next.GetUnits().GetMeasure(), plain) << "kept from one run to the next";
+}
+
+TEST_F(EditorWindowTest, FindsObjectsByTheirAttributes) {
+  FindBar &bar = window.GetFindBar();
+  const auto find = [&](const char *expression) {
+    bar.GetEdit().setText(QString::fromUtf8(expression));
+    QTest::keyClick(&bar.GetEdit(), Qt::Key_Return);
+    return bar.GetAnswer();
+  };
+  EXPECT_FALSE(bar.isVisible());
+  EXPECT_EQ(find("1"), u"There is no layer.");
+  Open({squares});
+  TMapLayer &layer = *map.GetLayers()->First();
+  bar.Open();
+  EXPECT_TRUE(bar.isVisible());
+  map.GetSelection()->Add(layer.First(), true);
+  EXPECT_EQ(find("rowid > 0"), u"squares: 2 found");
+  EXPECT_EQ(map.GetSelection()->GetCount(), 2);
+  EXPECT_FALSE(layer.First()->GetSelected());
+  const TBounds box = layer.Last()->GetBounds();
+  EXPECT_TRUE(map.GetViewBounds().ContainsPoint(box.MinX, box.MinY));
+  EXPECT_EQ(find("rowid > AND 1"), u"near \"AND\": syntax error");
+  EXPECT_EQ(bar.GetEdit().selectionStart(), 8);
+  EXPECT_EQ(map.GetSelection()->GetCount(), 2);
+  EXPECT_EQ(find("0"), u"squares: 0 found");
+  EXPECT_EQ(map.GetSelection()->GetCount(), 0);
+  layer.SetSelectable(false);
+  EXPECT_TRUE(find("1").contains(u"cannot be selected"));
+}
+
+TEST_F(EditorWindowTest, TellsOfTheObjectsAtAClickOfTheIdentifyingTool) {
+  Open({cover, squares});
+  window.GetTools().Find<TIdentifyTool>()->SetActive(true);
+  const IdentifyPanel &panel = window.GetDocks().GetIdentifyPanel();
+  EXPECT_FALSE(panel.isVisible());
+  const TMapLayer &layer = *map.GetLayers()->Last();
+  const TBounds box = layer.First()->GetBounds();
+  const QPoint at = map.GetViewport().MapToScreen((box.MinX + box.MaxX) / 2, (box.MinY + box.MaxY) / 2);
+  const TMapPoint clicked = map.GetViewport().ScreenToMap(at.x(), at.y());
+  const auto objects = ObjectsAt(*map.GetLayers(), clicked, map.GetPickTolerancePx());
+  QTest::mouseClick(&map, Qt::LeftButton, {}, at);
+  EXPECT_TRUE(panel.isVisible());
+  const auto count = int(objects.size());
+  ASSERT_GE(count, 2);
+  ASSERT_EQ(panel.topLevelItemCount(), count);
+  EXPECT_EQ(panel.topLevelItem(0)->text(0), u"squares");
+  EXPECT_EQ(panel.topLevelItem(0)->text(1), u"Polyline");
+  EXPECT_EQ(panel.topLevelItem(count - 1)->text(0), u"cover");
+  ASSERT_EQ(panel.topLevelItem(0)->childCount(), layer.GetFieldCount());
+  const TDataFieldView field = std::as_const(*objects.front()).GetFields().GetFields(0);
+  EXPECT_EQ(panel.topLevelItem(0)->child(0)->text(0), field.GetName());
+  EXPECT_EQ(panel.topLevelItem(0)->child(0)->text(1), field.GetAsString());
+  map.GetLayers()->Clear();
+  QApplication::processEvents();
+  EXPECT_EQ(panel.topLevelItemCount(), count) << "what was told stays";
 }
 
 TEST_F(EditorWindowTest, AsksBeforeALayerReplacesItsSourceThatItDoesNotHoldWhole) {

@@ -47,6 +47,7 @@ constexpr ToolRow Rows[] = {
     {Make<TVertexTool>, "vertices", QT_TRANSLATE_NOOP("EditorTools", "E&dit vertices"),
      QT_TRANSLATE_NOOP("EditorTools",
                        "Drag vertices and edges of the selected line or region; Delete takes a vertex out")},
+    {Make<TIdentifyTool>, "identify", QT_TRANSLATE_NOOP("EditorTools", "Identif&y")},
     {Make<TMeasureTool>, "measure", QT_TRANSLATE_NOOP("EditorTools", "Me&asure")},
 };
 constexpr int LastDigit = 9;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <apps/editor/IdentifyPanel.h>
 #include <apps/editor/LayerDocks.h>
 #include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/LayersComboBox.h>
@@ -15,12 +16,15 @@ LayerDocks::LayerDocks(QMainWindow &window, TTessera &map)
       m_map(map),
       m_layers(new TLayerControl),
       m_browser(new TDataBrowser),
+      m_identified(new IdentifyPanel),
       m_follower(map, [this](TMapDataLinkEvent event, TObject *) { Follow(event); }) {
   m_layers->SetMap(&map);
   m_browser->SetMap(&map);
   AddDock(window, Qt::LeftDockWidgetArea, tr("&Layers"), "layers", m_layers);
   AddDock(window, Qt::BottomDockWidgetArea, tr("&Attributes"), "attributes", m_browser);
   m_browser->parentWidget()->hide();
+  AddDock(window, Qt::RightDockWidgetArea, tr("&Identified"), "identified", m_identified);
+  m_identified->parentWidget()->hide();
   connect(m_layers->selectionModel(), &QItemSelectionModel::selectionChanged, m_browser,
           [this] { m_browser->SetLayer(GetCurrentLayer()); });
 }
@@ -33,6 +37,13 @@ void LayerDocks::AddDock(QMainWindow &window, Qt::DockWidgetArea area, const QSt
   window.addDockWidget(area, dock);
   dock->toggleViewAction()->setText(title);
   m_actions.append(dock->toggleViewAction());
+}
+
+void LayerDocks::Follow(TIdentifyTool &tool) {
+  connect(&tool, &TIdentifyTool::OnIdentify, m_identified, [this](TIdentifyTool *, const auto &objects) {
+    m_identified->Show(objects);
+    m_identified->parentWidget()->show();
+  });
 }
 
 TMapLayer *LayerDocks::GetCurrentLayer() const {

@@ -7,13 +7,17 @@
 
 namespace tessera {
 class TDataBrowser;
+class TIdentifyTool;
 class TLayerControl;
 class TLayersComboBox;
 }  // namespace tessera
 
 namespace tessera::apps {
 
-/// The panels about the layers of the editor's map: their list, in which one is chosen, and the attributes of that one.
+class IdentifyPanel;
+
+/// The panels about the layers of the editor's map: their list, in which one is chosen, the attributes of that one, and
+/// what there is at a click.
 class LayerDocks : public QObject {
   Q_OBJECT
 
@@ -24,6 +28,9 @@ class LayerDocks : public QObject {
   [[nodiscard]] TMapLayer *GetCurrentLayer() const;
   /// Show and hide the panels.
   [[nodiscard]] QList<QAction *> GetActions() const { return m_actions; }
+  [[nodiscard]] IdentifyPanel &GetIdentifyPanel() const { return *m_identified; }
+  /// From now on shows what the tool tells.
+  void Follow(TIdentifyTool &tool);
   /// A choice of the layer that is drawn into, in step with the map.
   [[nodiscard]] QWidget *MakeEditableLayerChoice();
 
@@ -36,6 +43,7 @@ class LayerDocks : public QObject {
   TTessera &m_map;
   TLayerControl *m_layers;
   TDataBrowser *m_browser;
+  IdentifyPanel *m_identified;
   TLayersComboBox *m_editable = nullptr;
   QList<QAction *> m_actions;
   MapFollower m_follower;

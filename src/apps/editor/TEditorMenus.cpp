@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The menus and tool bars of the editor's window.
 #include <apps/editor/EditorTools.h>
+#include <apps/editor/FindBar.h>
 #include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
 #include <apps/editor/MapDecorations.h>
@@ -139,6 +140,8 @@ void TEditorWindow::MakeEditMenu() {
   menu->addAction(tr("Select &nothing"), WithCtrlShift(Qt::Key_A), this, [this] { m_map->GetSelection()->Clear(); });
   menu->addAction(tr("Copy p&icture"), WithCtrlShift(Qt::Key_C), this, &TEditorWindow::CopyPicture);
   menu->addSeparator();
+  menu->addAction(tr("Fi&nd…"), QKeySequence::Find, m_findBar, &FindBar::Open);
+  menu->addSeparator();
   menu->addAction(tr("New &objects…"), this, &TEditorWindow::AskForOptions);
 }
 
@@ -235,6 +238,8 @@ void TEditorWindow::MakeToolMenu() {
   bar->addActions(m_tools->GetActions());
   bar->addSeparator();
   bar->addWidget(m_docks->MakeEditableLayerChoice());
+  addToolBarBreak();
+  addToolBar(m_findBar);
 }
 
 }  // namespace tessera::apps

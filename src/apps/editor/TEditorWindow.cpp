@@ -2,6 +2,7 @@
 #include <apps/common/PictureFile.h>
 #include <apps/editor/EditRecovery.h>
 #include <apps/editor/EditorTools.h>
+#include <apps/editor/FindBar.h>
 #include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
 #include <apps/editor/LoadingPanel.h>
@@ -19,6 +20,7 @@
 #include <tessera/editing/TMapEdits.h>
 #include <tessera/editing/TObjectClipboard.h>
 #include <tessera/tools/TVertexTool.h>
+#include <tessera/tools/TIdentifyTool.h>
 
 #include <QClipboard>
 #include <QCloseEvent>
@@ -69,6 +71,7 @@ TEditorWindow::TEditorWindow(QWidget *parent)
       m_tools(new EditorTools(*m_map, this)),
       m_docks(new LayerDocks(*this, *m_map)),
       m_statusPanel(new StatusPanel(*m_map)),
+      m_findBar(new FindBar(*m_map, [this] { return GetCurrentLayer(); })),
       m_recent(new RecentFiles(tr("Open &recent"), this)),
       m_units(new UnitsMenu(tr("&Units"), this)) {
   setWindowTitle(tr("Tessera editor[*]"));
@@ -83,6 +86,7 @@ TEditorWindow::TEditorWindow(QWidget *parent)
   connect(m_recovery, &EditRecovery::Failed, m_messageBar, &MessageBar::Post);
   FollowUnsaved();
   FollowUnits();
+  m_docks->Follow(*m_tools->Find<TIdentifyTool>());
   connect(m_files, &LayerFiles::Used, m_recent, &RecentFiles::Add);
   connect(m_recent, &RecentFiles::Chosen, m_files, [this](const QString &file) { m_files->Open({file}); });
   m_sinkBefore = SetMessageSink([bar = m_messageBar](const QString &text) { bar->Post(text); });

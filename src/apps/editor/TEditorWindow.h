@@ -10,6 +10,7 @@ namespace tessera::apps {
 
 class EditRecovery;
 class EditorTools;
+class FindBar;
 class LayerFiles;
 class LayerDocks;
 class MapDecorations;
@@ -40,6 +41,8 @@ class TEditorWindow : public QMainWindow {
   /// The edits of the map's layers and objects; clean when all is saved.
   [[nodiscard]] QUndoStack &GetUndoStack() const { return *m_undoStack; }
   [[nodiscard]] StatusPanel &GetStatusPanel() const { return *m_statusPanel; }
+  [[nodiscard]] LayerDocks &GetDocks() const { return *m_docks; }
+  [[nodiscard]] FindBar &GetFindBar() const { return *m_findBar; }
   [[nodiscard]] MapDecorations &GetDecorations() const { return *m_decorations; }
   /// How lengths and areas are told.
   [[nodiscard]] UnitsMenu &GetUnits() const { return *m_units; }
@@ -101,6 +104,7 @@ class TEditorWindow : public QMainWindow {
   EditorTools *m_tools;
   LayerDocks *m_docks;
   StatusPanel *m_statusPanel;
+  FindBar *m_findBar;
   RecentFiles *m_recent;
   UnitsMenu *m_units;
   MapDecorations *m_decorations = nullptr;
