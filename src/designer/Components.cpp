@@ -5,6 +5,7 @@
 #include <tessera/controls/LayersComboBox.h>
 #include <tessera/controls/TDataBrowser.h>
 #include <tessera/controls/TMapLegend.h>
+#include <tessera/controls/TObjectProperties.h>
 #include <tessera/controls/TScaleBar.h>
 #include <tessera/form/TFormProviders.h>
 #include <tessera/form/TFormTools.h>
@@ -58,6 +59,8 @@ constexpr Component Components[] = {
      "layersComboBox", "From which a layer of a map is picked", QSize(160, 26), "Map", "", Make<TLayersComboBox>},
     {Basic, "tessera::TDataBrowser", "tessera/controls/TDataBrowser.h", "QWidget", "table", "dataBrowser",
      "The attributes of a layer's objects in a grid", QSize(320, 200), "Map", "Layer", Make<TDataBrowser>},
+    {Basic, "tessera::TObjectProperties", "tessera/controls/TObjectProperties.h", "QWidget", "properties",
+     "objectProperties", "The properties of the selected objects", QSize(200, 240), "Map", "", Make<TObjectProperties>},
     {Basic, "tessera::TScaleBar", "tessera/controls/TScaleBar.h", "QWidget", "scale-bar", "scaleBar",
      "How long a round distance is on a map", QSize(160, 30), "Map", "", Make<TScaleBar>},
     {Basic, "tessera::TMapLegend", "tessera/controls/TMapLegend.h", "QWidget", "legend", "mapLegend",

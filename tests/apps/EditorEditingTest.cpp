@@ -12,6 +12,7 @@
 #include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/LayersComboBox.h>
 #include <tessera/controls/TDataBrowser.h>
+#include <tessera/controls/TObjectProperties.h>
 #include <tessera/objects/ObjectMeasure.h>
 #include <tessera/objects/TText.h>
 #include <tessera/tools/TMeasureTool.h>
@@ -21,6 +22,7 @@
 #include <QPainter>
 #include <QSpinBox>
 #include <QSvgRenderer>
+#include <QTableView>
 #include <QTableWidget>
 #include <QUndoStack>
 
@@ -85,6 +87,25 @@ class EditorEditingTest : public EditorFixture {
   Unsaved answer = Unsaved::Cancel;
   QString whereToSave = PathOf("drawn.mif");
 };
+
+TEST_F(EditorEditingTest, ChangesPropertiesOfSelectedObjectsAsStepsThatCanBeUndone) {
+  const auto *panel = window.findChild<TObjectProperties *>();
+  ASSERT_NE(panel, nullptr);
+  AddLayer();
+  Use(6);
+  input.Drag({50, 150}, {150, 220});
+  TCustomMapObject &drawn = *map.GetLayers()->Last()->Last();
+  drawn.Select();
+  QApplication::processEvents();
+  const int steps = window.GetUndoStack().count();
+  QAbstractItemModel &properties = *panel->GetView()->model();
+  const auto widths = properties.match(properties.index(0, 0), Qt::DisplayRole, QStringLiteral("Line width"));
+  ASSERT_EQ(widths.size(), 1);
+  EXPECT_TRUE(properties.setData(widths.front().siblingAtColumn(1), 5));
+  EXPECT_EQ(drawn.GetPen().GetWidth(), 5);
+  EXPECT_EQ(window.GetUndoStack().count(), steps + 1);
+  EXPECT_TRUE(window.isWindowModified());
+}
 
 TEST_F(EditorEditingTest, TellsTheSizeOfWhatIsDrawnMeasuredAndSelected) {
   const MeasureLabel &sizes = window.GetStatusPanel().GetMeasureLabel();

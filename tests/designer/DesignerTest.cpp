@@ -34,6 +34,7 @@ TEST_F(DesignerTest, ShowsThePublishedPropertiesInTheirOrder) {
       {u"TLayerControl"_s, u"Map Glyphs DrawVertLines DrawHorzLines"_s},
       {u"TLayersComboBox"_s, u"Map"_s},
       {u"TDataBrowser"_s, u"Map Layer ReadOnly"_s},
+      {u"TObjectProperties"_s, u"Map ReadOnly"_s},
       {u"TScaleBar"_s, u"Map Transparent InPictures Corner Unit Geodetic MetresPerUnit MaxLengthPx"_s},
       {u"TMapLegend"_s, u"Map Transparent InPictures Corner MaxStyles"_s},
       {u"form::TTextTool"_s, u"objectName Active DisplayName Cursor Tessera"_s},

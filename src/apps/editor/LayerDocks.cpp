@@ -4,6 +4,7 @@
 #include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/LayersComboBox.h>
 #include <tessera/controls/TDataBrowser.h>
+#include <tessera/controls/TObjectProperties.h>
 #include <tessera/editing/TMapEdits.h>
 
 #include <QDockWidget>
@@ -25,6 +26,10 @@ LayerDocks::LayerDocks(QMainWindow &window, TTessera &map)
   m_browser->parentWidget()->hide();
   AddDock(window, Qt::RightDockWidgetArea, tr("&Identified"), "identified", m_identified);
   m_identified->parentWidget()->hide();
+  auto *properties = new TObjectProperties;
+  properties->SetMap(&map);
+  AddDock(window, Qt::RightDockWidgetArea, tr("&Properties"), "properties", properties);
+  properties->parentWidget()->hide();
   connect(m_layers->selectionModel(), &QItemSelectionModel::selectionChanged, m_browser,
           [this] { m_browser->SetLayer(GetCurrentLayer()); });
 }

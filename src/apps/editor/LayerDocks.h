@@ -16,8 +16,8 @@ namespace tessera::apps {
 
 class IdentifyPanel;
 
-/// The panels about the layers of the editor's map: their list, in which one is chosen, the attributes of that one, and
-/// what there is at a click.
+/// The panels about the layers of the editor's map: their list, in which one is chosen, the attributes of that one,
+/// what there is at a click, and the properties of what is selected.
 class LayerDocks : public QObject {
   Q_OBJECT
 

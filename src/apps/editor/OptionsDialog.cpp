@@ -2,6 +2,7 @@
 #include <apps/editor/ColorButton.h>
 #include <apps/editor/OptionsDialog.h>
 #include <apps/editor/SymbolPicker.h>
+#include <tessera/controls/detail/ObjectRows.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -63,9 +64,7 @@ QWidget *OptionsDialog::MakeLinePage() {
   auto *form = new QFormLayout(page);
   form->addRow(tr("&Colour:"), m_penColor = new ColorButton(pen.GetColor()));
   form->addRow(tr("&Width:"), m_penWidth = MakeNumber(pen.GetWidth(), WidestPenPx, tr(" px")));
-  const QStringList styles{tr("Solid"),        tr("Dashes"), tr("Dots"),        tr("Dashes and dots"),
-                           tr("Dash dot dot"), tr("None"),   tr("Inside frame")};
-  form->addRow(tr("&Style:"), m_penStyle = MakeChoice(styles, pen.GetStyle()));
+  form->addRow(tr("&Style:"), m_penStyle = MakeChoice(detail::PenStyleNames(), pen.GetStyle()));
   return page;
 }
 
@@ -74,9 +73,7 @@ QWidget *OptionsDialog::MakeAreaPage() {
   auto *page = new QWidget;
   auto *form = new QFormLayout(page);
   form->addRow(tr("&Colour:"), m_brushColor = new ColorButton(brush.GetColor()));
-  const QStringList styles{tr("Solid"),         tr("None"),         tr("Horizontal lines"), tr("Vertical lines"),
-                           tr("Falling lines"), tr("Rising lines"), tr("Squares"),          tr("Diamonds")};
-  form->addRow(tr("&Style:"), m_brushStyle = MakeChoice(styles, brush.GetStyle()));
+  form->addRow(tr("&Style:"), m_brushStyle = MakeChoice(detail::BrushStyleNames(), brush.GetStyle()));
   m_useBackground = new QCheckBox(tr("&Background"));
   m_useBackground->setChecked(m_options.GetUseBGColor());
   form->addRow(m_useBackground, m_background = new ColorButton(m_options.GetDefaultBGColor()));
