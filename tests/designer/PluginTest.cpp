@@ -22,7 +22,8 @@ QString ClassOf(const QDesignerCustomWidgetInterface &entry) {
 
 TEST(PluginTest, OffersItsClassesOnThreePages) {
   const std::pair<QString, QString> pages[] = {
-      {QStringLiteral("Tessera - Basic"), QStringLiteral("TTessera TLayerControl TLayersComboBox TDataBrowser TObjectProperties TScaleBar TMapLegend")},
+      {QStringLiteral("Tessera - Basic"),
+       QStringLiteral("TTessera TLayerControl TLayersComboBox TDataBrowser TObjectProperties TScaleBar TMapLegend")},
       {QStringLiteral("Tessera - Map Tools"),
        QStringLiteral("TSelectionTool TZoomInTool TZoomOutTool TPanTool TLineTool TPolylineTool TRectTool TRegionTool "
                       "TCircleTool TSymbolTool TTextTool TIdentifyTool TMeasureTool")},
