@@ -25,11 +25,11 @@ class EditorTools : public QObject {
 
   /// In the order of the tool bar.
   [[nodiscard]] QList<QAction *> GetActions() const;
-  /// The tool of a kind.
-  template <class Tool>
-  [[nodiscard]] const Tool *Find() const {
+  /// The first tool of a kind.
+  template <class Kind>
+  [[nodiscard]] Kind *Find() const {
     for (const Entry &entry : m_entries) {
-      if (const auto *tool = qobject_cast<const Tool *>(entry.tool.get())) return tool;
+      if (auto *tool = qobject_cast<Kind *>(entry.tool.get())) return tool;
     }
     return nullptr;
   }
@@ -39,14 +39,6 @@ class EditorTools : public QObject {
   void SetMeasure(const TMapMeasure &measure);
   /// Has a label show what is measured and drawn.
   void ShowSizesIn(MeasureLabel &label) const;
-  /// The first tool of a kind.
-  template <class Kind>
-  [[nodiscard]] Kind *Find() const {
-    for (const Entry &entry : m_entries) {
-      if (auto *tool = qobject_cast<Kind *>(entry.tool.get())) return tool;
-    }
-    return nullptr;
-  }
 
  private:
   struct Entry {

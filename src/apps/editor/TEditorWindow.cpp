@@ -19,8 +19,8 @@
 #include <tessera/editing/TEditScope.h>
 #include <tessera/editing/TMapEdits.h>
 #include <tessera/editing/TObjectClipboard.h>
-#include <tessera/tools/TVertexTool.h>
 #include <tessera/tools/TIdentifyTool.h>
+#include <tessera/tools/TVertexTool.h>
 
 #include <QClipboard>
 #include <QCloseEvent>

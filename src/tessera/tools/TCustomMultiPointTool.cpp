@@ -27,7 +27,7 @@ std::vector<TPoint> TCustomMultiPointTool::GetOutline() const {
 std::vector<TMapPoint> TCustomMultiPointTool::GetMapOutline() const {
   std::vector<TMapPoint> outline = m_points;
   const bool isAtMouse = m_points.empty() || GetTessera() == nullptr;
-  if (!isAtMouse) outline.push_back(GetTessera()->GetViewport().ScreenToMap(m_mouse.x(), m_mouse.y()));
+  if (!isAtMouse) outline.push_back(GetMapPoint(m_mouse.x(), m_mouse.y()));
   return outline;
 }
 

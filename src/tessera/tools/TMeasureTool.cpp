@@ -15,6 +15,7 @@ TMeasureTool::TMeasureTool(QObject *parent) : TCustomMultiPointTool(parent) {
 }
 
 bool TMeasureTool::GetEnabled() const {
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call): it makes no object, so it needs no layer to put one into
   return TCustomGestureTool::GetEnabled();
 }
 

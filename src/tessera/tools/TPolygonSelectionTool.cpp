@@ -17,6 +17,7 @@ void TPolygonSelectionTool::MouseDown(Qt::MouseButton button, TShiftState shift,
 }
 
 bool TPolygonSelectionTool::GetEnabled() const {
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call): it makes no object, so it needs no layer to put one into
   return TCustomGestureTool::GetEnabled();
 }
 
