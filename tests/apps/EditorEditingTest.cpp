@@ -118,7 +118,8 @@ TEST_F(EditorEditingTest, TellsTheSizeOfWhatIsDrawnMeasuredAndSelected) {
     return TextOfOutline(line, plain, hasArea);
   };
   const QPoint corners[] = {{200, 60}, {250, 90}, {300, 60}};
-  const std::pair<int, bool> tools[] = {{5, false}, {7, true}, {16, true}};
+  const int measuring = int(window.GetTools().GetActions().size()) - 1;
+  const std::pair<int, bool> tools[] = {{5, false}, {7, true}, {measuring, true}};
   for (const auto &[tool, hasArea] : tools) {
     Use(tool);
     input.Click(corners[0]);

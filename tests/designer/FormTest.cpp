@@ -108,7 +108,7 @@ TEST(FormLoaderTest, MakesEveryClass) {
     EXPECT_EQ(QString::fromLatin1(widget->metaObject()->className()), name);
     ++made;
   }
-  EXPECT_EQ(made, 17);
+  EXPECT_EQ(made, 22);
 }
 
 INSTANTIATE_TEST_SUITE_P(Made, FormTest, testing::Values(Compiled, Loaded),
