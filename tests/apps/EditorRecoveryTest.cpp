@@ -7,6 +7,7 @@
 #include <tessera/objects/TPolyline.h>
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace tessera::apps {
 namespace {
@@ -53,6 +54,7 @@ TEST_F(EditorRecoveryTest, BringsBackWhatWasDrawnAndKeepsItSafeOnceMore) {
   DrawLine(*map.GetLayers()->First());
   DrawLine(*window.AddLayer(QStringLiteral("drawn"), TDataFields()));
   Kill();
+  const qint64 before = QFileInfo(QDir(EditRecovery::Folder()).filePath(QStringLiteral("left.journal"))).size();
   recovery.Offer();
   EXPECT_EQ(asked, (QStringList{QStringLiteral("squares"), QStringLiteral("drawn")}));
   ASSERT_EQ(map.GetLayers()->GetCount(), 2);
@@ -61,7 +63,9 @@ TEST_F(EditorRecoveryTest, BringsBackWhatWasDrawnAndKeepsItSafeOnceMore) {
   EXPECT_EQ(map.GetLayers()->GetLayer(1)->GetObjectCount(), 1);
   EXPECT_EQ(window.GetFiles().GetUnsaved().GetLayers().size(), 2U);
   EXPECT_EQ(messages.GetCount(), 0);
-  EXPECT_EQ(Journals().size(), 1) << "that of this run";
+  ASSERT_EQ(Journals().size(), 1) << "that of this run";
+  const QFileInfo journal(QDir(EditRecovery::Folder()).filePath(Journals().at(0)));
+  EXPECT_EQ(journal.size(), before) << "what is as the files have it is not kept once more";
   Kill();
   recovery.Offer();
   EXPECT_EQ(map.GetLayers()->First()->GetObjectCount(), 4);

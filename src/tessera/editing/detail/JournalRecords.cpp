@@ -113,7 +113,8 @@ void UnpackColumns(const QByteArray &bytes, TDataFields &columns) {
     qint32 size = 0;
     stream >> name >> type >> size;
     if (stream.status() != QDataStream::Ok || type > quint8(TDataType::dtBoolean)) Refuse();
-    columns.Add(name, TDataType(type), size);
+    // Add would make something of a width of 0.
+    columns.Insert(columns.GetCount(), name, TDataType(type), size);
   }
 }
 
