@@ -17,12 +17,12 @@
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QUndoStack>
 
 #include <array>
 #include <csignal>
 #include <map>
-#include <regex>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -35,8 +35,9 @@ std::string TextOf(const TMapLayer &layer) {
   detail::MemoryOutput mif;
   detail::MemoryOutput mid;
   detail::MifWriter(layer, mif, mid, report).Write();
-  static const std::regex Widths("Char\\([0-9]+\\)");
-  return std::regex_replace(mif.GetBytes(), Widths, "Char") + mid.GetBytes();
+  static const QRegularExpression Widths(QStringLiteral("Char\\([0-9]+\\)"));
+  QString text = QString::fromLatin1(mif.GetBytes());
+  return text.replace(Widths, QStringLiteral("Char")).toStdString() + mid.GetBytes();
 }
 
 /// The texts of layers by their names.
