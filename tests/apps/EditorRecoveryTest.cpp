@@ -84,6 +84,18 @@ TEST_F(EditorRecoveryTest, KeepsOrGivesUpWhatIsNotWantedNow) {
   EXPECT_EQ(map.GetLayers()->GetCount(), 0);
 }
 
+TEST_F(EditorRecoveryTest, KeepsWhatAHandlerDoesNotLetComeBack) {
+  DrawLine(*window.AddLayer(QStringLiteral("drawn"), TDataFields()));
+  Kill();
+  const auto throwing = QObject::connect(&map, &TTessera::OnAddLayer, &map, [] { throw 1; });
+  recovery.Offer();
+  QObject::disconnect(throwing);
+  recovery.Offer();
+  EXPECT_EQ(asked.size(), 2);
+  ASSERT_GE(map.GetLayers()->GetCount(), 1);
+  EXPECT_EQ(map.GetLayers()->Last()->GetObjectCount(), 1);
+}
+
 TEST_F(EditorRecoveryTest, HasNothingToOfferOfWhatIsSaved) {
   TMapLayer &layer = *window.AddLayer(QStringLiteral("drawn"), TDataFields());
   DrawLine(layer);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/editor/EditRecovery.h>
+#include <tessera/base/GuardedCall.h>
 #include <tessera/editing/TLeftJournal.h>
 
 #include <QDir>
@@ -50,18 +51,23 @@ void EditRecovery::Try(const std::function<void(TEditJournal &journal)> &work) {
 }
 
 void EditRecovery::Offer() {
-  for (TLeftJournal &left : TLeftJournal::FindIn(Folder())) {
-    const FileQuestions::Left answer = m_files.Questions().aboutLeft(left.GetLayerNames());
-    if (answer == FileQuestions::Left::Keep) continue;
-    if (answer == FileQuestions::Left::Restore) {
-      for (const QString &problem : left.RestoreInto(*m_map.GetLayers())) Q_EMIT Failed(problem);
-      m_map.ShowAll();
-      // As soon as it is in this run's journal, the other can go.
-      Write();
-      if (!m_lastFailure.isEmpty()) continue;
-    }
-    left.Discard();
+  // What cannot be brought back stays on the disk, whatever was thrown.
+  GuardedCall([this] {
+    for (TLeftJournal &left : TLeftJournal::FindIn(Folder())) GuardedCall([&] { Offer(left); });
+  });
+}
+
+void EditRecovery::Offer(TLeftJournal &left) {
+  const FileQuestions::Left answer = m_files.Questions().aboutLeft(left.GetLayerNames());
+  if (answer == FileQuestions::Left::Keep) return;
+  if (answer == FileQuestions::Left::Restore) {
+    for (const QString &problem : left.RestoreInto(*m_map.GetLayers())) Q_EMIT Failed(problem);
+    m_map.ShowAll();
+    // As soon as it is in this run's journal, the other can go.
+    Write();
+    if (!m_lastFailure.isEmpty()) return;
   }
+  left.Discard();
 }
 
 }  // namespace tessera::apps

@@ -6,6 +6,10 @@
 
 #include <QTimer>
 
+namespace tessera {
+class TLeftJournal;
+}
+
 namespace tessera::apps {
 
 /// Keeps what is edited in the editor's map safe from a sudden end: a journal is written every few seconds, and what
@@ -28,6 +32,7 @@ class EditRecovery : public QObject {
   void Failed(const QString &message);
 
  private:
+  void Offer(TLeftJournal &left);
   /// Runs something that may fail on the disk; the same failure is told once.
   void Try(const std::function<void(TEditJournal &journal)> &work);
 
