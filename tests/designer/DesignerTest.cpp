@@ -30,7 +30,8 @@ TEST_F(DesignerTest, ShowsThePublishedPropertiesInTheirOrder) {
        "Color Zoom WheelMouse ZoomType CenterX CenterY MinZoom MaxZoom ShowSelection FastSelection Navigation.Keys "
        "Navigation.MiddleButton Navigation.Touch Navigation.WheelKeepsPlace Navigation.WheelAddsUp "
        "Painting.ShowSmallObjects Painting.PaintInSteps Painting.StepMs Snapping.ToVertices "
-       "Snapping.ToIntersections Snapping.ToEdges Snapping.GridStep Snapping.TolerancePx PickTolerancePx"_s},
+       "Snapping.ToIntersections Snapping.ToEdges Snapping.GridStep Snapping.ShiftConstrains Snapping.TolerancePx "
+       "PickTolerancePx"_s},
       {u"TLayerControl"_s, u"Map Glyphs DrawVertLines DrawHorzLines"_s},
       {u"TLayersComboBox"_s, u"Map"_s},
       {u"TDataBrowser"_s, u"Map Layer ReadOnly"_s},

@@ -197,6 +197,37 @@ TEST_F(StandardToolsTest, DrawsALineAndARectangleFromPressToRelease) {
   EXPECT_EQ(completed, 3);
 }
 
+TEST_F(StandardToolsTest, KeepsLinesToDirectionsAndRectanglesToSquaresWithShiftWhereThatIsOn) {
+  TMapLayer *layer = AddEditableLayer();
+  TLineTool line;
+  TRectTool rectangle;
+  TPolylineTool polyline;
+  const auto drawn = [&](TCustomMapTool &tool) {
+    Use(tool);
+    input.Press({40, 50}, Qt::ShiftModifier);
+    input.MoveTo({60, 57}, Qt::LeftButton, Qt::ShiftModifier);
+    input.Release({60, 57});
+    return Vertices(*layer->Last());
+  };
+  EXPECT_EQ(drawn(line), "40,50 60,43 ") << "off at first";
+  map.GetSnapping()->SetShiftConstrains(true);
+  EXPECT_EQ(drawn(line), "40,50 60,50 ");
+  EXPECT_EQ(drawn(rectangle), "40,50 60,30 ");
+  // Also from a place that the press is drawn to.
+  map.GetSnapping()->SetGridStep(14);
+  EXPECT_EQ(drawn(line), "42,56 62,56 ");
+  map.GetSnapping()->SetGridStep(0);
+  Use(polyline);
+  input.Click({20, 20}, Qt::ShiftModifier);
+  input.Click({50, 24}, Qt::ShiftModifier);
+  input.MoveTo({60, 40}, Qt::NoButton, Qt::ShiftModifier);
+  EXPECT_EQ(polyline.GetMapOutline().back(), (TMapPoint{65, 65}))
+      << "along a slanting direction, by the mean of both ways";
+  input.Click({54, 60}, Qt::ShiftModifier);
+  input.DoubleClick({57, 70});
+  EXPECT_EQ(Vertices(*layer->Last()), "20,80 50,80 50,40 57,30 ");
+}
+
 TEST_F(StandardToolsTest, ClicksPolylinesAndRegionsTogether) {
   TMapLayer *layer = AddEditableLayer();
   TPolylineTool line;

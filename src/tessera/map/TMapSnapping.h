@@ -16,6 +16,7 @@ class TESSERA_WIDGETS_EXPORT TMapSnapping : public QObject {
   Q_PROPERTY(bool ToIntersections READ GetToIntersections WRITE SetToIntersections)
   Q_PROPERTY(bool ToEdges READ GetToEdges WRITE SetToEdges)
   Q_PROPERTY(double GridStep READ GetGridStep WRITE SetGridStep)
+  Q_PROPERTY(bool ShiftConstrains READ GetShiftConstrains WRITE SetShiftConstrains)
   Q_PROPERTY(int TolerancePx READ GetTolerancePx WRITE SetTolerancePx)
 
  public:
@@ -32,6 +33,9 @@ class TESSERA_WIDGETS_EXPORT TMapSnapping : public QObject {
   /// How far apart the points of the grid lie, of which (0, 0) is one, in map units; 0, as at first, for none.
   [[nodiscard]] double GetGridStep() const { return m_gridStep; }
   void SetGridStep(double step) { m_gridStep = step; }
+  /// Whether with Shift held lines are drawn along the eight directions, and rectangles as squares.
+  [[nodiscard]] bool GetShiftConstrains() const { return m_shiftConstrains; }
+  void SetShiftConstrains(bool enabled) { m_shiftConstrains = enabled; }
   /// How near a place must be, in client pixels.
   [[nodiscard]] int GetTolerancePx() const { return m_tolerancePx; }
   void SetTolerancePx(int tolerancePx) { m_tolerancePx = tolerancePx; }
@@ -40,6 +44,7 @@ class TESSERA_WIDGETS_EXPORT TMapSnapping : public QObject {
   bool m_toVertices = false;
   bool m_toIntersections = false;
   bool m_toEdges = false;
+  bool m_shiftConstrains = false;
   double m_gridStep = 0;
   int m_tolerancePx = DefaultTolerancePx;
 };

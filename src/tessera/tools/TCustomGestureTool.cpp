@@ -44,6 +44,10 @@ void TCustomGestureTool::ScreenRepainted() {
   m_figure->ShowAnew(*GetTessera());
 }
 
+bool TCustomGestureTool::IsConstraining(TShiftState shift) const {
+  return shift.testFlag(ssShift) && GetTessera() != nullptr && GetTessera()->GetSnapping()->GetShiftConstrains();
+}
+
 void TCustomGestureTool::DrawInverted(const std::function<void(TCanvas &canvas)> &draw) {
   if (GetTessera()) detail::DrawInverted(*GetTessera(), draw);
 }

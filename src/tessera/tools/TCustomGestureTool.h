@@ -51,6 +51,8 @@ class TESSERA_WIDGETS_EXPORT TCustomGestureTool : public TCustomMapTool {
   /// What has been collected is no longer wanted.
   virtual void Forget() {}
   void Abandon() override;
+  /// Whether Shift is held and the map has it bend what is drawn (TMapSnapping).
+  [[nodiscard]] bool IsConstraining(TShiftState shift) const;
 
   /// Draws on the map's canvas as all figures are drawn: every pixel inverted, nothing filled. Pen and brush stay as
   /// they were. Nothing without a map.

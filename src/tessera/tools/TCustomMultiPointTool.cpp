@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/map/TTessera.h>
 #include <tessera/tools/TCustomMultiPointTool.h>
+#include <tessera/tools/detail/KeptWays.h>
 
 #include <utility>
 
@@ -27,7 +28,7 @@ std::vector<TPoint> TCustomMultiPointTool::GetOutline() const {
 std::vector<TMapPoint> TCustomMultiPointTool::GetMapOutline() const {
   std::vector<TMapPoint> outline = m_points;
   const bool isAtMouse = m_points.empty() || GetTessera() == nullptr;
-  if (!isAtMouse) outline.push_back(GetMapPoint(m_mouse.x(), m_mouse.y()));
+  if (!isAtMouse) outline.push_back(MousePoint());
   return outline;
 }
 
@@ -37,26 +38,41 @@ std::vector<TPoint> TCustomMultiPointTool::GetClosedOutline() const {
   return ring;
 }
 
-void TCustomMultiPointTool::MouseDown(Qt::MouseButton button, TShiftState /*shift*/, int x, int y) {
+void TCustomMultiPointTool::MouseDown(Qt::MouseButton button, TShiftState shift, int x, int y) {
   if (button != Qt::LeftButton || GetTessera() == nullptr) return;
   if (std::exchange(m_isSecondPressDue, false)) return;
-  const TMapPoint point = GetMapPoint(x, y);
   if (!GetInGesture()) {
     m_points.clear();
     BeginGesture(Qt::NoButton);
   }
   ChangeFigure([&] {
-    m_points.push_back(point);
-    m_mouse = TPoint(x, y);
+    PlaceMouse(shift, x, y);
+    m_points.push_back(MousePoint());
+    m_isWayKept = false;
   });
   Q_EMIT OnOutline(this);
 }
 
-void TCustomMultiPointTool::MouseMove(TShiftState /*shift*/, int x, int y) {
+void TCustomMultiPointTool::MouseMove(TShiftState shift, int x, int y) {
   m_isSecondPressDue = false;
   if (!GetInGesture()) return;
-  ChangeFigure([&] { m_mouse = TPoint(x, y); });
+  ChangeFigure([&] { PlaceMouse(shift, x, y); });
   Q_EMIT OnOutline(this);
+}
+
+void TCustomMultiPointTool::PlaceMouse(TShiftState shift, int x, int y) {
+  m_mouse = TPoint(x, y);
+  m_isWayKept = IsConstraining(shift) && !m_points.empty();
+  if (!m_isWayKept) return;
+  const TPoint last = GetTessera()->GetViewport().MapToScreen(m_points.back().X, m_points.back().Y);
+  m_mouse = last + detail::KeptToDirections(m_mouse - last);
+}
+
+TMapPoint TCustomMultiPointTool::MousePoint() const {
+  if (!m_isWayKept) return GetMapPoint(m_mouse.x(), m_mouse.y());
+  const TMapPoint &last = m_points.back();
+  const TViewport &viewport = GetTessera()->GetViewport();
+  return detail::EndOfWay(viewport, last, m_mouse - viewport.MapToScreen(last.X, last.Y));
 }
 
 void TCustomMultiPointTool::DblClick() {

@@ -39,8 +39,13 @@ class TESSERA_WIDGETS_EXPORT TCustomMultiPointTool : public TCustomGestureTool {
   [[nodiscard]] std::vector<TPoint> GetClosedOutline() const;
 
  private:
+  /// Where the mouse stands for, seen from the last vertex.
+  [[nodiscard]] TMapPoint MousePoint() const;
+  void PlaceMouse(TShiftState shift, int x, int y);
+
   std::vector<TMapPoint> m_points;
   TPoint m_mouse;
+  bool m_isWayKept = false;  ///< Shift has bent the way from the last vertex to the mouse
   /// The press that comes next is the second one of a double click, which has been served.
   bool m_isSecondPressDue = false;
 };

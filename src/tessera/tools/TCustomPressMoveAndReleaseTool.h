@@ -25,8 +25,9 @@ class TESSERA_WIDGETS_EXPORT TCustomPressMoveAndReleaseTool : public TCustomGest
   [[nodiscard]] TMapPoint GetReleasePoint() const;
   /// What the mouse is drawn to now, if anything.
   [[nodiscard]] const std::optional<TMapPoint> &GetReleaseSnap() const { return m_releaseSnap; }
-  /// Has the mouse stand for itself until it moves again.
-  void LeaveSnap() { m_releaseSnap.reset(); }
+  /// What the keys held make of the way of the mouse from the press, in client pixels; none, as here, where they leave
+  /// it alone. A way that is kept to something is not drawn to a place near by.
+  [[nodiscard]] virtual std::optional<QPoint> KeepWay(TShiftState shift, const QPoint &way) const;
   /// Client pixels: where the button went down, and where the mouse is now.
   int X1 = 0;
   int Y1 = 0;
@@ -36,6 +37,7 @@ class TESSERA_WIDGETS_EXPORT TCustomPressMoveAndReleaseTool : public TCustomGest
  private:
   std::optional<TMapPoint> m_pressSnap;
   std::optional<TMapPoint> m_releaseSnap;
+  bool m_isWayKept = false;
 };
 
 }  // namespace tessera

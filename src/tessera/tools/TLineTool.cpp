@@ -4,6 +4,7 @@
 #include <tessera/map/TTessera.h>
 #include <tessera/objects/TPolyline.h>
 #include <tessera/tools/TLineTool.h>
+#include <tessera/tools/detail/KeptWays.h>
 
 #include <array>
 
@@ -21,6 +22,10 @@ bool TLineTool::GetEnabled() const {
 void TLineTool::Draw() {
   const std::array line{TPoint(X1, Y1), TPoint(X2, Y2)};
   DrawInverted([&line](TCanvas &canvas) { canvas.Polyline(line); });
+}
+
+std::optional<QPoint> TLineTool::KeepWay(TShiftState shift, const QPoint &way) const {
+  return IsConstraining(shift) ? std::optional(detail::KeptToDirections(way)) : std::nullopt;
 }
 
 bool TLineTool::CreateObject() {

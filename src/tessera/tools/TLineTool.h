@@ -16,6 +16,9 @@ class TESSERA_WIDGETS_EXPORT TLineTool : public TCustomPressMoveAndReleaseTool {
   bool CreateObject() override;
   [[nodiscard]] bool GetEnabled() const override;
   [[nodiscard]] bool GetSnaps() const override { return true; }
+
+ protected:
+  [[nodiscard]] std::optional<QPoint> KeepWay(TShiftState shift, const QPoint &way) const override;
 };
 
 }  // namespace tessera

@@ -5,26 +5,11 @@
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/map/TTessera.h>
 #include <tessera/tools/TMoveTool.h>
+#include <tessera/tools/detail/KeptWays.h>
 
 #include <algorithm>
-#include <cmath>
-#include <numbers>
 
 namespace tessera {
-namespace {
-
-/// The way along the nearest of the eight directions.
-QPoint KeptToDirections(const QPoint &way) {
-  const double slope = std::tan(std::numbers::pi / 8);  // the border between a straight way and a slanting one
-  const double width = std::abs(double(way.x()));
-  const double height = std::abs(double(way.y()));
-  if (height <= width * slope) return {way.x(), 0};
-  if (width <= height * slope) return {0, way.y()};
-  const int length = int(std::lround((width + height) / 2));
-  return {way.x() < 0 ? -length : length, way.y() < 0 ? -length : length};
-}
-
-}  // namespace
 
 TMoveTool::TMoveTool(QObject *parent) : TCustomPressMoveAndReleaseTool(parent) {
   SetDisplayName(QStringLiteral("Move Tool"));
@@ -61,12 +46,8 @@ void TMoveTool::MouseDown(Qt::MouseButton button, TShiftState shift, int x, int 
   TCustomPressMoveAndReleaseTool::MouseDown(button, shift, x, y);
 }
 
-void TMoveTool::MouseMove(TShiftState shift, int x, int y) {
-  QPoint way(x - X1, y - Y1);
-  if (shift.testFlag(ssShift)) way = KeptToDirections(way);
-  TCustomPressMoveAndReleaseTool::MouseMove(shift, X1 + way.x(), Y1 + way.y());
-  // The direction goes before.
-  if (shift.testFlag(ssShift)) LeaveSnap();
+std::optional<QPoint> TMoveTool::KeepWay(TShiftState shift, const QPoint &way) const {
+  return shift.testFlag(ssShift) ? std::optional(detail::KeptToDirections(way)) : std::nullopt;
 }
 
 void TMoveTool::Draw() {

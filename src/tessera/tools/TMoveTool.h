@@ -20,7 +20,6 @@ class TESSERA_WIDGETS_EXPORT TMoveTool : public TCustomPressMoveAndReleaseTool {
   explicit TMoveTool(QObject *parent = nullptr);
 
   void MouseDown(Qt::MouseButton button, TShiftState shift, int x, int y) override;
-  void MouseMove(TShiftState shift, int x, int y) override;
   /// A frame about all that would move, where it would be.
   void Draw() override;
   /// Creates none, but moves what is selected by now.
@@ -31,6 +30,7 @@ class TESSERA_WIDGETS_EXPORT TMoveTool : public TCustomPressMoveAndReleaseTool {
   [[nodiscard]] bool IsSnapTarget(const TCustomMapObject &object) const override;
 
  protected:
+  [[nodiscard]] std::optional<QPoint> KeepWay(TShiftState shift, const QPoint &way) const override;
   /// What is selected in the editable layer.
   [[nodiscard]] std::vector<TCustomMapObject *> GetMovable() const;
   /// What that takes up, labels with all their letters; inverted where there is nothing.

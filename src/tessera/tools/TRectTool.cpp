@@ -3,6 +3,7 @@
 #include <tessera/map/TTessera.h>
 #include <tessera/objects/TRectangle.h>
 #include <tessera/tools/TRectTool.h>
+#include <tessera/tools/detail/KeptWays.h>
 
 namespace tessera {
 
@@ -13,6 +14,10 @@ TRectTool::TRectTool(QObject *parent) : TCustomRectTool(parent) {
 
 bool TRectTool::GetEnabled() const {
   return TCustomRectTool::GetEnabled() && GetEditableLayer() != nullptr;
+}
+
+std::optional<QPoint> TRectTool::KeepWay(TShiftState shift, const QPoint &way) const {
+  return IsConstraining(shift) ? std::optional(detail::KeptToSquare(way)) : std::nullopt;
 }
 
 bool TRectTool::CreateObject() {

@@ -116,9 +116,12 @@ void TTransformTool::MouseDown(Qt::MouseButton button, TShiftState shift, int x,
 }
 
 void TTransformTool::MouseMove(TShiftState shift, int x, int y) {
-  if (m_grip == Between) return TMoveTool::MouseMove(shift, x, y);
   if (GetInGesture()) ChangeFigure([&] { m_isShiftHeld = shift.testFlag(ssShift); });
-  TCustomPressMoveAndReleaseTool::MouseMove(shift, x, y);
+  TMoveTool::MouseMove(shift, x, y);
+}
+
+std::optional<QPoint> TTransformTool::KeepWay(TShiftState shift, const QPoint &way) const {
+  return m_grip == Between ? TMoveTool::KeepWay(shift, way) : std::nullopt;
 }
 
 TMapTransform TTransformTool::GetScaling(const TMapPoint &way) const {

@@ -37,6 +37,9 @@ class TESSERA_WIDGETS_EXPORT TTransformTool : public TMoveTool {
   void Init() override;
   void Done() override;
 
+ protected:
+  [[nodiscard]] std::optional<QPoint> KeepWay(TShiftState shift, const QPoint &way) const override;
+
  private:
   /// Where a handle stands, from the middle: -1, 0 or 1 to the right and upwards. The round one is at (0, 2), what lies
   /// between at (0, 0).
