@@ -8,8 +8,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include <random>
-
 namespace tessera::bench {
 namespace {
 
@@ -56,6 +54,10 @@ InputBench::InputBench(const QString &path, QSize size, BenchTable &table) : m_s
   QApplication::processEvents();
 }
 
+QPoint InputBench::Somewhere() {
+  return {int(m_random() % m_side.Control().width()), int(m_random() % m_side.Control().height())};
+}
+
 double InputBench::FrameMs(const QPoint &at) {
   return MillisecondsOf([&] {
     Send(m_side.Control(), QEvent::MouseMove, at);
@@ -92,15 +94,13 @@ void InputBench::MeasureClick(int runs) {
   tool.SetActive(true);
   std::vector<TBounds> boxes;
   for (const TCustomMapObject *object : map.GetDisplayed()->Items()) boxes.push_back(object->GetBounds());
-  std::mt19937 random(1);
-  const auto somewhere = [&] { return QPoint(int(random() % map.width()), int(random() % map.height())); };
   const auto ours = [&] {
-    const QPoint at = somewhere();
+    const QPoint at = Somewhere();
     return MillisecondsOf([&] { Send(map, QEvent::MouseButtonPress, at); });
   };
   int hits = 0;
   const auto scan = [&] {
-    const QPoint at = somewhere();
+    const QPoint at = Somewhere();
     const TMapPoint point = map.GetViewport().ScreenToMap(at.x(), at.y());
     return MillisecondsOf([&] {
       for (const TBounds &box : boxes) hits += box.ContainsPoint(point.X, point.Y);
@@ -109,6 +109,31 @@ void InputBench::MeasureClick(int runs) {
   const QString title = QStringLiteral("H click among %1 objects, or a scan of their boxes").arg(boxes.size());
   m_table.Measure({title, QStringLiteral("ms"), ours, scan, Target, LimitMs}, runs * 10);
   map.GetSelection()->Clear();
+}
+
+void InputBench::MeasureSnapping(int runs) {
+  constexpr double LimitMs = 1;
+  TTessera &map = m_side.Control();
+  map.GetLayers()->First()->SetEditable(true);
+  TLineTool tool;
+  tool.SetTessera(&map);
+  tool.SetActive(true);
+  TMapSnapping &snapping = *map.GetSnapping();
+  const auto moveWith = [&](bool snaps) {
+    snapping.SetToVertices(snaps);
+    snapping.SetToIntersections(snaps);
+    snapping.SetToEdges(snaps);
+    const QPoint at = Somewhere();
+    return MillisecondsOf([&] { Send(map, QEvent::MouseMove, at); });
+  };
+  m_table.Measure({QStringLiteral("H move of the mouse with snapping, or without"),
+                   QStringLiteral("ms"),
+                   [&] { return moveWith(true); },
+                   [&] { return moveWith(false); },
+                   {},
+                   LimitMs},
+                  runs * 100);
+  map.GetLayers()->First()->SetEditable(false);
 }
 
 void InputBench::MeasureSelection(int runs) {
@@ -148,6 +173,7 @@ void InputBench::MeasureSelection(int runs) {
 void InputBench::Run(int runs) {
   MeasureFrames(runs);
   MeasureClick(runs);
+  MeasureSnapping(runs);
   MeasureSelection(runs);
 }
 

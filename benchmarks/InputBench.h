@@ -4,6 +4,8 @@
 #include "BenchTable.h"
 #include "TesseraSide.h"
 
+#include <random>
+
 namespace tessera::bench {
 
 /// Measures how a map that shows many objects answers the mouse, each row beside what the plainest program would do.
@@ -18,11 +20,15 @@ class InputBench {
   /// Milliseconds that a tool takes for a move of the mouse in the middle of its gesture, with what is shown anew.
   double FrameMs(const QPoint &at);
   void MeasureFrames(int runs);
+  [[nodiscard]] QPoint Somewhere();
   void MeasureClick(int runs);
+  /// Moves of the mouse with and without a look for places to snap to.
+  void MeasureSnapping(int runs);
   void MeasureSelection(int runs);
 
   TesseraSide m_side;
   BenchTable &m_table;
+  std::mt19937 m_random{1};
 };
 
 }  // namespace tessera::bench
