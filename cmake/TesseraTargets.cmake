@@ -73,3 +73,13 @@ function(tessera_add_program name)
     install(TARGETS ${name})
   endif()
 endfunction()
+
+# tessera_add_translations(target name): the translations name_….ts as resources of the target, under
+# :/tessera/translations. scripts/translations brings them up to date with the sources.
+function(tessera_add_translations target name)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools)
+  file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/translations/${name}_*.ts")
+  qt_add_lrelease(${target} TS_FILES ${sources} QM_FILES_OUTPUT_VARIABLE files)
+  qt_add_resources(${target} translations PREFIX /tessera/translations BASE "${CMAKE_CURRENT_BINARY_DIR}"
+                   FILES ${files})
+endfunction()

@@ -159,6 +159,30 @@ TEST_F(TDataBrowserTest, EditsACellInAnEditorThatFits) {
   EXPECT_EQ(Text(0, 3), QStringLiteral("True"));
 }
 
+TEST_F(TDataBrowserTest, ShowsAndTakesNumbersAndDatesInItsLocaleAndExportsThemInNone) {
+  browser->GetModel()->AddColumn(QStringLiteral("share"), dtFloat, 0);
+  layer->First()->GetFields().GetFields(2).SetValue(45443.0);
+  layer->First()->GetFields().GetFields(4).SetValue(0.5);
+  browser->setLocale(QLocale(QLocale::Russian));
+  Settle();
+  EXPECT_EQ(Text(0, 2), u"31.05.2024");
+  EXPECT_EQ(Text(0, 4), u"0,5");
+  auto *editor = Edit<QLineEdit>(1, 4);
+  editor->setText(QStringLiteral("2,75"));
+  QTest::keyClick(editor, Qt::Key_Return);
+  Settle();
+  EXPECT_EQ(layer->GetObjects(1)->GetFields().GetFields(4).GetValue(), TDataValue(2.75));
+  EXPECT_EQ(Edit<QDateEdit>(0, 2)->text(), u"31.05.2024");
+  Select(0, 2, 0, 4);
+  browser->Copy();
+  EXPECT_EQ(Clipboard(), u"31.05.2024\t\t0,5\n");
+  const QTemporaryDir folder;
+  browser->ExportCsv(folder.filePath(QStringLiteral("towns.csv")));
+  QFile file(folder.filePath(QStringLiteral("towns.csv")));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(file.readAll().contains("2024-05-31,,0.5"));
+}
+
 TEST_F(TDataBrowserTest, SortsAndFiltersWithoutTouchingTheLayersOrder) {
   const QString inOrder = QStringLiteral("Oslo Bern Rome bonn Riga");
   EXPECT_EQ(Column(0), inOrder);

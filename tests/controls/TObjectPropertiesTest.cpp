@@ -51,6 +51,22 @@ class TObjectPropertiesTest : public ControlFixture {
   std::unique_ptr<TObjectProperties> panel = std::make_unique<TObjectProperties>();
 };
 
+TEST_F(TObjectPropertiesTest, ShowsAndTakesNumbersInTheLocaleOfTheWidget) {
+  layer->GetFields().Add(QStringLiteral("Share"), TDataType::dtFloat, 0);
+  panel->setLocale(QLocale(QLocale::Russian));
+  auto *region = Add<TRegion>(0.5, 0);
+  region->GetFields().GetFields(2).SetValue(0.25);
+  Select({region});
+  EXPECT_EQ(Text(QStringLiteral("Left")), u"0,5");
+  EXPECT_EQ(Text(QStringLiteral("Share")), u"0,25");
+  layer->SetEditable(true);
+  Select({region});
+  EXPECT_TRUE(Set(QStringLiteral("Centre x"), QStringLiteral("7,5")));
+  EXPECT_TRUE(Set(QStringLiteral("Share"), QStringLiteral("1,75")));
+  EXPECT_EQ(region->GetBounds().MinX, 2.5);
+  EXPECT_EQ(region->GetFields().GetFields(2).GetAsFloat(), 1.75);
+}
+
 TEST_F(TObjectPropertiesTest, ShowsWhatAllSelectedObjectsHaveAndWhereTheyDiffer) {
   EXPECT_EQ(Model().rowCount(), 0);
   auto *region = Add<TRegion>(0, 0);

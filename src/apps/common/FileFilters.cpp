@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/FileFilters.h>
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 namespace tessera::apps {
@@ -36,7 +37,7 @@ QString ToCommonNameFilter(const QStringList &nameFilters) {
   QStringList masks;
   for (const QString &filter : nameFilters) masks.append(MasksOf(filter));
   masks.removeDuplicates();
-  return NameFilter(QStringLiteral("All map files"), masks);
+  return NameFilter(QCoreApplication::translate("tessera::apps::FileFilters", "All map files"), masks);
 }
 
 QString DefaultEnding(const QString &nameFilter) {

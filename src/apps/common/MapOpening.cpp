@@ -2,19 +2,24 @@
 #include <apps/common/MapOpening.h>
 #include <tessera/base/Exceptions.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace tessera::apps {
 namespace {
 
+struct MapOpening {
+  Q_DECLARE_TR_FUNCTIONS(tessera::apps::MapOpening)
+};
+
 QStringList WarningsOf(const QString &fileName, const TWorkspaceReport &report) {
   QStringList warnings;
   const auto warn = [&](const QString &words) { warnings << fileName + QStringLiteral(": ") + words; };
-  for (const QString &table : report.missingTables) warn(QStringLiteral("there is no file of the table %1").arg(table));
-  for (const QString &table : report.unreadTables) warn(QStringLiteral("%1 could not be read whole").arg(table));
+  for (const QString &table : report.missingTables) warn(MapOpening::tr("there is no file of the table %1").arg(table));
+  for (const QString &table : report.unreadTables) warn(MapOpening::tr("%1 could not be read whole").arg(table));
   if (!report.skipped.empty()) {
     const TWorkspaceStatement &first = report.skipped.front();
-    warn(QStringLiteral("%1 statements are passed over, the first in line %2: %3")
+    warn(MapOpening::tr("%1 statements are passed over, the first in line %2: %3")
              .arg(report.skipped.size())
              .arg(first.line)
              .arg(first.words));
@@ -29,7 +34,7 @@ std::vector<TLoadedFile> OpenWorkspace(TTessera &map, const QString &fileName) {
   try {
     const TWorkspaceReport report = map.LoadWOR(fileName);
     failed.warnings = WarningsOf(fileName, report);
-    if (!report.isRead) failed.error = fileName + QStringLiteral(": there is no such file, or it cannot be read");
+    if (!report.isRead) failed.error = fileName + u": " + MapOpening::tr("there is no such file, or it cannot be read");
   } catch (const std::exception &error) {
     failed.error = fileName + QStringLiteral(": ") + MessageOf(error);
   }
@@ -41,7 +46,8 @@ std::vector<TLoadedFile> OpenWorkspace(TTessera &map, const QString &fileName) {
     file.provider = QStringLiteral("workspace ") + QFileInfo(fileName).fileName();
   }
   if (loaded.empty()) {
-    if (failed.error.isEmpty()) failed.error = fileName + QStringLiteral(": the workspace shows no table that is here");
+    if (failed.error.isEmpty())
+      failed.error = fileName + u": " + MapOpening::tr("the workspace shows no table that is here");
     loaded.push_back(failed);
   } else {
     loaded.front().warnings = failed.warnings;
@@ -62,7 +68,7 @@ std::vector<TLoadedFile> OpenMapFile(TTessera &map, const QString &fileName) {
 }
 
 QString WorkspaceNameFilter() {
-  return QStringLiteral("MapInfo workspaces (*.wor)");
+  return MapOpening::tr("MapInfo workspaces (*.wor)");
 }
 
 }  // namespace tessera::apps

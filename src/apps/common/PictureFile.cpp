@@ -2,6 +2,7 @@
 #include <apps/common/PictureFile.h>
 #include <apps/common/VectorPicture.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QPageSize>
@@ -21,7 +22,8 @@ QByteArray KindOf(const QString &fileName) {
 }
 
 QString About(const QString &fileName, const QString &words) {
-  return fileName + QStringLiteral(": the picture cannot be written: ") + words;
+  return fileName + u": " +
+         QCoreApplication::translate("tessera::apps::PictureFile", "the picture cannot be written: %1").arg(words);
 }
 
 constexpr int PixelsPerInch = 96;
@@ -92,7 +94,7 @@ QString PictureNameFilter() {
     masks.append(QStringLiteral("*.") + QString::fromLatin1(kind));
   }
   masks.removeDuplicates();
-  return QStringLiteral("Pictures (") + masks.join(u' ') + u')';
+  return QCoreApplication::translate("tessera::apps::PictureFile", "Pictures") + u" (" + masks.join(u' ') + u')';
 }
 
 }  // namespace tessera::apps

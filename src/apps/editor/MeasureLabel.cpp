@@ -43,7 +43,7 @@ void MeasureLabel::SetMeasure(const TMapMeasure &measure) {
 
 void MeasureLabel::Follow(TCustomMultiPointTool &tool, bool hasArea) {
   connect(&tool, &TCustomMultiPointTool::OnOutline, this, [this, hasArea](TCustomMultiPointTool *sender) {
-    setText(TextOfOutline(sender->GetMapOutline(), m_measure, hasArea));
+    setText(TextOfOutline(sender->GetMapOutline(), m_measure, hasArea, locale()));
   });
   if (auto *measuring = qobject_cast<TMeasureTool *>(&tool)) {
     connect(measuring, &TMeasureTool::OnMeasure, this, [this](TMeasureTool *, const QString &text) { setText(text); });
@@ -56,8 +56,8 @@ void MeasureLabel::Follow(TCustomMultiPointTool &tool, bool hasArea) {
 void MeasureLabel::ShowSelection() {
   const std::optional<TObjectSize> size = SizeOf(*m_map.GetSelection(), m_measure);
   QStringList parts;
-  if (size && size->length > 0) parts << m_measure.LengthText(size->length);
-  if (size && size->area > 0) parts << m_measure.AreaText(size->area);
+  if (size && size->length > 0) parts << m_measure.LengthText(size->length, locale());
+  if (size && size->area > 0) parts << m_measure.AreaText(size->area, locale());
   setText(parts.join(QStringLiteral(", ")));
 }
 

@@ -20,15 +20,15 @@ struct TypeRow {
   const char *text;
 };
 constexpr TypeRow Types[] = {
-    {TDataType::dtString, QT_TRANSLATE_NOOP("NewLayerDialog", "Text")},
-    {TDataType::dtInteger, QT_TRANSLATE_NOOP("NewLayerDialog", "Whole number")},
-    {TDataType::dtSmallInt, QT_TRANSLATE_NOOP("NewLayerDialog", "Small whole number")},
-    {TDataType::dtFloat, QT_TRANSLATE_NOOP("NewLayerDialog", "Number")},
-    {TDataType::dtDecimal, QT_TRANSLATE_NOOP("NewLayerDialog", "Decimal number")},
-    {TDataType::dtDate, QT_TRANSLATE_NOOP("NewLayerDialog", "Date")},
-    {TDataType::dtTime, QT_TRANSLATE_NOOP("NewLayerDialog", "Time")},
-    {TDataType::dtDateTime, QT_TRANSLATE_NOOP("NewLayerDialog", "Date and time")},
-    {TDataType::dtBoolean, QT_TRANSLATE_NOOP("NewLayerDialog", "Yes or no")},
+    {TDataType::dtString, QT_TRANSLATE_NOOP("tessera::apps::NewLayerDialog", "Text")},
+    {TDataType::dtInteger, QT_TRANSLATE_NOOP("tessera::apps::NewLayerDialog", "Whole number")},
+    {TDataType::dtSmallInt, QT_TRANSLATE_NOOP("tessera::apps::NewLayerDialog", "Small whole number")},
+    {TDataType::dtFloat, QT_TRANSLATE_NOOP("tessera::apps::NewLayerDialog", "Number")},
+    {TDataType::dtDecimal, QT_TRANSLATE_NOOP("tessera::apps::NewLayerDialog", "Decimal number")},
+    {TDataType::dtDate, QT_TRANSLATE_NOOP("tessera::apps::NewLayerDialog", "Date")},
+    {TDataType::dtTime, QT_TRANSLATE_NOOP("tessera::apps::NewLayerDialog", "Time")},
+    {TDataType::dtDateTime, QT_TRANSLATE_NOOP("tessera::apps::NewLayerDialog", "Date and time")},
+    {TDataType::dtBoolean, QT_TRANSLATE_NOOP("tessera::apps::NewLayerDialog", "Yes or no")},
 };
 constexpr int LargestSize = 254;
 constexpr int UsualSize = 50;

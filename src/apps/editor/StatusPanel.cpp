@@ -2,8 +2,8 @@
 #include <apps/editor/MeasureLabel.h>
 #include <apps/editor/ProgressPanel.h>
 #include <apps/editor/StatusPanel.h>
-#include <tessera/base/detail/Numbers.h>
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 
@@ -24,6 +24,7 @@ int DecimalsOf(const TViewport &viewport) {
 
 StatusPanel::StatusPanel(TTessera &map, QWidget *parent)
     : QWidget(parent),
+      m_map(map),
       m_summary(new QLabel(this)),
       m_editing(new QLabel(this)),
       m_selection(new QLabel(this)),
@@ -87,12 +88,26 @@ void StatusPanel::ShowCoordinates(const TTessera &map) {
   if (!m_cursor) return;
   const TMapPoint point = map.GetViewport().ScreenToMap(m_cursor->x(), m_cursor->y());
   const int decimals = DecimalsOf(map.GetViewport());
-  m_coordinates->setText(QString::number(point.X, 'f', decimals) + QStringLiteral(", ") +
-                         QString::number(point.Y, 'f', decimals));
+  // Where the comma stands before decimals it cannot part the numbers as well.
+  const QString between = locale().decimalPoint() == QStringLiteral(",") ? QStringLiteral("; ") : QStringLiteral(", ");
+  m_coordinates->setText(NumberText(point.X, decimals) + between + NumberText(point.Y, decimals));
+}
+
+QString StatusPanel::NumberText(double number, int decimals) const {
+  QLocale format = locale();
+  format.setNumberOptions(QLocale::OmitGroupSeparator);
+  return format.toString(number, 'f', decimals);
+}
+
+void StatusPanel::changeEvent(QEvent *event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::LocaleChange) return;
+  ShowZoom(m_map);
+  ShowCoordinates(m_map);
 }
 
 void StatusPanel::ShowZoom(const TTessera &map) {
-  m_zoom->setText(tr("Zoom %1").arg(detail::FloatToStr(map.GetZoom())));
+  m_zoom->setText(tr("Zoom %1").arg(NumberText(map.GetZoom(), QLocale::FloatingPointShortest)));
 }
 
 }  // namespace tessera::apps

@@ -33,11 +33,17 @@ class StatusPanel : public QWidget {
   [[nodiscard]] QString GetSelection() const;
   [[nodiscard]] MeasureLabel &GetMeasureLabel() const { return *m_sizes; }
 
+ protected:
+  void changeEvent(QEvent *event) override;
+
  private:
   void ShowLayersAndSelection(const TTessera &map);
   void ShowCoordinates(const TTessera &map);
   void ShowZoom(const TTessera &map);
+  /// A number in the format of the window, without groups of thousands.
+  [[nodiscard]] QString NumberText(double number, int decimals) const;
 
+  TTessera &m_map;
   QLabel *m_summary;
   QLabel *m_editing;
   QLabel *m_selection;

@@ -2,12 +2,16 @@
 // The menus and tool bars of the editor's window.
 #include <apps/editor/EditorTools.h>
 #include <apps/editor/FindBar.h>
+#include <apps/editor/HelpWindow.h>
+#include <apps/editor/Language.h>
 #include <apps/editor/LayerDocks.h>
 #include <apps/editor/LayerFiles.h>
 #include <apps/editor/MapDecorations.h>
 #include <apps/editor/MapPrinting.h>
 #include <apps/editor/MessageBar.h>
 #include <apps/editor/RecentFiles.h>
+#include <apps/editor/SampleMap.h>
+#include <apps/editor/StatusPanel.h>
 #include <apps/editor/TEditorWindow.h>
 #include <apps/editor/UnitsMenu.h>
 #include <icons/ThemedIcon.h>
@@ -19,6 +23,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QToolBar>
 #include <QUndoStack>
 
@@ -48,9 +53,9 @@ struct SnapRow {
   void (TMapSnapping::*set)(bool isOn);
 };
 constexpr SnapRow SnapRows[] = {
-    {QT_TRANSLATE_NOOP("TEditorWindow", "&Vertices"), &TMapSnapping::SetToVertices},
-    {QT_TRANSLATE_NOOP("TEditorWindow", "&Intersections"), &TMapSnapping::SetToIntersections},
-    {QT_TRANSLATE_NOOP("TEditorWindow", "&Edges"), &TMapSnapping::SetToEdges},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "&Vertices"), &TMapSnapping::SetToVertices},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "&Intersections"), &TMapSnapping::SetToIntersections},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "&Edges"), &TMapSnapping::SetToEdges},
 };
 
 struct AlignmentRow {
@@ -59,17 +64,17 @@ struct AlignmentRow {
 };
 
 constexpr WheelMode WheelModes[] = {
-    {QT_TRANSLATE_NOOP("TEditorWindow", "The place under the &pointer"), true, TTessera::wmCenter},
-    {QT_TRANSLATE_NOOP("TEditorWindow", "The &middle of the view"), false, TTessera::wmCenter},
-    {QT_TRANSLATE_NOOP("TEditorWindow", "The first &selected object"), false, TTessera::wmSelected},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "The place under the &pointer"), true, TTessera::wmCenter},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "The &middle of the view"), false, TTessera::wmCenter},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "The first &selected object"), false, TTessera::wmSelected},
 };
 constexpr AlignmentRow Alignments[] = {
-    {QT_TRANSLATE_NOOP("TEditorWindow", "Align &left"), TMapAlignment::Left},
-    {QT_TRANSLATE_NOOP("TEditorWindow", "Align &right"), TMapAlignment::Right},
-    {QT_TRANSLATE_NOOP("TEditorWindow", "Align &top"), TMapAlignment::Top},
-    {QT_TRANSLATE_NOOP("TEditorWindow", "Align &bottom"), TMapAlignment::Bottom},
-    {QT_TRANSLATE_NOOP("TEditorWindow", "Center &horizontally"), TMapAlignment::CentersX},
-    {QT_TRANSLATE_NOOP("TEditorWindow", "Center &vertically"), TMapAlignment::CentersY},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &left"), TMapAlignment::Left},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &right"), TMapAlignment::Right},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &top"), TMapAlignment::Top},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &bottom"), TMapAlignment::Bottom},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Center &horizontally"), TMapAlignment::CentersX},
+    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Center &vertically"), TMapAlignment::CentersY},
 };
 
 }  // namespace
@@ -82,6 +87,7 @@ void TEditorWindow::MakeMenus() {
   MakeViewMenu();
   MakeLayerMenu();
   MakeToolMenu();
+  MakeHelpMenu();
 }
 
 void TEditorWindow::MakeFileMenu() {
@@ -226,6 +232,24 @@ void TEditorWindow::MakeSnapMenu(QMenu &tools) {
     connect(action, &QAction::toggled, m_map, [this, &row](bool isOn) { (m_map->GetSnapping()->*row.set)(isOn); });
   }
   menu->addAction(tr("&Grid…"), this, &TEditorWindow::AskForGrid);
+}
+
+void TEditorWindow::MakeHelpMenu() {
+  QMenu *menu = menuBar()->addMenu(tr("&Help"));
+  menu->addAction(tr("&How to work with the editor"), QKeySequence::HelpContents, this,
+                  [this] { (new HelpWindow(locale(), this))->show(); });
+  const QStringList sample = SampleMapFiles();
+  QAction *open = menu->addAction(tr("Open the &sample map"), m_files, [this, sample] { m_files->Open(sample); });
+  open->setEnabled(!sample.isEmpty());
+  menu->addSeparator();
+  auto *language = new LanguageMenu(tr("&Language"), menu);
+  connect(language, &LanguageMenu::Told, m_statusPanel, &StatusPanel::SetSummary);
+  menu->addMenu(language);
+  menu->addAction(tr("&About"), this, [this] {
+    QMessageBox::about(
+        this, tr("About"),
+        tr("Tessera editor %1\nShows and edits vector maps.").arg(QCoreApplication::applicationVersion()));
+  });
 }
 
 void TEditorWindow::MakeToolMenu() {

@@ -147,6 +147,7 @@ void TEditorWindow::SetUpMap() {
   m_map->SetPickTolerancePx(PickTolerancePx);
   m_map->GetNavigation()->SetWheelKeepsPlace(true);
   m_map->GetNavigation()->SetWheelAddsUp(true);
+  m_map->GetSnapping()->SetShiftConstrains(true);
   m_map->GetPainting()->SetShowSmallObjects(true);
   m_map->GetPainting()->SetPaintInSteps(true);
   m_map->setFocus();
@@ -268,22 +269,32 @@ void TEditorWindow::AskWhereToExportPicture() {
   if (!file.isEmpty()) ExportPicture(file);
 }
 
+std::optional<double> TEditorWindow::AskForNumber(const QString &title, const QString &label, double value,
+                                                  const NumberRange &range) {
+  QInputDialog dialog(this);
+  dialog.setAttribute(Qt::WA_WindowPropagation);  // the number format of the window
+  dialog.setInputMode(QInputDialog::DoubleInput);
+  dialog.setWindowTitle(title);
+  dialog.setLabelText(label);
+  dialog.setDoubleRange(range.low, range.high);
+  dialog.setDoubleDecimals(range.decimals);
+  dialog.setDoubleValue(value);
+  return dialog.exec() == QDialog::Accepted ? std::optional(dialog.doubleValue()) : std::nullopt;
+}
+
 void TEditorWindow::AskForRotation() {
   constexpr double FullTurnDeg = 360;
-  bool isChosen = false;
-  const double angleDeg = QInputDialog::getDouble(this, tr("Rotate map"), tr("Angle, clockwise, in degrees:"),
-                                                  m_map->GetRotationAngle(), -FullTurnDeg, FullTurnDeg, 2, &isChosen);
-  if (isChosen) m_map->RotateMap(m_map->GetCenterX(), m_map->GetCenterY(), angleDeg);
+  const auto angleDeg = AskForNumber(tr("Rotate map"), tr("Angle, clockwise, in degrees:"), m_map->GetRotationAngle(),
+                                     {-FullTurnDeg, FullTurnDeg, 2});
+  if (angleDeg) m_map->RotateMap(m_map->GetCenterX(), m_map->GetCenterY(), *angleDeg);
 }
 
 void TEditorWindow::AskForGrid() {
   constexpr double Widest = 1e9;
   constexpr int Decimals = 6;
-  bool isChosen = false;
-  const double step =
-      QInputDialog::getDouble(this, tr("Grid"), tr("Distance of the grid's points, in map units; 0 for none:"),
-                              m_map->GetSnapping()->GetGridStep(), 0, Widest, Decimals, &isChosen);
-  if (isChosen) m_map->GetSnapping()->SetGridStep(step);
+  const auto step = AskForNumber(tr("Grid"), tr("Distance of the grid's points, in map units; 0 for none:"),
+                                 m_map->GetSnapping()->GetGridStep(), {0, Widest, Decimals});
+  if (step) m_map->GetSnapping()->SetGridStep(*step);
 }
 
 void TEditorWindow::AskForOptions() {

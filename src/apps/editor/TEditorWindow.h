@@ -6,6 +6,8 @@
 
 #include <QMainWindow>
 
+#include <optional>
+
 namespace tessera::apps {
 
 class EditRecovery;
@@ -79,6 +81,7 @@ class TEditorWindow : public QMainWindow {
   void MakeWheelMenu(QMenu &view);
   void MakeLayerMenu();
   void MakeToolMenu();
+  void MakeHelpMenu();
   void MakeSnapMenu(QMenu &tools);
   void AskForGrid();
   /// Runs a command on the current layer; without one, a message says so.
@@ -93,6 +96,14 @@ class TEditorWindow : public QMainWindow {
   void MoveLayer(int by);
   void AskForNewLayer();
   void AskWhereToExportPicture();
+  struct NumberRange {
+    double low;
+    double high;
+    int decimals;
+  };
+  /// None when the person gives it up.
+  std::optional<double> AskForNumber(const QString &title, const QString &label, double value,
+                                     const NumberRange &range);
   void AskForRotation();
   void AskForOptions();
 

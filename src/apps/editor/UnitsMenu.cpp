@@ -8,11 +8,11 @@ namespace tessera::apps {
 namespace {
 
 constexpr std::pair<TMapMeasure::TUnit, const char *> Units[] = {
-    {TMapMeasure::muKilometre, QT_TRANSLATE_NOOP("UnitsMenu", "&Kilometres")},
-    {TMapMeasure::muMetre, QT_TRANSLATE_NOOP("UnitsMenu", "&Metres")},
-    {TMapMeasure::muMile, QT_TRANSLATE_NOOP("UnitsMenu", "M&iles")},
-    {TMapMeasure::muFoot, QT_TRANSLATE_NOOP("UnitsMenu", "&Feet")},
-    {TMapMeasure::muMap, QT_TRANSLATE_NOOP("UnitsMenu", "Map &units")},
+    {TMapMeasure::muKilometre, QT_TRANSLATE_NOOP("tessera::apps::UnitsMenu", "&Kilometres")},
+    {TMapMeasure::muMetre, QT_TRANSLATE_NOOP("tessera::apps::UnitsMenu", "&Metres")},
+    {TMapMeasure::muMile, QT_TRANSLATE_NOOP("tessera::apps::UnitsMenu", "M&iles")},
+    {TMapMeasure::muFoot, QT_TRANSLATE_NOOP("tessera::apps::UnitsMenu", "&Feet")},
+    {TMapMeasure::muMap, QT_TRANSLATE_NOOP("tessera::apps::UnitsMenu", "Map &units")},
 };
 
 QString UnitKey() {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/ProgramSetup.h>
 #include <apps/editor/EditRecovery.h>
+#include <apps/editor/Language.h>
 #include <apps/editor/LayerFiles.h>
+#include <apps/editor/SampleMap.h>
 #include <apps/editor/TEditorWindow.h>
 
 #include <QApplication>
@@ -29,6 +31,8 @@ int main(int argc, char **argv) {
   QApplication::setApplicationName(QStringLiteral("tessera-editor"));
   QApplication::setApplicationVersion(QStringLiteral(TESSERA_VERSION));
   tessera::apps::UseDecimalPoint();
+  const QLocale locale = tessera::apps::WindowLocale();
+  tessera::apps::Translate(locale);
 
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Shows and edits vector maps."));
@@ -40,9 +44,11 @@ int main(int argc, char **argv) {
 
   const tessera::apps::TStandardProviders providers;
   tessera::apps::TEditorWindow window;
+  window.setLocale(locale);
   window.show();
   QTimer::singleShot(0, &window, [&window] { window.GetRecovery().Offer(); });
-  const QStringList files = parser.positionalArguments();
+  QStringList files = parser.positionalArguments();
+  if (files.isEmpty() && tessera::apps::TakeFirstRun()) files = tessera::apps::SampleMapFiles();
   if (!files.isEmpty()) OpenOnceShown(window, files);
   return QApplication::exec();
 }

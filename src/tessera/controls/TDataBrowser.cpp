@@ -13,6 +13,7 @@
 #include <tessera/map/detail/MapByName.h>
 
 #include <QClipboard>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QSaveFile>
@@ -63,6 +64,11 @@ void TDataBrowser::MakeView() {
   m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   m_view->setSortingEnabled(true);
   m_selection = new detail::SelectionInStep(*m_view, *m_filter, *m_model);
+}
+
+void TDataBrowser::changeEvent(QEvent *event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::LocaleChange) m_model->SetLocale(locale());
 }
 
 TTessera *TDataBrowser::GetMap() const {

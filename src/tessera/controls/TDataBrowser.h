@@ -79,6 +79,10 @@ class TESSERA_WIDGETS_EXPORT TDataBrowser : public QWidget {
   /// @throws EInOutError when it cannot be written.
   void ExportCsv(const QString &fileName) const;
 
+ protected:
+  /// The locale of the widget is how numbers and dates are shown and typed.
+  void changeEvent(QEvent *event) override;
+
  private:
   friend class detail::DataBrowserLink;
   void MakeView();

@@ -22,6 +22,12 @@ void TLayerTableModel::SetReadOnly(bool readOnly) {
   m_isReadOnly = readOnly;
 }
 
+void TLayerTableModel::SetLocale(const QLocale &locale) {
+  if (m_locale == locale) return;
+  m_locale = locale;
+  TellOfAllValues();
+}
+
 TCustomMapObject *TLayerTableModel::ObjectAt(int row) const {
   const TMapLayer *layer = GetLayer();
   if (layer == nullptr || row < 0 || row >= int(m_rows.size())) return nullptr;
@@ -74,7 +80,7 @@ QVariant TLayerTableModel::ValueData(const TDataFieldView &field, const detail::
   const bool isCheckBox = column.type == TDataType::dtBoolean;
   switch (role) {
     case Qt::DisplayRole:
-      return isCheckBox ? QVariant() : detail::ShownText(field);
+      return isCheckBox ? QVariant() : detail::ShownText(field, m_locale);
     case Qt::EditRole:
       return detail::CellToVariant(field.GetValue(), column.type);
     case Qt::CheckStateRole: {
@@ -85,7 +91,7 @@ QVariant TLayerTableModel::ValueData(const TDataFieldView &field, const detail::
     }
     case TextRole:
     case Qt::AccessibleTextRole:
-      return detail::ShownText(field);
+      return detail::ShownText(field, m_locale);
     case SortRole:
       return detail::CellToSortKey(field.GetValue(), column.type);
     case NeutralRole:
@@ -131,7 +137,8 @@ bool TLayerTableModel::setData(const QModelIndex &index, const QVariant &value, 
   const detail::CellColumn &column = m_columns[std::size_t(index.column())];
   const bool isTick = role == Qt::CheckStateRole && column.type == TDataType::dtBoolean;
   if (!isTick && role != Qt::EditRole) return false;
-  const detail::ParsedCell parsed = detail::ParseCell(column, isTick ? QVariant(value.toInt() == Qt::Checked) : value);
+  const detail::ParsedCell parsed =
+      detail::ParseCell(column, isTick ? QVariant(value.toInt() == Qt::Checked) : value, m_locale);
   if (!parsed.refusal.isEmpty()) return Refuse(column.name + QStringLiteral(": ") + parsed.refusal);
   return SetValue(index, parsed.value);
 }

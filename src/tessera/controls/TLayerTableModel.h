@@ -34,11 +34,12 @@ class TESSERA_WIDGETS_EXPORT TLayerTableModel : public QAbstractTableModel {
   /// QDate, QTime, QDateTime or a QString; nothing when it is unassigned, and a QString when it does not fit its
   /// column.
   enum Role {
-    TextRole = Qt::UserRole,  ///< the value as text, also of the columns that views show as check boxes
-    SortRole,                 ///< a number, or a text in a column of texts
-    NeutralRole,              ///< the value as text that does not depend on the locale
-    TypeRole,                 ///< a TDataType as int; of every cell and of the header
-    SizeRole                  ///< of a column of texts: characters
+    TextRole =
+        Qt::UserRole,  ///< the value as text of the model's locale, also of the columns that views show as check boxes
+    SortRole,          ///< a number, or a text in a column of texts
+    NeutralRole,       ///< the value as text that does not depend on the locale
+    TypeRole,          ///< a TDataType as int; of every cell and of the header
+    SizeRole           ///< of a column of texts: characters
   };
   Q_ENUM(Role)
 
@@ -51,6 +52,9 @@ class TESSERA_WIDGETS_EXPORT TLayerTableModel : public QAbstractTableModel {
   /// Whether values and columns can be changed through the model. False at first.
   [[nodiscard]] bool GetReadOnly() const { return m_isReadOnly; }
   void SetReadOnly(bool readOnly);
+  /// How numbers and dates are shown and read, whatever the process's number format is; at first the default QLocale.
+  [[nodiscard]] const QLocale &GetLocale() const { return m_locale; }
+  void SetLocale(const QLocale &locale);
 
   /// The object of a row; none when the row is out of date, or there is none.
   [[nodiscard]] TCustomMapObject *ObjectAt(int row) const;
@@ -117,6 +121,7 @@ class TESSERA_WIDGETS_EXPORT TLayerTableModel : public QAbstractTableModel {
   /// those that are gone while views are being told so.
   Rows m_rows;
   Columns m_columns;
+  QLocale m_locale;
   bool m_isReadOnly = false;
   bool m_isRefreshDue = false;
   bool m_haveValuesChanged = false;  ///< of rows that were out of date

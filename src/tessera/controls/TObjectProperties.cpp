@@ -4,6 +4,7 @@
 #include <tessera/controls/detail/ObjectPropertiesModel.h>
 #include <tessera/controls/detail/PropertyDelegate.h>
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -30,6 +31,13 @@ TObjectProperties::TObjectProperties(QWidget *parent)
 void TObjectProperties::SetReadOnly(bool readOnly) {
   m_isReadOnly = readOnly;
   Refresh();
+}
+
+void TObjectProperties::changeEvent(QEvent *event) {
+  TMapCompanion::changeEvent(event);
+  if (event->type() != QEvent::LocaleChange) return;
+  m_model->SetLocale(locale());
+  m_refresh.start();
 }
 
 void TObjectProperties::MapEvent(TMapDataLinkEvent event, TObject * /*sender*/) {

@@ -36,6 +36,8 @@ class TESSERA_WIDGETS_EXPORT TObjectProperties : public TMapCompanion {
   void Refresh();
 
  protected:
+  /// The locale of the widget is how numbers and dates are shown and typed.
+  void changeEvent(QEvent *event) override;
   void MapChanged() override { m_refresh.start(); }
   void MapEvent(TMapDataLinkEvent event, TObject *sender) override;
 

@@ -3,7 +3,6 @@
 #include <tessera/controls/TScaleBar.h>
 
 #include <QFontMetricsF>
-#include <QLocale>
 #include <QPainter>
 
 #include <cmath>
@@ -87,7 +86,7 @@ void TScaleBar::MapRepainted() {
 QString TScaleBar::GetText() const {
   constexpr int AllDigits = 15;
   if (!(m_bar.distance > 0)) return {};
-  const QString number = QLocale().toString(m_bar.distance, 'g', AllDigits);
+  const QString number = locale().toString(m_bar.distance, 'g', AllDigits);
   const QString symbol = m_measure.GetSymbol();
   return symbol.isEmpty() ? number : number + u' ' + symbol;
 }

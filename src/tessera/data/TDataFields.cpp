@@ -126,17 +126,17 @@ bool TDataFieldView::IsShownAsStored() const {
   return type != TDataType::dtDateTime && type != TDataType::dtDate && type != TDataType::dtTime;
 }
 
-QString TDataFieldView::TextOf(const TDataValue &value) const {
+QString TDataFieldView::TextOf(const TDataValue &value, const QLocale &locale) const {
   if (std::holds_alternative<std::monostate>(value)) return {};
   switch (GetDataType()) {
     case TDataType::dtDateTime:
-      return detail::DateTimeToStr(ValueToReal(value));
+      return detail::DateTimeToStr(ValueToReal(value), locale);
     case TDataType::dtDate:
-      return detail::DateToStr(ValueToReal(value));
+      return detail::DateToStr(ValueToReal(value), locale);
     case TDataType::dtTime:
       return detail::TimeToStr(ValueToReal(value));
     default:
-      return ValueToText(value);
+      return ValueToText(value, locale);
   }
 }
 

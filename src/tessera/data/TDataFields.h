@@ -38,8 +38,8 @@ class TESSERA_CORE_EXPORT TDataFieldView {
   /// The value as text; dates and times in the locale's formats. An unassigned value has no text.
   /// @throws EConvertError when a date or time column holds a text that is no number.
   [[nodiscard]] QString GetAsString() const { return TextOf(GetValue()); }
-  /// What GetAsString would be if the field had this value.
-  [[nodiscard]] QString TextOf(const TDataValue &value) const;
+  /// What GetAsString would be if the field had this value, in the format of a locale.
+  [[nodiscard]] QString TextOf(const TDataValue &value, const QLocale &locale = QLocale()) const;
   /// Whether the text of a value that is a text is just that.
   [[nodiscard]] bool IsShownAsStored() const;
   /// The value's text as a number. @throws EConvertError when it is none.

@@ -11,12 +11,14 @@ namespace tessera {
 namespace {
 
 struct TextOf {
+  const QLocale &locale;
+
   QString operator()(std::monostate) const { return {}; }
   QString operator()(const QString &text) const { return text; }
   QString operator()(std::int32_t number) const { return QString::number(number); }
-  QString operator()(double number) const { return detail::FloatToStr(number); }
+  QString operator()(double number) const { return detail::FloatToStr(number, locale); }
   QString operator()(bool flag) const { return flag ? QStringLiteral("True") : QStringLiteral("False"); }
-  QString operator()(TDateTime moment) const { return detail::DateTimeToStr(moment.days); }
+  QString operator()(TDateTime moment) const { return detail::DateTimeToStr(moment.days, locale); }
 };
 
 struct RealOf {
@@ -30,8 +32,8 @@ struct RealOf {
 
 }  // namespace
 
-QString ValueToText(const TDataValue &value) {
-  return std::visit(TextOf{}, value);
+QString ValueToText(const TDataValue &value, const QLocale &locale) {
+  return std::visit(TextOf{locale}, value);
 }
 
 double ValueToReal(const TDataValue &value) {

@@ -3,6 +3,7 @@
 
 #include <tessera/base/Export.h>
 
+#include <QLocale>
 #include <QString>
 
 #include <cstdint>
@@ -32,10 +33,10 @@ struct TDateTime {
 /// The value of one attribute; std::monostate is "unassigned".
 using TDataValue = std::variant<std::monostate, QString, std::int32_t, double, bool, TDateTime>;
 
-// Conversions of a value of any kind. Numbers follow the process's number format.
+// Conversions of a value of any kind. Numbers follow the process's number format where no locale is given.
 
 /// Empty for an unassigned value; "True" and "False"; a date-time in the locale's short format.
-[[nodiscard]] TESSERA_CORE_EXPORT QString ValueToText(const TDataValue &value);
+[[nodiscard]] TESSERA_CORE_EXPORT QString ValueToText(const TDataValue &value, const QLocale &locale = QLocale());
 /// 0 for an unassigned value, 1 for true. @throws EConvertError for a text that is no number.
 [[nodiscard]] TESSERA_CORE_EXPORT double ValueToReal(const TDataValue &value);
 /// As ValueToReal, rounded to the nearest integer, halves to even. @throws ERangeError beyond 32 bits.

@@ -61,7 +61,7 @@ void ReadPair(TMapLayer &layer, const QString &fileName, TFormatReport &report) 
 
 void LoadPair(TMapLayer *layer, const QString &fileName, TFormatReport &report) {
   if (layer == nullptr || layer->GetMapHost() == nullptr || !QFileInfo(fileName).isFile()) {
-    report.Fail(0, QStringLiteral("there is no such file, or the layer is on no map"));
+    report.Fail(0, TFormatReport::tr("there is no such file, or the layer is on no map"));
     return;
   }
   const TLoadingScope loading(*layer->GetMapHost());
@@ -122,7 +122,7 @@ bool TSimpleMIFFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
     detail::StagedSet files({fileName, dataFileName});
     const THandle<TMapLayer> watched(layer);
     if (map != nullptr) map->StartProgress(0, 0, QStringLiteral("Saving..."));
-    if (!watched) throw EInOutError(QStringLiteral("the layer was deleted before it was saved"));
+    if (!watched) throw EInOutError(TFormatReport::tr("the layer was deleted before it was saved"));
     detail::MifWriter(*layer, files.File(0), files.File(1), report).Write();
     files.Commit();
   } catch (const std::exception &error) {

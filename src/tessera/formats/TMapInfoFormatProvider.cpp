@@ -85,7 +85,7 @@ void LoadTable(TMapLayer *layer, const QString &fileName, TFormatReport &report)
   const detail::MitabTurn turn;
   NeedMitab();
   if (layer == nullptr || layer->GetMapHost() == nullptr || !QFileInfo(fileName).isFile()) {
-    report.Fail(0, QStringLiteral("there is no such file, or the layer is on no map"));
+    report.Fail(0, TFormatReport::tr("there is no such file, or the layer is on no map"));
     return;
   }
   static_cast<void>(detail::StagedSet::Recover(FilesOf(fileName)));
@@ -94,8 +94,8 @@ void LoadTable(TMapLayer *layer, const QString &fileName, TFormatReport &report)
   try {
     const detail::MitabFile file = detail::OpenMitabFile(fileName);
     if (!file) {
-      report.Fail(0,
-                  QStringLiteral("this is no table that can be read. ") + QString::fromUtf8(mitab_c_getlasterrormsg()));
+      report.Fail(
+          0, TFormatReport::tr("this is no table that can be read. ") + QString::fromUtf8(mitab_c_getlasterrormsg()));
       return;
     }
     detail::MitabText text(detail::CharsetOf(fileName), detail::MitabRecodes());
@@ -104,7 +104,7 @@ void LoadTable(TMapLayer *layer, const QString &fileName, TFormatReport &report)
     reader.Deliver();
     const bool lacksValues =
         HasEnding(fileName, QStringLiteral("mif")) && !QFile::exists(FilesOf(fileName).constLast());
-    if (lacksValues) report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
+    if (lacksValues) report.Warn(TFormatReport::tr("there is no data file, so the objects have no values"));
   } catch (const std::exception &error) {
     report.Fail(0, MessageOf(error));
     throw;
@@ -160,7 +160,7 @@ bool TMapInfoFormatProvider::Save(TMapLayer *layer, const QString &fileName) {
     const detail::MitabTarget target = detail::TargetFor(*layer, {fileName, workshop.FileName(), m_charset}, report);
     const THandle<TMapLayer> watched(layer);
     const auto checkLayer = [&watched] {
-      if (!watched) throw EInOutError(QStringLiteral("the layer was deleted while it was being saved"));
+      if (!watched) throw EInOutError(TFormatReport::tr("the layer was deleted while it was being saved"));
     };
     if (map != nullptr) map->StartProgress(0, layer->GetObjectCount(), QStringLiteral("Saving..."));
     checkLayer();

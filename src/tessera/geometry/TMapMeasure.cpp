@@ -2,7 +2,7 @@
 #include <tessera/geometry/Geodesy.h>
 #include <tessera/geometry/TMapMeasure.h>
 
-#include <QLocale>
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +16,11 @@ struct Unit {
 };
 
 /// In the order of TMapMeasure::TUnit.
-constexpr Unit Units[] = {{1, ""}, {1, "m"}, {1000, "km"}, {0.3048, "ft"}, {1609.344, "mi"}};
+constexpr Unit Units[] = {{1, ""},
+                          {1, QT_TRANSLATE_NOOP("tessera::TMapMeasure", "m")},
+                          {1000, QT_TRANSLATE_NOOP("tessera::TMapMeasure", "km")},
+                          {0.3048, QT_TRANSLATE_NOOP("tessera::TMapMeasure", "ft")},
+                          {1609.344, QT_TRANSLATE_NOOP("tessera::TMapMeasure", "mi")}};
 
 double PlaneLength(std::span<const TMapPoint> chain) {
   double length = 0;
@@ -37,11 +41,11 @@ double PlaneArea(std::span<const TMapPoint> ring) {
   return std::abs(twice) / 2;
 }
 
-QString NumberText(double value) {
+QString NumberText(double value, const QLocale &locale) {
   constexpr int FewestDigits = 5;
   if (!std::isfinite(value)) return QStringLiteral("–");
   const int digitsBefore = value == 0 ? 1 : int(std::floor(std::log10(std::abs(value)))) + 1;
-  return QLocale().toString(value, 'f', std::clamp(FewestDigits + 1 - digitsBefore, 0, 9));
+  return locale.toString(value, 'f', std::clamp(FewestDigits + 1 - digitsBefore, 0, 9));
 }
 
 QString WithSymbol(const QString &number, const QString &symbol) {
@@ -67,15 +71,15 @@ double TMapMeasure::LengthOfUnit(double y) const {
 }
 
 QString TMapMeasure::GetSymbol() const {
-  return QString::fromLatin1(Units[Unit].symbol);
+  return QCoreApplication::translate("tessera::TMapMeasure", Units[Unit].symbol);
 }
 
-QString TMapMeasure::LengthText(double length) const {
-  return WithSymbol(NumberText(length), GetSymbol());
+QString TMapMeasure::LengthText(double length, const QLocale &locale) const {
+  return WithSymbol(NumberText(length, locale), GetSymbol());
 }
 
-QString TMapMeasure::AreaText(double area) const {
-  return WithSymbol(NumberText(area), Unit == muMap ? QString() : GetSymbol() + u'²');
+QString TMapMeasure::AreaText(double area, const QLocale &locale) const {
+  return WithSymbol(NumberText(area, locale), Unit == muMap ? QString() : GetSymbol() + u'²');
 }
 
 double RoundBelow(double limit) {

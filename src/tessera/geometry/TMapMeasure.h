@@ -4,6 +4,7 @@
 #include <tessera/base/Export.h>
 #include <tessera/base/TMapPoint.h>
 
+#include <QLocale>
 #include <QMetaType>
 #include <QObject>
 #include <QString>
@@ -36,12 +37,12 @@ struct TESSERA_CORE_EXPORT TMapMeasure {
   [[nodiscard]] double Area(std::span<const TMapPoint> ring) const;
   /// How long a step of one map unit along x is at a height y of the map.
   [[nodiscard]] double LengthOfUnit(double y) const;
-  /// The unit behind a number: "m", "km", "ft", "mi", and nothing for map units.
+  /// The unit behind a number: "m", "km", "ft", "mi", or what it is translated to; nothing for map units.
   [[nodiscard]] QString GetSymbol() const;
-  /// A length in the number format of the process's locale, with its unit, to five digits at least: "12,345.7 km".
-  [[nodiscard]] QString LengthText(double length) const;
+  /// A length in the number format of a locale, with its unit, to five digits at least: "12,345.7 km".
+  [[nodiscard]] QString LengthText(double length, const QLocale &locale = QLocale()) const;
   /// The same of an area: "12,345.7 km²".
-  [[nodiscard]] QString AreaText(double area) const;
+  [[nodiscard]] QString AreaText(double area, const QLocale &locale = QLocale()) const;
 
   bool operator==(const TMapMeasure &) const = default;
 };

@@ -105,7 +105,7 @@ TSavedFile SaveMapFile(TMapLayer &layer, const QString &fileName) {
   saved.report = ReportOf(provider, [&] { layer.SaveToFile(fileName); });
   saved.warnings = detail::WarningsOf(fileName, saved.report, collector.GetMessages());
   for (const QString &words : saved.report.losses)
-    saved.warnings.append(About(fileName, QStringLiteral("lost: ") + words));
+    saved.warnings.append(About(fileName, TFormatReport::tr("lost: %1").arg(words)));
   if (const auto &defect = saved.report.firstError) {
     saved.error = About(fileName, Words(*defect));
   } else if (replacesSource && watched) {

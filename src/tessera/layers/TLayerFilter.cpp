@@ -2,6 +2,8 @@
 #include <tessera/layers/TLayerFilter.h>
 #include <tessera/layers/detail/FilterTable.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <exception>
 #include <new>
@@ -80,8 +82,9 @@ class TLayerFilter::Database {
     return m_isOneStatement;
   }
   [[nodiscard]] QString GetError() const {
-    return m_statement && !m_isOneStatement ? QStringLiteral("more than an expression")
-                                            : QString::fromUtf8(sqlite3_errmsg(m_database));
+    return m_statement && !m_isOneStatement
+               ? QCoreApplication::translate("tessera::TLayerFilter", "more than an expression")
+               : QString::fromUtf8(sqlite3_errmsg(m_database));
   }
   /// In bytes of the expression; negative where that is not known.
   [[nodiscard]] int GetErrorPlace() const { return sqlite3_error_offset(m_database) - int(sizeof Head - 1); }
@@ -114,7 +117,7 @@ class TLayerFilter::Database {
 TLayerFilter::TLayerFilter(TMapLayer &layer, const QString &expression)
     : m_layer(&layer), m_database(std::make_unique<Database>(layer)) {
   if (!m_database->IsOpen()) {
-    NoteError(QStringLiteral("the layer has too many columns"), -1);
+    NoteError(QCoreApplication::translate("tessera::TLayerFilter", "the layer has too many columns"), -1);
     return;
   }
   const QByteArray bytes = expression.toUtf8();

@@ -132,7 +132,8 @@ void TLayerLoading::HandOver(Run &run) {
   const THandle<TMapLayer> layer(run.layer.get());
   GuardedCall([&] { m_layers->PutLayer(m_layers->GetCount(), std::move(run.layer)); });
   run.loaded.layer = layer.Get();
-  if (!layer) run.loaded.error = detail::About(run.loaded.fileName, QStringLiteral("its layer was deleted meanwhile"));
+  if (!layer)
+    run.loaded.error = detail::About(run.loaded.fileName, TFormatReport::tr("its layer was deleted meanwhile"));
 }
 
 }  // namespace tessera

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/providers/TFormatReport.h>
 
+#include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace tessera {
@@ -13,11 +15,6 @@ qint64 Total(const TCounts &counts) {
                          [](qint64 sum, const TCounts::value_type &entry) { return sum + entry.second; });
 }
 
-/// "1 line", "2 lines".
-QString Counted(qint64 count, const QString &noun) {
-  return QString::number(count) + u' ' + noun + (count == 1 ? QString() : QStringLiteral("s"));
-}
-
 /// " (2 Region, 1 Point)", empty for no counts.
 QString Listed(const TCounts &counts) {
   QStringList entries;
@@ -25,9 +22,9 @@ QString Listed(const TCounts &counts) {
   return entries.isEmpty() ? QString() : QString(QStringLiteral(" (") + entries.join(QStringLiteral(", ")) + u')');
 }
 
-/// " in line 7", empty where no line is to blame.
-QString PlaceOf(const TFormatDefect &defect) {
-  return defect.line > 0 ? QStringLiteral(" in line %1").arg(defect.line) : QString();
+/// For the plural forms of a translation, which are chosen by an int.
+int Capped(qint64 count) {
+  return int(std::min<qint64>(count, std::numeric_limits<int>::max()));
 }
 
 }  // namespace
@@ -52,7 +49,9 @@ void TFormatReport::Lose(const QString &words) {
 QStringList TFormatReport::AllLosses() const {
   QStringList all = losses;
   if (firstError)
-    all.prepend(QStringLiteral("all that comes after this error%1: %2").arg(PlaceOf(*firstError), firstError->words));
+    all.prepend((firstError->line > 0 ? tr("all that comes after this error in line %1: %2").arg(firstError->line)
+                                      : tr("all that comes after this error: %1"))
+                    .arg(firstError->words));
   return all;
 }
 
@@ -69,14 +68,19 @@ qint64 TFormatReport::CountOfObjects() const {
 }
 
 QString TFormatReport::Summary() const {
-  QStringList parts{Counted(CountOfObjects(), QStringLiteral("object")) + Listed(objects)};
+  const int count = Capped(CountOfObjects());
+  QStringList parts{(count == 1 ? tr("1 object") : tr("%n objects", nullptr, count)) + Listed(objects)};
   if (!skippedLines.empty()) {
-    parts.append(Counted(Total(skippedLines), QStringLiteral("line")) + QStringLiteral(" skipped") +
-                 Listed(skippedLines));
+    const int lines = Capped(Total(skippedLines));
+    parts.append((lines == 1 ? tr("1 line skipped") : tr("%n lines skipped", nullptr, lines)) + Listed(skippedLines));
   }
-  if (!warnings.isEmpty()) parts.append(Counted(warnings.size() + droppedWarnings, QStringLiteral("warning")));
+  if (!warnings.isEmpty()) {
+    const int told = Capped(warnings.size() + droppedWarnings);
+    parts.append(told == 1 ? tr("1 warning") : tr("%n warnings", nullptr, told));
+  }
   if (firstError) {
-    parts.append(QStringLiteral("error%1: %2").arg(PlaceOf(*firstError), firstError->words));
+    parts.append((firstError->line > 0 ? tr("error in line %1: %2").arg(firstError->line) : tr("error: %1"))
+                     .arg(firstError->words));
   }
   return parts.join(QStringLiteral("; "));
 }

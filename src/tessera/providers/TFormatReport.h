@@ -3,6 +3,7 @@
 
 #include <tessera/base/Export.h>
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -55,6 +56,9 @@ struct TESSERA_CORE_EXPORT TFormatReport {
   [[nodiscard]] qint64 CountOfObjects() const;
   /// One line for people, such as "3 objects (2 Region, 1 Point); 4 lines skipped (4 Arc); error in line 7: …".
   [[nodiscard]] QString Summary() const;
+
+  /// For providers: their words about a run are translated in the context of this class.
+  Q_DECLARE_TR_FUNCTIONS(tessera::TFormatReport)
 };
 
 }  // namespace tessera

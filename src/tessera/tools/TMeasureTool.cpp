@@ -31,13 +31,15 @@ bool TMeasureTool::CreateObject() {
 void TMeasureTool::Measure(const std::vector<TMapPoint> &line) {
   m_length = m_measure.Length(line);
   m_area = line.size() < FewestCorners ? 0 : m_measure.Area(line);
-  Q_EMIT OnMeasure(this, TextOfOutline(line, m_measure, true));
+  const TTessera *map = GetTessera();
+  Q_EMIT OnMeasure(this, TextOfOutline(line, m_measure, true, map ? map->locale() : QLocale()));
 }
 
-QString TextOfOutline(std::span<const TMapPoint> line, const TMapMeasure &measure, bool hasArea) {
-  const QString length = measure.LengthText(measure.Length(line));
+QString TextOfOutline(std::span<const TMapPoint> line, const TMapMeasure &measure, bool hasArea,
+                      const QLocale &locale) {
+  const QString length = measure.LengthText(measure.Length(line), locale);
   if (!hasArea || line.size() < FewestCorners) return length;
-  return length + QStringLiteral(", ") + measure.AreaText(measure.Area(line));
+  return length + QStringLiteral(", ") + measure.AreaText(measure.Area(line), locale);
 }
 
 }  // namespace tessera

@@ -38,7 +38,8 @@ class TESSERA_WIDGETS_EXPORT TMeasureTool : public TCustomMultiPointTool {
   [[nodiscard]] bool GetEnabled() const override;
 
  Q_SIGNALS:
-  /// The line has changed, or was ended. The text tells its length and, of three corners and more, the area.
+  /// The line has changed, or was ended. The text tells its length and, of three corners and more, the area, in the
+  /// locale of the map.
   void OnMeasure(tessera::TMeasureTool *sender, const QString &text);
 
  private:
@@ -52,6 +53,6 @@ class TESSERA_WIDGETS_EXPORT TMeasureTool : public TCustomMultiPointTool {
 /// How a tool or a program tells of a line: its length, and with three corners and more, where that counts, the area
 /// between its ends.
 [[nodiscard]] TESSERA_WIDGETS_EXPORT QString TextOfOutline(std::span<const TMapPoint> line, const TMapMeasure &measure,
-                                                           bool hasArea);
+                                                           bool hasArea, const QLocale &locale = QLocale());
 
 }  // namespace tessera

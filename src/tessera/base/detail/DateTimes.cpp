@@ -21,15 +21,7 @@ QDate DayZero() {
   return {1899, 12, 30};
 }
 
-/// The short date format of the locale, with a year of four digits: one of two does not tell the century.
-QString DateFormat(const QLocale &locale) {
-  QString format = locale.dateFormat(QLocale::ShortFormat);
-  if (!format.contains(QLatin1String("yyyy"))) format.replace(QLatin1String("yy"), QLatin1String("yyyy"));
-  return format;
-}
-
-QString TextOf(const QDate &date) {
-  const QLocale locale;
+QString TextOf(const QDate &date, const QLocale &locale) {
   return locale.toString(date, DateFormat(locale));
 }
 
@@ -71,22 +63,28 @@ double DaysOf(const Moment &moment) {
   return days < 0 ? days - DaysOf(moment.time) : days + DaysOf(moment.time);
 }
 
-QString DateToStr(double value) {
-  return TextOf(MomentOf(value).date);
+QString DateFormat(const QLocale &locale) {
+  QString format = locale.dateFormat(QLocale::ShortFormat);
+  if (!format.contains(QLatin1String("yyyy"))) format.replace(QLatin1String("yy"), QLatin1String("yyyy"));
+  return format;
+}
+
+QString DateToStr(double value, const QLocale &locale) {
+  return TextOf(MomentOf(value).date, locale);
 }
 
 QString TimeToStr(double value) {
   return TextOf(MomentOf(value).time);
 }
 
-QString DateTimeToStr(double value) {
+QString DateTimeToStr(double value, const QLocale &locale) {
   const Moment moment = MomentOf(value);
   const bool isMidnight = moment.time.msecsSinceStartOfDay() == 0;
-  return isMidnight ? TextOf(moment.date) : TextOf(moment.date) + u' ' + TextOf(moment.time);
+  const QString date = TextOf(moment.date, locale);
+  return isMidnight ? date : date + u' ' + TextOf(moment.time);
 }
 
-double StrToDate(QStringView text) {
-  const QLocale locale;
+double StrToDate(QStringView text, const QLocale &locale) {
   const QString trimmed = text.trimmed().toString();
   const QDate date = locale.toDate(trimmed, DateFormat(locale));
   if (!date.isValid()) ThrowConvertError(QStringLiteral("'%1' is not a valid date"), trimmed);

@@ -210,22 +210,23 @@ char *WriteFixed6(char *out, double value, char separator) {
   return out + 7;
 }
 
-char DecimalSeparator() {
-  const QString point = QLocale().decimalPoint();
+char DecimalSeparator(const QLocale &locale) {
+  const QString point = locale.decimalPoint();
   return point.size() == 1 && point.front().unicode() < 0x80 ? char(point.front().unicode()) : '.';
 }
 
-bool TryStrToFloat(QStringView text, double &value) {
+bool TryStrToFloat(QStringView text, double &value, const QLocale &locale) {
   const TBytes bytes = ToBytes(WithoutBlanks(text));
   double result = 0;
-  if (ReadFloat(bytes.cbegin(), bytes.cend(), DecimalSeparator(), result) != bytes.cend()) return false;
+  if (ReadFloat(bytes.cbegin(), bytes.cend(), DecimalSeparator(locale), result) != bytes.cend()) return false;
   value = result;
   return true;
 }
 
-double StrToFloat(QStringView text) {
+double StrToFloat(QStringView text, const QLocale &locale) {
   double value = 0;
-  if (!TryStrToFloat(text, value)) ThrowConvertError(QStringLiteral("'%1' is not a valid floating point value"), text);
+  if (!TryStrToFloat(text, value, locale))
+    ThrowConvertError(QStringLiteral("'%1' is not a valid floating point value"), text);
   return value;
 }
 
@@ -243,7 +244,7 @@ int StrToInt(QStringView text) {
   return value;
 }
 
-QString FloatToStr(double value) {
+QString FloatToStr(double value, const QLocale &locale) {
   if (std::isnan(value)) return QStringLiteral("NAN");
   if (std::isinf(value)) return value < 0 ? QStringLiteral("-INF") : QStringLiteral("INF");
   if (value == 0) return QStringLiteral("0");
@@ -255,7 +256,7 @@ QString FloatToStr(double value) {
     const int power = text.sliced(exponent + 1).toInt();
     text = text.first(exponent) + u'E' + QString::number(power);
   }
-  return text.replace(u'.', QLatin1Char(DecimalSeparator()));
+  return text.replace(u'.', QLatin1Char(DecimalSeparator(locale)));
 }
 
 }  // namespace tessera::detail

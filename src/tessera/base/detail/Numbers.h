@@ -3,6 +3,7 @@
 
 #include <tessera/base/Export.h>
 
+#include <QLocale>
 #include <QString>
 #include <QStringView>
 
@@ -10,19 +11,21 @@
 
 namespace tessera::detail {
 
-/// Conversions between numbers and text in the number format of the process: the decimal separator of the default
-/// QLocale. Groups of thousands are neither written nor accepted, and digits are always 0 to 9.
+/// Conversions between numbers and text. The locale gives the decimal separator; without one it is the default QLocale,
+/// the number format of the process. Groups of thousands are neither written nor accepted, and digits are always 0
+/// to 9.
 
-/// The decimal separator in force. A locale whose separator is not ASCII counts as one with a point, because files of
-/// bytes could not hold it.
-[[nodiscard]] TESSERA_CORE_EXPORT char DecimalSeparator();
+/// The decimal separator of a locale. A locale whose separator is not ASCII counts as one with a point, because files
+/// of bytes could not hold it.
+[[nodiscard]] TESSERA_CORE_EXPORT char DecimalSeparator(const QLocale &locale = QLocale());
 
 /// The number that `text` holds, correctly rounded: sign, digits with or without separator, exponent; blanks around it
 /// are passed over. No nan, infinity or hexadecimal form.
 /// @throws EConvertError when it is none, or is beyond what a double holds.
-[[nodiscard]] TESSERA_CORE_EXPORT double StrToFloat(QStringView text);
+[[nodiscard]] TESSERA_CORE_EXPORT double StrToFloat(QStringView text, const QLocale &locale = QLocale());
 /// As StrToFloat; leaves `value` alone and answers false instead of throwing.
-[[nodiscard]] TESSERA_CORE_EXPORT bool TryStrToFloat(QStringView text, double &value);
+[[nodiscard]] TESSERA_CORE_EXPORT bool TryStrToFloat(QStringView text, double &value,
+                                                     const QLocale &locale = QLocale());
 
 /// The 32-bit integer that `text` holds in decimal digits with or without a sign. Blanks are passed over in front, but
 /// not behind. @throws EConvertError when it is none.
@@ -32,7 +35,7 @@ namespace tessera::detail {
 
 /// The shortest form with up to 15 significant digits. From 1E15 upwards and below 0.0001 it has an exponent:
 /// 1E15, 2.5E-7. Zero has no sign; NAN, INF and -INF stand for what is no number.
-[[nodiscard]] TESSERA_CORE_EXPORT QString FloatToStr(double value);
+[[nodiscard]] TESSERA_CORE_EXPORT QString FloatToStr(double value, const QLocale &locale = QLocale());
 
 // The byte level, for readers and writers of files with millions of numbers. `separator` is the decimal separator.
 

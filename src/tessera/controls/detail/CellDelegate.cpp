@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/base/detail/DateTimes.h>
 #include <tessera/controls/TLayerTableModel.h>
 #include <tessera/controls/detail/CellDelegate.h>
 #include <tessera/controls/detail/CellValues.h>
 
 #include <QDateTimeEdit>
 #include <QLineEdit>
-#include <QLocale>
 
 namespace tessera::detail {
 namespace {
@@ -19,9 +19,7 @@ TDataType TypeOf(const QModelIndex &index) {
 
 QDateTimeEdit *MakeMomentEditor(TDataType type, QWidget *parent) {
   QDateTimeEdit *editor = nullptr;
-  const QString dateFormat = QLocale().dateFormat(QLocale::ShortFormat).contains(QLatin1String("yyyy"))
-                                 ? QLocale().dateFormat(QLocale::ShortFormat)
-                                 : QStringLiteral("yyyy-MM-dd");
+  const QString dateFormat = DateFormat(parent->locale());
   const QString timeFormat = QStringLiteral("HH:mm:ss");
   if (type == TDataType::dtTime) {
     editor = new QTimeEdit(parent);

@@ -2,11 +2,10 @@
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/detail/DateTimes.h>
 #include <tessera/base/detail/Numbers.h>
+#include <tessera/controls/TLayerTableModel.h>
 #include <tessera/controls/detail/CellValues.h>
 
-#include <QCoreApplication>
 #include <QDateTime>
-#include <QLocale>
 
 #include <cmath>
 #include <limits>
@@ -14,47 +13,44 @@
 namespace tessera::detail {
 namespace {
 
-QString Told(const char *text) {
-  return QCoreApplication::translate("TLayerTableModel", text);
-}
-
-double TextToDate(const QString &text) {
+double TextToDate(const QString &text, const QLocale &locale) {
   const QDate iso = QDate::fromString(text, Qt::ISODate);
-  return iso.isValid() ? DaysOf(iso) : StrToDate(text);
+  return iso.isValid() ? DaysOf(iso) : StrToDate(text, locale);
 }
 
-double TextToDateTime(const QString &text) {
+double TextToDateTime(const QString &text, const QLocale &locale) {
   const QString neat = text.trimmed();
   const qsizetype timeAt = std::max(neat.lastIndexOf(u' '), neat.lastIndexOf(u'T'));
-  if (timeAt < 0 || !neat.mid(timeAt).contains(u':')) return TextToDate(neat);
+  if (timeAt < 0 || !neat.mid(timeAt).contains(u':')) return TextToDate(neat, locale);
   const double time = StrToTime(QStringView(neat).mid(timeAt + 1));
-  return DaysOf({MomentOf(TextToDate(neat.left(timeAt))).date, MomentOf(time).time});
+  return DaysOf({MomentOf(TextToDate(neat.left(timeAt), locale)).date, MomentOf(time).time});
 }
 
-ParsedCell Refused(const char *why, const QString &input) {
-  return {{}, Told(why).arg(input)};
+ParsedCell Refused(const QString &why, const QString &input) {
+  return {{}, why.arg(input)};
 }
 
 ParsedCell ParseText(const CellColumn &column, const QString &text) {
   if (column.size > 0 && text.size() > column.size) {
-    return {{}, Told("“%1” is longer than the %2 characters of the column.").arg(text).arg(column.size)};
+    return {{},
+            TLayerTableModel::tr("“%1” is longer than the %2 characters of the column.").arg(text).arg(column.size)};
   }
   return {text, {}};
 }
 
-ParsedCell ParseInteger(const CellColumn &column, const QString &text) {
+ParsedCell ParseInteger(const CellColumn &column, const QString &text, const QLocale &locale) {
   double number = 0;
-  if (!TryStrToFloat(text, number) || number != std::trunc(number)) {
-    return Refused("“%1” is not a whole number.", text);
+  if (!TryStrToFloat(text, number, locale) || number != std::trunc(number)) {
+    return Refused(TLayerTableModel::tr("“%1” is not a whole number."), text);
   }
   const IntegerRange range = RangeOf(column.type);
   if (number >= range.low && number <= range.high) return {std::int32_t(number), {}};
-  return {{}, Told("%1 does not lie between %2 and %3.").arg(text).arg(range.low).arg(range.high)};
+  return {{}, TLayerTableModel::tr("%1 does not lie between %2 and %3.").arg(text).arg(range.low).arg(range.high)};
 }
 
-ParsedCell ParseReal(const QString &text) {
+ParsedCell ParseReal(const QString &text, const QLocale &locale) {
   double number = 0;
-  if (!TryStrToFloat(text, number)) return Refused("“%1” is not a number.", text);
+  if (!TryStrToFloat(text, number, locale)) return Refused(TLayerTableModel::tr("“%1” is not a number."), text);
   return {number, {}};
 }
 
@@ -65,29 +61,29 @@ ParsedCell ParseBoolean(const QString &text) {
                                  QStringLiteral("n"), QStringLiteral("0")};
   if (yes.contains(text, Qt::CaseInsensitive)) return {true, {}};
   if (no.contains(text, Qt::CaseInsensitive)) return {false, {}};
-  return Refused("“%1” is neither True nor False.", text);
+  return Refused(TLayerTableModel::tr("“%1” is neither True nor False."), text);
 }
 
-ParsedCell ParseMoment(TDataType type, const QString &text) {
+ParsedCell ParseMoment(TDataType type, const QString &text, const QLocale &locale) {
   try {
-    if (type == TDataType::dtDate) return {TextToDate(text), {}};
+    if (type == TDataType::dtDate) return {TextToDate(text, locale), {}};
     if (type == TDataType::dtTime) return {StrToTime(text), {}};
-    return {TDateTime{TextToDateTime(text)}, {}};
+    return {TDateTime{TextToDateTime(text, locale)}, {}};
   } catch (const EConvertError &) {
-    if (type == TDataType::dtDate) return Refused("“%1” is not a date.", text);
-    if (type == TDataType::dtTime) return Refused("“%1” is not a time of day.", text);
-    return Refused("“%1” is not a date and time.", text);
+    if (type == TDataType::dtDate) return Refused(TLayerTableModel::tr("“%1” is not a date."), text);
+    if (type == TDataType::dtTime) return Refused(TLayerTableModel::tr("“%1” is not a time of day."), text);
+    return Refused(TLayerTableModel::tr("“%1” is not a date and time."), text);
   }
 }
 
-ParsedCell ParseAnyText(const CellColumn &column, const QString &text) {
+ParsedCell ParseAnyText(const CellColumn &column, const QString &text, const QLocale &locale) {
   if (column.type == TDataType::dtString) return ParseText(column, text);
   const QString neat = text.trimmed();
   if (neat.isEmpty()) return {};
-  if (IsInteger(column.type)) return ParseInteger(column, neat);
-  if (IsNumber(column.type)) return ParseReal(neat);
+  if (IsInteger(column.type)) return ParseInteger(column, neat, locale);
+  if (IsNumber(column.type)) return ParseReal(neat, locale);
   if (column.type == TDataType::dtBoolean) return ParseBoolean(neat);
-  return ParseMoment(column.type, neat);
+  return ParseMoment(column.type, neat, locale);
 }
 
 }  // namespace
@@ -161,7 +157,7 @@ QString CellToNeutralText(const TDataValue &value, TDataType type) {
   }
 }
 
-ParsedCell ParseCell(const CellColumn &column, const QVariant &input) {
+ParsedCell ParseCell(const CellColumn &column, const QVariant &input, const QLocale &locale) {
   if (!input.isValid()) return {};
   if (column.type == TDataType::dtDate && input.typeId() == QMetaType::QDate) return {DaysOf(input.toDate()), {}};
   if (column.type == TDataType::dtTime && input.typeId() == QMetaType::QTime) return {DaysOf(input.toTime()), {}};
@@ -169,8 +165,8 @@ ParsedCell ParseCell(const CellColumn &column, const QVariant &input) {
     const QDateTime moment = input.toDateTime();
     return {TDateTime{DaysOf({moment.date(), moment.time()})}, {}};
   }
-  if (input.typeId() == QMetaType::Double) return ParseAnyText(column, FloatToStr(input.toDouble()));
-  return ParseAnyText(column, input.toString());
+  if (input.typeId() == QMetaType::Double) return ParseAnyText(column, FloatToStr(input.toDouble(), locale), locale);
+  return ParseAnyText(column, input.toString(), locale);
 }
 
 QString TypeNameOf(const CellColumn &column) {

@@ -3,6 +3,7 @@
 
 #include <tessera/data/TDataFields.h>
 
+#include <QLocale>
 #include <QVariant>
 
 namespace tessera::detail {
@@ -43,9 +44,10 @@ struct ParsedCell {
   QString refusal;  ///< why it is no value of the column; empty when it is one
 };
 
-/// Reads an input for a column: the Qt type that fits it, or a text. Dates are read in the locale's short format with
-/// the year in four digits, and as 2024-05-31. Nothing, and a blank text but in a column of texts, is unassigned.
-[[nodiscard]] ParsedCell ParseCell(const CellColumn &column, const QVariant &input);
+/// Reads an input for a column: the Qt type that fits it, or a text in the format of a locale. Dates are read in its
+/// short format with the year in four digits, and as 2024-05-31. Nothing, and a blank text but in a column of texts, is
+/// unassigned.
+[[nodiscard]] ParsedCell ParseCell(const CellColumn &column, const QVariant &input, const QLocale &locale = QLocale());
 
 /// "Char(20)", "Float", …; also for the columns that have no name of their type.
 [[nodiscard]] QString TypeNameOf(const CellColumn &column);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/controls/TDataBrowser.h>
 #include <tessera/controls/detail/CellValues.h>
 #include <tessera/controls/detail/ColumnDialog.h>
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
@@ -15,27 +15,23 @@ namespace {
 constexpr int MostCharacters = 254;
 constexpr int UsualCharacters = 50;
 
-QString Told(const char *text) {
-  return QCoreApplication::translate("TDataBrowser", text);
-}
-
 QString NameOf(TDataType type) {
-  return type == TDataType::dtString ? Told("Text") : TypeNameOf({0, QString(), type, 0});
+  return type == TDataType::dtString ? TDataBrowser::tr("Text") : TypeNameOf({0, QString(), type, 0});
 }
 
 }  // namespace
 
 ColumnDialog::ColumnDialog(QWidget *parent)
     : QDialog(parent), m_name(new QLineEdit(this)), m_type(new QComboBox(this)), m_size(new QSpinBox(this)) {
-  setWindowTitle(Told("Add Column"));
+  setWindowTitle(TDataBrowser::tr("Add Column"));
   for (int i = 0; i <= int(TDataType::dtBoolean); ++i) m_type->addItem(NameOf(TDataType(i)));
   m_size->setRange(1, MostCharacters);
   m_size->setValue(UsualCharacters);
   auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   auto *form = new QFormLayout(this);
-  form->addRow(Told("&Name:"), m_name);
-  form->addRow(Told("&Type:"), m_type);
-  form->addRow(Told("&Characters:"), m_size);
+  form->addRow(TDataBrowser::tr("&Name:"), m_name);
+  form->addRow(TDataBrowser::tr("&Type:"), m_type);
+  form->addRow(TDataBrowser::tr("&Characters:"), m_size);
   form->addRow(buttons);
   connect(m_type, &QComboBox::currentIndexChanged, m_size, [this](int type) { m_size->setEnabled(type == 0); });
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

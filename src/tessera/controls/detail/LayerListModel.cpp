@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/GuardedCall.h>
+#include <tessera/controls/LayerCtrl.h>
 #include <tessera/controls/detail/LayerListModel.h>
 #include <tessera/editing/TMapEdits.h>
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -20,27 +19,25 @@ struct Switch {
 };
 
 constexpr Switch Switches[] = {
-    {QT_TRANSLATE_NOOP("TLayerControl", "Visible"), QT_TRANSLATE_NOOP("TLayerControl", "Visible; click to hide it"),
-     QT_TRANSLATE_NOOP("TLayerControl", "Hidden; click to show it"), &TMapLayer::GetVisible, &TMapLayer::SetVisible},
-    {QT_TRANSLATE_NOOP("TLayerControl", "Selectable"),
-     QT_TRANSLATE_NOOP("TLayerControl", "Its objects can be selected; click to change that"),
-     QT_TRANSLATE_NOOP("TLayerControl", "Its objects cannot be selected; click to change that"),
+    {QT_TRANSLATE_NOOP("tessera::TLayerControl", "Visible"),
+     QT_TRANSLATE_NOOP("tessera::TLayerControl", "Visible; click to hide it"),
+     QT_TRANSLATE_NOOP("tessera::TLayerControl", "Hidden; click to show it"), &TMapLayer::GetVisible,
+     &TMapLayer::SetVisible},
+    {QT_TRANSLATE_NOOP("tessera::TLayerControl", "Selectable"),
+     QT_TRANSLATE_NOOP("tessera::TLayerControl", "Its objects can be selected; click to change that"),
+     QT_TRANSLATE_NOOP("tessera::TLayerControl", "Its objects cannot be selected; click to change that"),
      &TMapLayer::GetSelectable, &TMapLayer::SetSelectable},
-    {QT_TRANSLATE_NOOP("TLayerControl", "Editable"),
-     QT_TRANSLATE_NOOP("TLayerControl", "It is being edited; click to end that"),
-     QT_TRANSLATE_NOOP("TLayerControl", "Click to edit it"), &TMapLayer::GetEditable, &TMapLayer::SetEditable},
-    {QT_TRANSLATE_NOOP("TLayerControl", "Labelled"),
-     QT_TRANSLATE_NOOP("TLayerControl", "Its objects are labelled; click to take the labels away"),
-     QT_TRANSLATE_NOOP("TLayerControl", "Click to label its objects"), &TMapLayer::GetAutoLabel,
+    {QT_TRANSLATE_NOOP("tessera::TLayerControl", "Editable"),
+     QT_TRANSLATE_NOOP("tessera::TLayerControl", "It is being edited; click to end that"),
+     QT_TRANSLATE_NOOP("tessera::TLayerControl", "Click to edit it"), &TMapLayer::GetEditable, &TMapLayer::SetEditable},
+    {QT_TRANSLATE_NOOP("tessera::TLayerControl", "Labelled"),
+     QT_TRANSLATE_NOOP("tessera::TLayerControl", "Its objects are labelled; click to take the labels away"),
+     QT_TRANSLATE_NOOP("tessera::TLayerControl", "Click to label its objects"), &TMapLayer::GetAutoLabel,
      &TMapLayer::SetAutoLabel},
 };
 
 const Switch &SwitchOf(int column) {
   return Switches[column - LayerListModel::VisibleColumn];
-}
-
-QString Told(const char *text) {
-  return QCoreApplication::translate("TLayerControl", text);
 }
 
 QVariant NameData(const TMapLayer &layer, int role) {
@@ -56,9 +53,9 @@ QVariant SwitchData(const TMapLayer &layer, LayerListModel::Column column, int r
       return isOn ? Qt::Checked : Qt::Unchecked;
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
-      return Told(isOn ? its.tipOn : its.tipOff);
+      return TLayerControl::tr(isOn ? its.tipOn : its.tipOff);
     case Qt::AccessibleTextRole:
-      return QStringLiteral("%1: %2").arg(layer.GetName(), Told(its.name));
+      return QStringLiteral("%1: %2").arg(layer.GetName(), TLayerControl::tr(its.name));
     default:
       return {};
   }
@@ -140,8 +137,7 @@ void LayerListModel::Toggle(int row, Column column) {
   TMapLayer *layer = LayerAt(row);
   if (layer == nullptr) return;
   const Switch &its = SwitchOf(column);
-  const QString text =
-      Told(QT_TRANSLATE_NOOP("TLayerControl", "change “%1” of %2")).arg(Told(its.name), layer->GetName());
+  const QString text = TLayerControl::tr("change “%1” of %2").arg(TLayerControl::tr(its.name), layer->GetName());
   TMapEdits(m_map).ChangeLayers(text, [&] { (layer->*its.set)(!IsOn(*layer, column)); });
 }
 
@@ -163,7 +159,7 @@ QVariant LayerListModel::headerData(int section, Qt::Orientation orientation, in
   if (role != Qt::DisplayRole || orientation != Qt::Horizontal) {
     return QAbstractTableModel::headerData(section, orientation, role);
   }
-  return section == NameColumn ? QCoreApplication::translate("TLayerControl", "Layer") : Told(SwitchOf(section).name);
+  return section == NameColumn ? TLayerControl::tr("Layer") : TLayerControl::tr(SwitchOf(section).name);
 }
 
 bool LayerListModel::setData(const QModelIndex &index, const QVariant &value, int role) {

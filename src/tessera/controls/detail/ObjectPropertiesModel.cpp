@@ -31,7 +31,7 @@ bool AreAlike(const std::vector<ObjectRow> &left, const std::vector<ObjectRow> &
 }  // namespace
 
 void ObjectPropertiesModel::Show(std::span<TCustomMapObject *const> objects, bool canChange) {
-  std::vector<ObjectRow> rows = RowsOf(objects);
+  std::vector<ObjectRow> rows = RowsOf(objects, m_locale);
   const bool isReset = !AreAlike(rows, m_rows);
   if (isReset) beginResetModel();
   m_rows = std::move(rows);
@@ -73,7 +73,7 @@ QString ObjectPropertiesModel::TextOf(int row) const {
   if (!value->isValid()) return {};
   if (shown.kind == RowKind::Choice) return shown.choices.value(value->toInt());
   if (shown.kind == RowKind::Color) return value->value<QColor>().name();
-  return shown.kind == RowKind::Number ? FloatToStr(value->toDouble()) : value->toString();
+  return shown.kind == RowKind::Number ? FloatToStr(value->toDouble(), m_locale) : value->toString();
 }
 
 QVariant ObjectPropertiesModel::data(const QModelIndex &index, int role) const {
@@ -115,10 +115,13 @@ bool ObjectPropertiesModel::setData(const QModelIndex &index, const QVariant &va
   const std::vector<TCustomMapObject *> objects = ObjectsThere();
   // Handlers may show other objects in this model meanwhile.
   const ObjectRow row = m_rows[std::size_t(index.row())];
+  QVariant input = value;
+  double number = 0;
+  if (row.kind == RowKind::Number && TryStrToFloat(value.toString(), number, m_locale)) input = number;
   const QPointer<ObjectPropertiesModel> self(this);
   bool isDone = false;
   GuardedCall([&] {
-    const ObjectRow::Change change = objects.empty() ? ObjectRow::Change() : row.changeTo(value);
+    const ObjectRow::Change change = objects.empty() ? ObjectRow::Change() : row.changeTo(input);
     isDone = change != nullptr;
     if (!isDone) return;
     TMapEdits(*objects.front()->GetLayer())

@@ -24,6 +24,10 @@ class ObjectPropertiesModel : public QAbstractTableModel {
   /// are not compared: they count as different.
   void Show(std::span<TCustomMapObject *const> objects, bool canChange);
 
+  /// How numbers and dates are shown and read; at first the default QLocale.
+  [[nodiscard]] const QLocale &GetLocale() const { return m_locale; }
+  void SetLocale(const QLocale &locale) { m_locale = locale; }
+
   int rowCount(const QModelIndex &parent = {}) const override;
   int columnCount(const QModelIndex &parent = {}) const override;
   QVariant data(const QModelIndex &index, int role) const override;
@@ -43,6 +47,7 @@ class ObjectPropertiesModel : public QAbstractTableModel {
   std::vector<THandle<TCustomMapObject>> m_objects;
   std::vector<ObjectRow> m_rows;
   std::vector<Value> m_values;
+  QLocale m_locale;
   bool m_canChange = false;
 };
 

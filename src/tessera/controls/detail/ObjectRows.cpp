@@ -118,7 +118,8 @@ void AddBrushRows(std::vector<ObjectRow> &rows) {
       [](const TObjectStyle &style) { return int(style.brush.GetStyle()); },
       [](TObjectStyle &style, const QVariant &value) { style.brush.SetStyle(TBrushStyle(value.toInt())); }));
   rows.push_back(ChoiceRow(
-      QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Background"), {Told("No"), Told("Yes")},
+      QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Background"),
+      {TObjectProperties::tr("No"), TObjectProperties::tr("Yes")},
       [](const TObjectStyle &style) { return int(style.useBGColor); },
       [](TObjectStyle &style, const QVariant &value) { style.useBGColor = value.toInt() != 0; }));
   rows.push_back(StyleRow(
@@ -180,7 +181,7 @@ void AddGeometryRows(std::vector<ObjectRow> &rows) {
     rows.push_back(
         GeometryRow(name, [side = side](const TCustomMapObject &object) { return object.GetBounds().*side; }, {}));
   }
-  ObjectRow vertices{Told("Vertices"), RowKind::WholeNumber, {}, {}, {}, {}};
+  ObjectRow vertices{TObjectProperties::tr("Vertices"), RowKind::WholeNumber, {}, {}, {}, {}};
   vertices.get = [](const TCustomMapObject &object) {
     int count = 0;
     for (const TPart &part : object.GetParts().Items()) count += part.GetPoints().GetCount();
@@ -199,7 +200,7 @@ ObjectRow RadiusRow() {
 
 ObjectRow ShapeRow() {
   constexpr int LastShape = 0xFFFF;
-  ObjectRow row{Told("Symbol"), RowKind::WholeNumber, {}, TObjectAspect::Style, {}, {}};
+  ObjectRow row{TObjectProperties::tr("Symbol"), RowKind::WholeNumber, {}, TObjectAspect::Style, {}, {}};
   row.get = [](const TCustomMapObject &object) { return QVariant(static_cast<const TSymbol &>(object).GetShape()); };
   row.changeTo = [](const QVariant &input) -> Change {
     const QVariant value = WholeNumber(input, TSymbol::NoShape, LastShape);
@@ -210,7 +211,8 @@ ObjectRow ShapeRow() {
 }
 
 ObjectRow TextRow() {
-  ObjectRow row{Told("Text"), RowKind::Text, {}, TObjectAspect::Geometry | TObjectAspect::Style, {}, {}};
+  ObjectRow row{
+      TObjectProperties::tr("Text"), RowKind::Text, {}, TObjectAspect::Geometry | TObjectAspect::Style, {}, {}};
   row.get = [](const TCustomMapObject &object) { return QVariant(static_cast<const TText &>(object).GetText()); };
   row.changeTo = [](const QVariant &input) -> Change {
     return [text = input.toString()](TCustomMapObject &object) { static_cast<TText &>(object).SetText(text); };
@@ -218,17 +220,17 @@ ObjectRow TextRow() {
   return row;
 }
 
-ObjectRow AttributeRow(const TDataFieldView &field) {
+ObjectRow AttributeRow(const TDataFieldView &field, const QLocale &locale) {
   const CellColumn column{field.GetIndex(), field.GetName(), field.GetDataType(), field.GetSize()};
   ObjectRow row{column.name, RowKind::Text, {}, TObjectAspect::Values, {}, {}};
-  row.get = [index = column.field](const TCustomMapObject &object) {
+  row.get = [index = column.field, locale](const TCustomMapObject &object) {
     const TDataFields &fields = object.GetFields();
     const bool isThere = index < fields.GetCount();
     if (!isThere || std::holds_alternative<std::monostate>(fields.GetFields(index).GetValue())) return QVariant();
-    return QVariant(ShownText(fields.GetFields(index)));
+    return QVariant(ShownText(fields.GetFields(index), locale));
   };
-  row.changeTo = [column](const QVariant &input) -> Change {
-    const ParsedCell parsed = ParseCell(column, input);
+  row.changeTo = [column, locale](const QVariant &input) -> Change {
+    const ParsedCell parsed = ParseCell(column, input, locale);
     if (!parsed.refusal.isEmpty()) ShowMessage(parsed.refusal);
     if (!parsed.refusal.isEmpty()) return {};
     return [index = column.field, value = parsed.value](TCustomMapObject &object) {
@@ -238,12 +240,14 @@ ObjectRow AttributeRow(const TDataFieldView &field) {
   return row;
 }
 
-void AddAttributeRows(std::vector<ObjectRow> &rows, Objects objects) {
+void AddAttributeRows(std::vector<ObjectRow> &rows, Objects objects, const QLocale &locale) {
   const TMapLayer *layer = objects.front()->GetLayer();
   const bool isOneLayer =
       std::all_of(objects.begin(), objects.end(), [layer](const auto *object) { return object->GetLayer() == layer; });
   if (layer == nullptr || !isOneLayer) return;
-  for (int i = 0; i < layer->GetFieldCount(); ++i) rows.push_back(AttributeRow(layer->GetFields().GetFields(i)));
+  for (int i = 0; i < layer->GetFieldCount(); ++i) {
+    rows.push_back(AttributeRow(layer->GetFields().GetFields(i), locale));
+  }
 }
 
 template <class Kind>
@@ -257,10 +261,10 @@ bool IsAny(Objects objects) {
 
 }  // namespace
 
-std::vector<ObjectRow> RowsOf(Objects objects) {
+std::vector<ObjectRow> RowsOf(Objects objects, const QLocale &locale) {
   std::vector<ObjectRow> rows;
   if (objects.empty()) return rows;
-  ObjectRow kind{Told("Kind"), RowKind::Text, {}, {}, {}, {}};
+  ObjectRow kind{TObjectProperties::tr("Kind"), RowKind::Text, {}, {}, {}, {}};
   kind.get = [](const TCustomMapObject &object) { return QVariant(KindOf(object)); };
   rows.push_back(kind);
   if (AreAll<TText>(objects)) rows.push_back(TextRow());
@@ -273,18 +277,26 @@ std::vector<ObjectRow> RowsOf(Objects objects) {
   if (AreAll<TCircle>(objects)) rows.push_back(RadiusRow<TCircle>());
   if (AreAll<TGeoCircle>(objects)) rows.push_back(RadiusRow<TGeoCircle>());
   if (AreAll<geocircle::TGeoCircle>(objects)) rows.push_back(RadiusRow<geocircle::TGeoCircle>());
-  AddAttributeRows(rows, objects);
+  AddAttributeRows(rows, objects, locale);
   return rows;
 }
 
 QStringList PenStyleNames() {
-  return {Told("Solid"),        Told("Dashes"), Told("Dots"),        Told("Dashes and dots"),
-          Told("Dash dot dot"), Told("None"),   Told("Inside frame")};
+  return {TObjectProperties::tr("Solid"),        TObjectProperties::tr("Dashes"),
+          TObjectProperties::tr("Dots"),         TObjectProperties::tr("Dashes and dots"),
+          TObjectProperties::tr("Dash dot dot"), TObjectProperties::tr("None"),
+          TObjectProperties::tr("Inside frame")};
 }
 
 QStringList BrushStyleNames() {
-  return {Told("Solid"),         Told("None"),         Told("Horizontal lines"), Told("Vertical lines"),
-          Told("Falling lines"), Told("Rising lines"), Told("Squares"),          Told("Diamonds")};
+  return {TObjectProperties::tr("Solid"),
+          TObjectProperties::tr("None"),
+          TObjectProperties::tr("Horizontal lines"),
+          TObjectProperties::tr("Vertical lines"),
+          TObjectProperties::tr("Falling lines"),
+          TObjectProperties::tr("Rising lines"),
+          TObjectProperties::tr("Squares"),
+          TObjectProperties::tr("Diamonds")};
 }
 
 }  // namespace tessera::detail

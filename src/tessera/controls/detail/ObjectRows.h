@@ -25,8 +25,9 @@ struct ObjectRow {
   std::function<Change(const QVariant &input)> changeTo;
 };
 
-/// What all of these objects have, with the columns of their layer if that is the same.
-[[nodiscard]] std::vector<ObjectRow> RowsOf(std::span<TCustomMapObject *const> objects);
+/// What all of these objects have, with the columns of their layer if that is the same. Texts that stand for numbers
+/// and dates are in the format of the locale.
+[[nodiscard]] std::vector<ObjectRow> RowsOf(std::span<TCustomMapObject *const> objects, const QLocale &locale);
 
 /// In the order of TPenStyle and TBrushStyle.
 [[nodiscard]] TESSERA_WIDGETS_EXPORT QStringList PenStyleNames();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
 #include <tessera/formats/detail/ByteSource.h>
+#include <tessera/providers/TFormatReport.h>
 
 #include <algorithm>
 
@@ -23,7 +24,7 @@ qint64 FileSource::ReadFile(qint64 position, char *out, qint64 size, QString &fa
   const std::lock_guard lock(m_mutex);
   const qint64 done = m_file.seek(position) ? m_file.read(out, size) : -1;
   if (done < 0) failure = m_file.errorString();
-  if (done == 0) failure = QStringLiteral("Another program has cut it short.");
+  if (done == 0) failure = TFormatReport::tr("Another program has cut it short.");
   return std::max<qint64>(done, 0);
 }
 

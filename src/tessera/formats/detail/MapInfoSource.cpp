@@ -35,11 +35,11 @@ MitabTarget TargetFor(const TMapLayer &layer, const MapInfoOrder &order, TFormat
   if (!order.charset.isEmpty()) target.charset = order.charset.toLatin1();
   if (!MitabText(target.charset, true).IsKnown()) {
     report.Lose(
-        QStringLiteral("the character set %1, which cannot be written").arg(QString::fromLatin1(target.charset)));
+        TFormatReport::tr("the character set %1, which cannot be written").arg(QString::fromLatin1(target.charset)));
     target.charset = UsualCharset;
   }
   if (!MitabRecodes()) {
-    report.Lose(QStringLiteral("the name of the character set, which the library cannot write"));
+    report.Lose(TFormatReport::tr("the name of the character set, which the library cannot write"));
     target.charset = NeutralCharset;
   }
   return target;

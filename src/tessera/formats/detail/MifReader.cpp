@@ -42,12 +42,14 @@ const char *LossOf(TDataType type, std::string_view definition) {
   switch (type) {
     case TDataType::dtString:
     case TDataType::dtDecimal:
-      return "widths of Char and Decimal columns";
+      return QT_TRANSLATE_NOOP("tessera::TFormatReport", "widths of Char and Decimal columns");
     case TDataType::dtSmallInt:
     case TDataType::dtDate:
-      return "values of SmallInt and Date columns";
+      return QT_TRANSLATE_NOOP("tessera::TFormatReport", "values of SmallInt and Date columns");
     case TDataType::dtFloat:
-      return KeywordSet<1>({"FLOAT"}).FindLast(definition) < 0 ? "types of Logical and Time columns" : nullptr;
+      return KeywordSet<1>({"FLOAT"}).FindLast(definition) < 0
+                 ? QT_TRANSLATE_NOOP("tessera::TFormatReport", "types of Logical and Time columns")
+                 : nullptr;
     default:
       return nullptr;
   }
@@ -174,7 +176,7 @@ void MifReader::ShowProgress() {
 }
 
 void MifReader::CheckLayer() const {
-  if (!m_watchedLayer) throw EInOutError(QStringLiteral("the layer was deleted while it was being loaded"));
+  if (!m_watchedLayer) throw EInOutError(TFormatReport::tr("the layer was deleted while it was being loaded"));
 }
 
 std::string_view MifReader::ReadLine(std::string_view line) {
@@ -216,7 +218,7 @@ TCustomMapObject &MifReader::NewObject(std::size_t kind) {
   ++m_counts[kind];
   TCustomMapObject *object = m_layer.NewObject(KindReaders::InOrder[kind].create);
   CheckLayer();
-  if (object == nullptr) throw EInOutError(QStringLiteral("an object was deleted while it was being loaded"));
+  if (object == nullptr) throw EInOutError(TFormatReport::tr("an object was deleted while it was being loaded"));
   return *object;
 }
 
@@ -224,14 +226,14 @@ void MifReader::ReadColumns(std::string_view countText) {
   TDataFields &fields = m_layer.GetFields();
   fields.Clear();
   const int count = BytesToInt(countText);
-  if (count > MaxColumns) throw EConvertError(QStringLiteral("%1 columns are too many").arg(count));
+  if (count > MaxColumns) throw EConvertError(TFormatReport::tr("%1 columns are too many").arg(count));
   for (int i = 0; i < count && !m_mif.AtEnd(); ++i) {
     const std::string_view line = TrimBytes(m_mif.ReadLine());
     const std::size_t nameEnd = std::min(line.find_first_of(" \t"), line.size());
     // Inserted, since an added text column without a width would get one.
     const TDataType type = ColumnType(line.substr(nameEnd));
     fields.Insert(i, DecodeWindows1251(line.substr(0, nameEnd)), type, 0);
-    if (const char *loss = LossOf(type, line.substr(nameEnd))) m_report.Lose(QString::fromLatin1(loss));
+    if (const char *loss = LossOf(type, line.substr(nameEnd))) m_report.Lose(TFormatReport::tr(loss));
   }
   m_mid.SetColumns(fields);
 }
@@ -240,7 +242,7 @@ void MifReader::ReadRegion(TCustomMapObject &object, std::string_view /*line*/, 
   const int partCount = BytesToInt(rest);
   for (int i = 0; i < partCount; ++i) {
     int count = 0;
-    if (!m_mif.ReadCount(count)) return WarnInLine(QStringLiteral("the file ends within a Region"));
+    if (!m_mif.ReadCount(count)) return WarnInLine(TFormatReport::tr("the file ends within a Region"));
     ReadPart(object.GetParts(), count);
   }
 }
@@ -255,12 +257,12 @@ void MifReader::ReadPline(TCustomMapObject &object, std::string_view line, std::
   if (!isMultiple) {
     count = m_items.IntegerAt(1);
   } else if (!m_mif.ReadCount(count)) {
-    return WarnInLine(QStringLiteral("the file ends within a Pline"));
+    return WarnInLine(TFormatReport::tr("the file ends within a Pline"));
   }
   // The number of points of the first section stands for all; the counts of further ones are read as vertices.
   for (int i = 0; i < sections; ++i) {
     if (i == 1 && m_mif.LineHoldsOneItem()) {
-      WarnInLine(QStringLiteral("only the first section of a Pline Multiple is read as it is meant"));
+      WarnInLine(TFormatReport::tr("only the first section of a Pline Multiple is read as it is meant"));
     }
     ReadPart(object.GetParts(), count);
   }
@@ -268,7 +270,7 @@ void MifReader::ReadPline(TCustomMapObject &object, std::string_view line, std::
 
 void MifReader::ReadPart(TParts &parts, int count) {
   if ((count <= 0 || m_mif.AtEnd()) && --m_emptyPartsLeft < 0) {
-    throw EConvertError(QStringLiteral("there are too many parts without points"));
+    throw EConvertError(TFormatReport::tr("there are too many parts without points"));
   }
   TPart &part = parts.Add();
   TMapPoints &points = part.GetPoints();
@@ -282,7 +284,7 @@ void MifReader::ReadPart(TParts &parts, int count) {
   if (done < wanted) part.SetPoints(points.Clone());  // gives back the room
   m_mif.ThrowIfMalformed();
   if (done < wanted) {
-    WarnInLine(QStringLiteral("%1 points are announced, but the file ends after %2").arg(count).arg(done));
+    WarnInLine(TFormatReport::tr("%1 points are announced, but the file ends after %2").arg(count).arg(done));
   }
 }
 
@@ -304,9 +306,9 @@ std::string_view MifReader::ReadClauses(TCustomMapObject &object) {
 }
 
 void MifReader::WarnInLine(const QString &words) {
-  m_report.Lose(QStringLiteral("shapes that are not read as they stand"));
+  m_report.Lose(TFormatReport::tr("shapes that are not read as they stand"));
   if (m_report.warnings.size() < TFormatReport::MaxWarnings) {
-    m_report.Warn(QStringLiteral("line %1: %2").arg(m_mif.GetLine()).arg(words));
+    m_report.Warn(TFormatReport::tr("line %1: %2").arg(m_mif.GetLine()).arg(words));
   } else {
     ++m_report.droppedWarnings;
   }
@@ -332,16 +334,16 @@ void MifReader::FinishReport() {
   }
   for (const auto &[word, count] : m_skipped) m_report.CountSkippedLine(NameOf(word), count);
   if (!m_mid.HasFile() && m_mid.HasColumns()) {
-    m_report.Warn(QStringLiteral("there is no data file, so the objects have no values"));
+    m_report.Warn(TFormatReport::tr("there is no data file, so the objects have no values"));
   }
   if (m_mid.GetMissingLines() > 0) {
     m_report.Warn(
-        QStringLiteral("objects at the end that the data file has no line for: %1").arg(m_mid.GetMissingLines()));
+        TFormatReport::tr("objects at the end that the data file has no line for: %1").arg(m_mid.GetMissingLines()));
   }
   if (m_report.ok() && m_mid.HasMore()) {
-    m_report.Warn(QStringLiteral(
+    m_report.Warn(TFormatReport::tr(
         "the data file has more lines than objects were read, so values may stand with the wrong objects"));
-    m_report.Lose(QStringLiteral("lines of the data file beyond those of the objects"));
+    m_report.Lose(TFormatReport::tr("lines of the data file beyond those of the objects"));
   }
   ReportLosses();
 }
@@ -349,7 +351,8 @@ void MifReader::FinishReport() {
 void MifReader::ReportLosses() {
   QStringList lines;
   for (const auto &[word, count] : m_skipped) lines.append(QString::number(count) + u' ' + NameOf(word));
-  if (!lines.isEmpty()) m_report.Lose(QStringLiteral("lines that are not read: ") + lines.join(QStringLiteral(", ")));
+  if (!lines.isEmpty())
+    m_report.Lose(TFormatReport::tr("lines that are not read: ") + lines.join(QStringLiteral(", ")));
   for (const QString &words : m_styles.GetLosses()) m_report.Lose(words);
 }
 

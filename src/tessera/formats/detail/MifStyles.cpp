@@ -3,6 +3,7 @@
 #include <tessera/formats/detail/MifStyles.h>
 #include <tessera/formats/detail/MifText.h>
 #include <tessera/objects/TSymbol.h>
+#include <tessera/providers/TFormatReport.h>
 
 #include <algorithm>
 #include <cstring>
@@ -164,10 +165,10 @@ bool MifStyles::Differs(int index, int number) const {
 
 QStringList MifStyles::GetLosses() const {
   QStringList losses;
-  if (m_hasLostPens) losses.append(QStringLiteral("widths and patterns of pens"));
-  if (m_hasLostBrushes) losses.append(QStringLiteral("patterns and background colours of brushes"));
-  if (m_hasLostSymbols) losses.append(QStringLiteral("styles and angles of symbols"));
-  if (m_hasLostCenters) losses.append(QStringLiteral("centres of regions"));
+  if (m_hasLostPens) losses.append(TFormatReport::tr("widths and patterns of pens"));
+  if (m_hasLostBrushes) losses.append(TFormatReport::tr("patterns and background colours of brushes"));
+  if (m_hasLostSymbols) losses.append(TFormatReport::tr("styles and angles of symbols"));
+  if (m_hasLostCenters) losses.append(TFormatReport::tr("centres of regions"));
   return losses;
 }
 

@@ -303,19 +303,19 @@ void MifWriter::FinishReport() {
   for (std::size_t kind = 0; kind < std::size(KindWriters::InOrder); ++kind) {
     m_report.CountObject(QString::fromLatin1(KindWriters::InOrder[kind].name), m_counts[kind]);
   }
-  m_report.Lose(QStringLiteral("characters that the character set lacks, written as question marks: %1"),
+  m_report.Lose(TFormatReport::tr("characters that the character set lacks, written as question marks: %1"),
                 m_unknownCharacters);
-  m_report.Lose(QStringLiteral("values with a comma or a line end, which will not be read back as they are: %1"),
+  m_report.Lose(TFormatReport::tr("values with a comma or a line end, which will not be read back as they are: %1"),
                 m_brokenValues);
-  m_report.Lose(QStringLiteral("parts of polylines beyond the first, not written: %1"), m_droppedParts);
-  m_report.Lose(QStringLiteral("texts with a quotation mark or a line end, which programs may misread: %1"),
+  m_report.Lose(TFormatReport::tr("parts of polylines beyond the first, not written: %1"), m_droppedParts);
+  m_report.Lose(TFormatReport::tr("texts with a quotation mark or a line end, which programs may misread: %1"),
                 m_brokenTexts);
-  m_report.Lose(QStringLiteral("coordinates that are no numbers and will not be read back: %1"), m_badCoordinates);
-  m_report.Lose(QStringLiteral("columns whose names or types will not be read back: %1"), m_strayColumns);
-  m_report.Lose(QStringLiteral("geodesic circles and the like, written as plain regions: %1"), m_plainRegions);
-  m_report.Lose(QStringLiteral("rectangles, written as regions: %1"), m_counts[KindWriters::RectangleIndex]);
-  m_report.Lose(QStringLiteral("angles of texts: %1"), m_turnedTexts);
-  m_report.Lose(QStringLiteral("objects of kinds that are written without their shape: %1"), m_counts.back());
+  m_report.Lose(TFormatReport::tr("coordinates that are no numbers and will not be read back: %1"), m_badCoordinates);
+  m_report.Lose(TFormatReport::tr("columns whose names or types will not be read back: %1"), m_strayColumns);
+  m_report.Lose(TFormatReport::tr("geodesic circles and the like, written as plain regions: %1"), m_plainRegions);
+  m_report.Lose(TFormatReport::tr("rectangles, written as regions: %1"), m_counts[KindWriters::RectangleIndex]);
+  m_report.Lose(TFormatReport::tr("angles of texts: %1"), m_turnedTexts);
+  m_report.Lose(TFormatReport::tr("objects of kinds that are written without their shape: %1"), m_counts.back());
 }
 
 }  // namespace tessera::detail

@@ -179,14 +179,14 @@ void MitabColumnWriter::WriteColumns(mitab_handle file) {
     const Column column = ColumnFor(i);
     const QByteArray name = NameFor(fields.GetFields(i).GetName(), i);
     if (mitab_c_add_field(file, name.constData(), column.type, column.width, column.precision, 0, 0) != i) {
-      throw EInOutError(QStringLiteral("the column \"%1\" cannot be written").arg(fields.GetFields(i).GetName()));
+      throw EInOutError(TFormatReport::tr("the column \"%1\" cannot be written").arg(fields.GetFields(i).GetName()));
     }
     if (mitab_c_get_field_type(file, i) != column.type) ++m_changedTypes;
     m_columns.push_back(column);
   }
   // A table has one column at least.
   if (fields.GetCount() == 0 && mitab_c_add_field(file, "ID", TABFT_Integer, 0, 0, 0, 0) != 0) {
-    throw EInOutError(QStringLiteral("no column can be written"));
+    throw EInOutError(TFormatReport::tr("no column can be written"));
   }
 }
 
@@ -203,7 +203,7 @@ QByteArray MitabColumnWriter::TextOf(const Column &column, const TDataFieldView 
     return {};
   }
   const auto number = NumberOf(value);
-  if (!number) throw EConvertError(QStringLiteral("that is no number"));
+  if (!number) throw EConvertError(TFormatReport::tr("that is no number"));
   switch (column.type) {
     case TABFT_Integer:
     case TABFT_SmallInt:
@@ -237,12 +237,12 @@ void MitabColumnWriter::WriteValues(const TDataFields &values, mitab_feature fea
 }
 
 void MitabColumnWriter::ReportLosses(TFormatReport &report) const {
-  report.Lose(QStringLiteral("names of columns that the format does not allow, changed: %1"), m_changedNames);
-  report.Lose(QStringLiteral("types of columns that cannot be written, changed: %1"), m_changedTypes);
-  report.Lose(QStringLiteral("values that do not fit the type of their column, left out: %1"), m_brokenValues);
-  report.Lose(QStringLiteral("texts longer than their column, cut: %1"), m_cutTexts);
-  report.Lose(QStringLiteral("line ends in values, written as \\n: %1"), m_brokenLines);
-  report.Lose(QStringLiteral("numbers without a value, which become 0: %1"), m_unassigned);
+  report.Lose(TFormatReport::tr("names of columns that the format does not allow, changed: %1"), m_changedNames);
+  report.Lose(TFormatReport::tr("types of columns that cannot be written, changed: %1"), m_changedTypes);
+  report.Lose(TFormatReport::tr("values that do not fit the type of their column, left out: %1"), m_brokenValues);
+  report.Lose(TFormatReport::tr("texts longer than their column, cut: %1"), m_cutTexts);
+  report.Lose(TFormatReport::tr("line ends in values, written as \\n: %1"), m_brokenLines);
+  report.Lose(TFormatReport::tr("numbers without a value, which become 0: %1"), m_unassigned);
 }
 
 }  // namespace tessera::detail

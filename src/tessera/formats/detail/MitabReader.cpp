@@ -80,7 +80,7 @@ MitabReader::MitabReader(TMapLayer &layer, mitab_handle file, MitabText &text, T
       m_styles(m_map, text) {}
 
 void MitabReader::CheckLayer() const {
-  if (!m_watchedLayer) throw EInOutError(QStringLiteral("the layer was deleted while it was being loaded"));
+  if (!m_watchedLayer) throw EInOutError(TFormatReport::tr("the layer was deleted while it was being loaded"));
 }
 
 void MitabReader::Read() {
@@ -263,15 +263,15 @@ void MitabReader::FinishReport() {
     m_report.CountObject(QString::fromLatin1(MitabKindReaders::InOrder[kind].name), m_counts[kind]);
   }
   const auto countOf = [this](int kind) { return m_counts[std::size_t(kind)]; };
-  m_report.Lose(QStringLiteral("objects that cannot be read: %1"), m_unreadable);
-  m_report.Lose(QStringLiteral("arcs, read as lines: %1"), countOf(TABFC_Arc));
-  m_report.Lose(QStringLiteral("rounded rectangles, read as regions: %1"), m_roundRectangles);
-  m_report.Lose(QStringLiteral("ellipses that are no circles, read as regions: %1"), m_ellipses);
-  m_report.Lose(QStringLiteral("multipoints, read as symbols: %1"), countOf(TABFC_MultiPoint));
-  m_report.Lose(QStringLiteral("collections, read as their members: %1"), countOf(TABFC_Collection));
-  m_report.Lose(QStringLiteral("justifications of texts: %1"), m_justified);
-  m_report.Lose(QStringLiteral("line spacings of texts: %1"), m_spaced);
-  m_report.Lose(QStringLiteral("label lines of texts: %1"), m_labelLines);
+  m_report.Lose(TFormatReport::tr("objects that cannot be read: %1"), m_unreadable);
+  m_report.Lose(TFormatReport::tr("arcs, read as lines: %1"), countOf(TABFC_Arc));
+  m_report.Lose(TFormatReport::tr("rounded rectangles, read as regions: %1"), m_roundRectangles);
+  m_report.Lose(TFormatReport::tr("ellipses that are no circles, read as regions: %1"), m_ellipses);
+  m_report.Lose(TFormatReport::tr("multipoints, read as symbols: %1"), countOf(TABFC_MultiPoint));
+  m_report.Lose(TFormatReport::tr("collections, read as their members: %1"), countOf(TABFC_Collection));
+  m_report.Lose(TFormatReport::tr("justifications of texts: %1"), m_justified);
+  m_report.Lose(TFormatReport::tr("line spacings of texts: %1"), m_spaced);
+  m_report.Lose(TFormatReport::tr("label lines of texts: %1"), m_labelLines);
   m_styles.ReportLosses(m_report);
 }
 

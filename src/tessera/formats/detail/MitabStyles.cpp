@@ -147,9 +147,9 @@ void MitabStyleReader::ReadFont(const Look &look, TObjectStyle &style) {
 }
 
 void MitabStyleReader::ReportLosses(TFormatReport &report) const {
-  if (m_hasOtherPens) report.Lose(QStringLiteral("patterns and widths of lines that have no like here"));
-  if (m_hasOtherBrushes) report.Lose(QStringLiteral("patterns of areas that have no like here"));
-  if (m_hasPictures) report.Lose(QStringLiteral("pictures of symbols"));
+  if (m_hasOtherPens) report.Lose(TFormatReport::tr("patterns and widths of lines that have no like here"));
+  if (m_hasOtherBrushes) report.Lose(TFormatReport::tr("patterns of areas that have no like here"));
+  if (m_hasPictures) report.Lose(TFormatReport::tr("pictures of symbols"));
 }
 
 void MitabStyleWriter::WritePen(const TObjectStyle &style, mitab_feature feature) {
@@ -177,10 +177,10 @@ void MitabStyleWriter::WriteFontName(const TObjectStyle &style, mitab_feature fe
 }
 
 void MitabStyleWriter::ReportLosses(TFormatReport &report) const {
-  report.Lose(QStringLiteral("widths of pens, changed: %1"), m_changedPens);
-  report.Lose(QStringLiteral("numbers of symbols beyond 255, changed: %1"), m_changedSymbols);
-  report.Lose(QStringLiteral("brushes with a bitmap, written with their colour: %1"), m_bitmaps);
-  report.Lose(QStringLiteral("styles of fonts, such as bold: %1"), m_fontStyles);
+  report.Lose(TFormatReport::tr("widths of pens, changed: %1"), m_changedPens);
+  report.Lose(TFormatReport::tr("numbers of symbols beyond 255, changed: %1"), m_changedSymbols);
+  report.Lose(TFormatReport::tr("brushes with a bitmap, written with their colour: %1"), m_bitmaps);
+  report.Lose(TFormatReport::tr("styles of fonts, such as bold: %1"), m_fontStyles);
 }
 
 }  // namespace tessera::detail

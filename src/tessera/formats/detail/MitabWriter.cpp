@@ -148,7 +148,7 @@ MitabFeature MitabWriter::Make(const TCustomMapObject &object) {
 
 MitabFeature MitabWriter::New(int kind) {
   MitabFeature feature(mitab_c_create_feature(m_file, kind));
-  if (!feature) throw EInOutError(QStringLiteral("the library cannot make an object"));
+  if (!feature) throw EInOutError(TFormatReport::tr("the library cannot make an object"));
   return feature;
 }
 
@@ -277,14 +277,15 @@ void MitabWriter::FinishReport() {
   for (std::size_t kind = 0; kind < m_counts.size(); ++kind) {
     m_report.CountObject(QString::fromLatin1(MitabKindWriters::InOrder[kind].name), m_counts[kind]);
   }
-  m_report.Lose(QStringLiteral("characters that the character set lacks, written as question marks: %1"),
+  m_report.Lose(TFormatReport::tr("characters that the character set lacks, written as question marks: %1"),
                 m_text.GetLostCharacters());
-  m_report.Lose(QStringLiteral("shapes without points or with coordinates that are no numbers, not written: %1"),
+  m_report.Lose(TFormatReport::tr("shapes without points or with coordinates that are no numbers, not written: %1"),
                 m_badShapes);
-  m_report.Lose(QStringLiteral("widths of text boxes that are not those of the letters: %1"), m_changedBoxes);
-  m_report.Lose(QStringLiteral("geodesic circles and the like, written as plain regions: %1"), m_plainRegions);
-  m_report.Lose(QStringLiteral("sizes of texts that do not follow the zoom: %1"), m_frozenTexts);
-  m_report.Lose(QStringLiteral("pictures of sprites, written as symbols: %1"), m_counts[MitabKindWriters::SpriteIndex]);
+  m_report.Lose(TFormatReport::tr("widths of text boxes that are not those of the letters: %1"), m_changedBoxes);
+  m_report.Lose(TFormatReport::tr("geodesic circles and the like, written as plain regions: %1"), m_plainRegions);
+  m_report.Lose(TFormatReport::tr("sizes of texts that do not follow the zoom: %1"), m_frozenTexts);
+  m_report.Lose(TFormatReport::tr("pictures of sprites, written as symbols: %1"),
+                m_counts[MitabKindWriters::SpriteIndex]);
   m_columns.ReportLosses(m_report);
   m_styles.ReportLosses(m_report);
 }

@@ -3,6 +3,8 @@
 #include <tessera/layers/detail/LayerPainter.h>
 #include <tessera/layers/detail/LayerPainting.h>
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace tessera::detail {
@@ -33,8 +35,10 @@ LayerPainting::State LayerPainting::Continue(const QDeadlineTimer &until) {
 
 void LayerPainting::TellOfStaleIndex(TMapLayer &layer) const {
   if (m_staleCount == 0 || std::exchange(layer.m_isStaleIndexTold, true)) return;
-  ShowMessage(QStringLiteral("The spatial index of layer \"%1\" is out of date, so it may not show all objects.")
-                  .arg(layer.GetName()));
+  ShowMessage(
+      QCoreApplication::translate("tessera::TMapLayer",
+                                  "The spatial index of layer \"%1\" is out of date, so it may not show all objects.")
+          .arg(layer.GetName()));
 }
 
 }  // namespace tessera::detail

@@ -11,10 +11,10 @@ namespace {
 /// Why a file cannot even be handed to a provider; empty when it can.
 QString ObstacleTo(const QString &path, const TCustomFormatProvider *provider) {
   const QFileInfo file(path);
-  if (!file.exists()) return QStringLiteral("there is no such file");
-  if (!file.isFile()) return QStringLiteral("this is not a file");
+  if (!file.exists()) return TFormatReport::tr("there is no such file");
+  if (!file.isFile()) return TFormatReport::tr("this is not a file");
   if (provider == nullptr) return UnknownFormat();
-  if (!file.isReadable()) return QStringLiteral("no permission to read it");
+  if (!file.isReadable()) return TFormatReport::tr("no permission to read it");
   return {};
 }
 
@@ -25,18 +25,18 @@ QString About(const QString &fileName, const QString &words) {
 }
 
 QString Words(const TFormatDefect &defect) {
-  return defect.line > 0 ? QStringLiteral("error in line %1: %2").arg(defect.line).arg(defect.words) : defect.words;
+  return defect.line > 0 ? TFormatReport::tr("error in line %1: %2").arg(defect.line).arg(defect.words) : defect.words;
 }
 
 QString UnknownFormat() {
-  return QStringLiteral("no format is known for files of this name");
+  return TFormatReport::tr("no format is known for files of this name");
 }
 
 QStringList WarningsOf(const QString &fileName, const TFormatReport &report, const QStringList &messages) {
   QStringList warnings;
   for (const QString &words : report.warnings) warnings.append(About(fileName, words));
   if (report.droppedWarnings > 0) {
-    warnings.append(About(fileName, QStringLiteral("%1 more warnings").arg(report.droppedWarnings)));
+    warnings.append(About(fileName, TFormatReport::tr("%1 more warnings").arg(report.droppedWarnings)));
   }
   for (const QString &message : messages) {
     // The report says the same with the line's number.
@@ -53,7 +53,7 @@ TFormatReport GuardedReport(const std::function<TFormatReport()> &work) {
   } catch (const std::exception &error) {
     thrown.Fail(0, MessageOf(error));
   } catch (...) {
-    thrown.Fail(0, QStringLiteral("an error of an unknown kind"));
+    thrown.Fail(0, TFormatReport::tr("an error of an unknown kind"));
   }
   return thrown;
 }
@@ -70,7 +70,8 @@ TCustomFormatProvider *FindProviderFor(const QString &path, TLoadedFile &loaded)
 bool Judge(TLoadedFile &loaded, TMapLayer *layer, const QStringList &messages) {
   const auto &defect = loaded.report.firstError;
   if (layer == nullptr || (defect && layer->GetObjectCount() == 0)) {
-    loaded.error = About(loaded.fileName, defect ? Words(*defect) : QStringLiteral("its layer was deleted meanwhile"));
+    loaded.error =
+        About(loaded.fileName, defect ? Words(*defect) : TFormatReport::tr("its layer was deleted meanwhile"));
     return false;
   }
   if (defect) loaded.warnings.append(About(loaded.fileName, Words(*defect)));

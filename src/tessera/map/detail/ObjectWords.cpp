@@ -46,12 +46,12 @@ QString KindOf(const TCustomMapObject &object) {
   return TTessera::tr("Object");
 }
 
-QString ShownText(const TDataFieldView &field) {
+QString ShownText(const TDataFieldView &field, const QLocale &locale) {
   const TDataValue value = field.GetValue();
   try {
-    return field.TextOf(value);
+    return field.TextOf(value, locale);
   } catch (const EConvertError &) {
-    return ValueToText(value);
+    return ValueToText(value, locale);
   }
 }
 

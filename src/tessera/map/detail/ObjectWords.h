@@ -10,7 +10,7 @@ namespace tessera::detail {
 
 /// "Region", "Symbol", and so on.
 [[nodiscard]] TESSERA_WIDGETS_EXPORT QString KindOf(const TCustomMapObject &object);
-/// The text of a value; that of a date or time which is none is shown as it is.
-[[nodiscard]] TESSERA_WIDGETS_EXPORT QString ShownText(const TDataFieldView &field);
+/// The text of a value in the format of a locale; that of a date or time which is none is shown as it is.
+[[nodiscard]] TESSERA_WIDGETS_EXPORT QString ShownText(const TDataFieldView &field, const QLocale &locale = QLocale());
 
 }  // namespace tessera::detail
