@@ -55,9 +55,10 @@ std::vector<TCustomMapObject *> LinesOf(TMapEdits::Objects objects) {
   std::vector<TCustomMapObject *> lines;
   std::unordered_set<const TCustomMapObject *> known;
   for (TCustomMapObject *object : objects) {
-    const bool isLine = dynamic_cast<TPolyline *>(object) && TMapEdits::HasFreeVertices(*object);
-    const bool isOther = !lines.empty() && object->GetObjectLayer() != lines.front()->GetObjectLayer();
-    if (isLine && !isOther && known.insert(object).second) lines.push_back(object);
+    const auto *line = dynamic_cast<TPolyline *>(object);
+    if (line == nullptr || !TMapEdits::HasFreeVertices(*line)) continue;
+    const bool isOther = !lines.empty() && line->GetObjectLayer() != lines.front()->GetObjectLayer();
+    if (!isOther && known.insert(line).second) lines.push_back(object);
   }
   return lines;
 }

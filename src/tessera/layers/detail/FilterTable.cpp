@@ -194,8 +194,8 @@ sqlite3_module MakeModule() {
 }  // namespace
 
 int AddFilterTable(sqlite3 &database, TMapLayer &layer) {
-  static const sqlite3_module Module = MakeModule();
-  const int answer = sqlite3_create_module(&database, "objects", &Module, &layer);
+  static const sqlite3_module module = MakeModule();
+  const int answer = sqlite3_create_module(&database, "objects", &module, &layer);
   if (answer != SQLITE_OK) return answer;
   const QByteArray make = QByteArray("CREATE VIRTUAL TABLE ") + FilterTableName + " USING objects";
   return sqlite3_exec(&database, make.constData(), nullptr, nullptr, nullptr);
