@@ -38,6 +38,8 @@ TEST_F(DesignerTest, ShowsThePublishedPropertiesInTheirOrder) {
       {u"TObjectProperties"_s, u"Map ReadOnly"_s},
       {u"TScaleBar"_s, u"Map Transparent InPictures Corner Unit Geodetic MetresPerUnit MaxLengthPx"_s},
       {u"TMapLegend"_s, u"Map Transparent InPictures Corner MaxStyles"_s},
+      {u"form::TCircleSelectionTool"_s, u"objectName Active DisplayName Cursor Tessera Within"_s},
+      {u"form::TPolygonSelectionTool"_s, u"objectName Active DisplayName Cursor Tessera Within"_s},
       {u"form::TTextTool"_s, u"objectName Active DisplayName Cursor Tessera"_s},
       {u"form::TMeasureTool"_s, u"objectName Active DisplayName Cursor Tessera Unit Geodetic MetresPerUnit"_s},
       {u"form::TSimpleMIFFormatProvider"_s, u"objectName Default Enabled"_s},

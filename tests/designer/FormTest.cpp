@@ -108,7 +108,25 @@ TEST(FormLoaderTest, MakesEveryClass) {
     EXPECT_EQ(QString::fromLatin1(widget->metaObject()->className()), name);
     ++made;
   }
-  EXPECT_EQ(made, 22);
+  EXPECT_EQ(made, 28);
+}
+
+template <class Tool>
+void ExpectWithinReaches() {
+  Tool tool;
+  EXPECT_EQ(tool.property("Within"), tool.Get()->GetWithin());
+  EXPECT_TRUE(tool.setProperty("Within", true));
+  EXPECT_TRUE(tool.Get()->GetWithin());
+  EXPECT_EQ(tool.property("Within"), true);
+  delete tool.Get();
+  EXPECT_TRUE(tool.setProperty("Within", true)) << "without its tool it just has nothing to set";
+  EXPECT_EQ(tool.property("Within"), false);
+}
+
+TEST(FormToolTest, HandsItsPropertiesOn) {
+  ExpectWithinReaches<form::TRectSelectionTool>();
+  ExpectWithinReaches<form::TCircleSelectionTool>();
+  ExpectWithinReaches<form::TPolygonSelectionTool>();
 }
 
 INSTANTIATE_TEST_SUITE_P(Made, FormTest, testing::Values(Compiled, Loaded),

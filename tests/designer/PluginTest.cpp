@@ -25,8 +25,10 @@ TEST(PluginTest, OffersItsClassesOnThreePages) {
       {QStringLiteral("Tessera - Basic"),
        QStringLiteral("TTessera TLayerControl TLayersComboBox TDataBrowser TObjectProperties TScaleBar TMapLegend")},
       {QStringLiteral("Tessera - Map Tools"),
-       QStringLiteral("TSelectionTool TZoomInTool TZoomOutTool TPanTool TLineTool TPolylineTool TRectTool TRegionTool "
-                      "TCircleTool TSymbolTool TTextTool TIdentifyTool TMeasureTool")},
+       QStringLiteral(
+           "TSelectionTool TRectSelectionTool TCircleSelectionTool TPolygonSelectionTool TZoomInTool TZoomOutTool "
+           "TPanTool TMoveTool TTransformTool TVertexTool TLineTool TPolylineTool TRectTool TRegionTool "
+           "TCircleTool TSymbolTool TTextTool TIdentifyTool TMeasureTool")},
       {QStringLiteral("Tessera - Format Providers"),
        QStringLiteral("TSimpleMIFFormatProvider TMapInfoFormatProvider")}};
   QStringList expected;

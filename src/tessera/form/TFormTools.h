@@ -58,11 +58,46 @@ class TFormToolOf : public TFormTool {
   [[nodiscard]] Tool *Get() const { return static_cast<Tool *>(GetTool()); }
 };
 
+/// A tool on a form that selects by an area.
+template <class Tool>
+class TFormAreaToolOf : public TFormToolOf<Tool> {
+ public:
+  using TFormToolOf<Tool>::TFormToolOf;
+  [[nodiscard]] bool GetWithin() const { return this->Get() && this->Get()->GetWithin(); }
+  void SetWithin(bool isWithin) {
+    if (this->Get()) this->Get()->SetWithin(isWithin);
+  }
+};
+
 class TESSERA_WIDGETS_EXPORT TSelectionTool : public TFormToolOf<tessera::TSelectionTool> {
   Q_OBJECT
 
  public:
   using TFormToolOf::TFormToolOf;
+};
+
+class TESSERA_WIDGETS_EXPORT TRectSelectionTool : public TFormAreaToolOf<tessera::TRectSelectionTool> {
+  Q_OBJECT
+  Q_PROPERTY(bool Within READ GetWithin WRITE SetWithin)
+
+ public:
+  using TFormAreaToolOf::TFormAreaToolOf;
+};
+
+class TESSERA_WIDGETS_EXPORT TCircleSelectionTool : public TFormAreaToolOf<tessera::TCircleSelectionTool> {
+  Q_OBJECT
+  Q_PROPERTY(bool Within READ GetWithin WRITE SetWithin)
+
+ public:
+  using TFormAreaToolOf::TFormAreaToolOf;
+};
+
+class TESSERA_WIDGETS_EXPORT TPolygonSelectionTool : public TFormAreaToolOf<tessera::TPolygonSelectionTool> {
+  Q_OBJECT
+  Q_PROPERTY(bool Within READ GetWithin WRITE SetWithin)
+
+ public:
+  using TFormAreaToolOf::TFormAreaToolOf;
 };
 
 class TESSERA_WIDGETS_EXPORT TZoomInTool : public TFormToolOf<tessera::TZoomInTool> {
@@ -80,6 +115,27 @@ class TESSERA_WIDGETS_EXPORT TZoomOutTool : public TFormToolOf<tessera::TZoomOut
 };
 
 class TESSERA_WIDGETS_EXPORT TPanTool : public TFormToolOf<tessera::TPanTool> {
+  Q_OBJECT
+
+ public:
+  using TFormToolOf::TFormToolOf;
+};
+
+class TESSERA_WIDGETS_EXPORT TMoveTool : public TFormToolOf<tessera::TMoveTool> {
+  Q_OBJECT
+
+ public:
+  using TFormToolOf::TFormToolOf;
+};
+
+class TESSERA_WIDGETS_EXPORT TTransformTool : public TFormToolOf<tessera::TTransformTool> {
+  Q_OBJECT
+
+ public:
+  using TFormToolOf::TFormToolOf;
+};
+
+class TESSERA_WIDGETS_EXPORT TVertexTool : public TFormToolOf<tessera::TVertexTool> {
   Q_OBJECT
 
  public:
