@@ -104,6 +104,59 @@ TEST_F(RenderCommandTest, TellsWhatItTookInOneLineOfJson) {
   EXPECT_GT(line[u"peakMemoryKiB"].toInt(), 1000);
 }
 
+TEST_F(RenderCommandTest, DrawsAScaleBarAsItIsMeasured) {
+  // The row of pixels that the bar covers, with and without: how far they differ is how long it is.
+  constexpr int BarRow = 101;
+  Render("squares.mif");
+  const QImage plain = image;
+  const std::pair<const char *, int> rows[] = {{"--units map", 100},
+                                               {"--units km --coordinates metres", 100},
+                                               {"--units m --coordinates metres", 100},
+                                               {"--units ft --coordinates metres", 61},
+                                               {"", 90},  // 1000 km at 5 degrees north
+                                               {"--units mi", 145}};
+  for (const auto &[units, lengthPx] : rows) {
+    const TProgramRun run = Render("squares.mif", ("--scale-bar " + std::string(units)).c_str());
+    EXPECT_EQ(run.status, 0) << run.err;
+    ASSERT_EQ(image.size(), plain.size());
+    int first = image.width();
+    int last = -1;
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixel(x, BarRow) == plain.pixel(x, BarRow)) continue;
+      first = std::min(first, x);
+      last = x;
+    }
+    EXPECT_EQ(first, 12) << units;
+    EXPECT_NEAR(last - first, lengthPx, 1) << units;
+  }
+}
+
+TEST_F(RenderCommandTest, DrawsALegendIntoItsCornerOfEveryKindOfPicture) {
+  Render("squares.mif");
+  const QImage plain = image;
+  EXPECT_EQ(Render("squares.mif", "--legend").status, 0);
+  int changed[2][2] = {};
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      changed[y < image.height() / 2][x < image.width() / 2] += image.pixel(x, y) != plain.pixel(x, y);
+    }
+  }
+  EXPECT_GT(changed[1][0], 100) << "above, on the right";
+  EXPECT_EQ(changed[0][0] + changed[0][1] + changed[1][1], 0);
+
+  const auto drawingWith = [&](const char *options) {
+    const QString drawing = folder.filePath(QStringLiteral("map.svg"));
+    EXPECT_EQ(Render("squares.mif", (std::string(options) + " --out " + drawing.toStdString()).c_str()).status, 0);
+    QFile file(drawing);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+  };
+  const auto without = drawingWith("").count("<path");
+  const auto withBar = drawingWith("--scale-bar").count("<path");
+  EXPECT_GT(withBar, without);
+  EXPECT_GT(drawingWith("--scale-bar --legend").count("<path"), withBar);
+}
+
 TEST_F(RenderCommandTest, ComplainsInOneLineOfWhatItCannotDo) {
   const std::tuple<const char *, const char *, int, const char *> rows[] = {
       {"squares.mif missing.mif", "", 1, "missing.mif: there is no such file"},
@@ -112,6 +165,9 @@ TEST_F(RenderCommandTest, ComplainsInOneLineOfWhatItCannotDo) {
       {"squares.mif", "--center 1;2", 2, ""},
       {"squares.mif", "--fit --zoom 2", 2, ""},
       {"squares.mif", "--timings=none", 2, ""},
+      {"squares.mif", "--scale-bar --units yards", 2, "km, m, mi, ft or map"},
+      {"squares.mif", "--scale-bar --coordinates feet", 2, "degrees or metres"},
+      {"squares.mif", "--units km", 2, "--scale-bar"},
       {"squares.mif", "--out map.nothing", 2, ""},
       {"defect.mif", "", 0, "defect.mif: error in line 18"}};
   for (const auto &[files, options, status, words] : rows) {

@@ -6,6 +6,8 @@
 #include <apps/tessera/RenderCommand.h>
 #include <apps/tessera/RenderOptions.h>
 #include <apps/tessera/TerminalProgress.h>
+#include <tessera/controls/TMapLegend.h>
+#include <tessera/controls/TScaleBar.h>
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -88,6 +90,27 @@ void PrintTimings(TTessera &map, int rebuilds, double loadMs) {
   Print(QString::fromUtf8(QJsonDocument(line).toJson(QJsonDocument::Compact)) + u'\n');
 }
 
+/// Writes the picture, with what is asked for over the map.
+QString SaveDecorated(TTessera &map, const TRenderOptions &options) {
+  TScaleBar scaleBar;
+  TMapLegend legend;
+  // What is not asked for must not cost a look at all objects.
+  const auto add = [&map](TMapDecoration &decoration) {
+    decoration.SetMap(&map);
+    decoration.SetInPictures(true);
+  };
+  if (options.scaleBar) {
+    scaleBar.SetMeasure(*options.scaleBar);
+    add(scaleBar);
+  }
+  if (options.showsLegend) {
+    // Symbols of the map between its samples would pass for samples.
+    legend.SetTransparent(false);
+    add(legend);
+  }
+  return SaveMapPicture(map, options.picture);
+}
+
 }  // namespace
 
 int RunRender(const QStringList &arguments) {
@@ -109,7 +132,7 @@ int RunRender(const QStringList &arguments) {
   } else {
     map.PaintMapToBitmap();
   }
-  if (const QString error = SaveMapPicture(map, options->picture); !error.isEmpty()) {
+  if (const QString error = SaveDecorated(map, *options); !error.isEmpty()) {
     PrintComplaint(error);
     return esFailed;
   }

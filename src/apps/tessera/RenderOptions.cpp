@@ -4,6 +4,9 @@
 #include <apps/tessera/RenderOptions.h>
 #include <tessera/base/detail/Numbers.h>
 
+#include <algorithm>
+#include <utility>
+
 namespace tessera::apps {
 namespace {
 
@@ -13,7 +16,17 @@ const QString CenterOption = QStringLiteral("center");
 const QString ZoomOption = QStringLiteral("zoom");
 const QString FitOption = QStringLiteral("fit");
 const QString NoSmallOption = QStringLiteral("no-small");
+const QString ScaleBarOption = QStringLiteral("scale-bar");
+const QString UnitsOption = QStringLiteral("units");
+const QString CoordinatesOption = QStringLiteral("coordinates");
+const QString LegendOption = QStringLiteral("legend");
 const QString TimingsOption = QStringLiteral("timings");
+
+constexpr std::pair<const char *, TMapMeasure::TUnit> Units[] = {{"km", TMapMeasure::muKilometre},
+                                                                 {"m", TMapMeasure::muMetre},
+                                                                 {"mi", TMapMeasure::muMile},
+                                                                 {"ft", TMapMeasure::muFoot},
+                                                                 {"map", TMapMeasure::muMap}};
 
 constexpr int MaxSidePx = 32767;
 constexpr int MaxRebuilds = 10000;
@@ -34,6 +47,12 @@ void AddOptions(QCommandLineParser &parser) {
        QStringLiteral("Z")},
       {FitOption, QStringLiteral("Shows all of the data. This is so without --center and --zoom.")},
       {NoSmallOption, QStringLiteral("Leaves out what is too small to leave ink, instead of a pixel for each.")},
+      {ScaleBarOption, QStringLiteral("Draws a scale bar into the lower left corner.")},
+      {UnitsOption, QStringLiteral("What the scale bar tells: km, m, mi, ft, or map units; km without."),
+       QStringLiteral("UNIT"), QStringLiteral("km")},
+      {CoordinatesOption, QStringLiteral("What coordinates are to the scale bar: degrees or metres; degrees without."),
+       QStringLiteral("KIND"), QStringLiteral("degrees")},
+      {LegendOption, QStringLiteral("Draws a legend of the layers into the upper right corner.")},
       {TimingsOption,
        QStringLiteral("Makes the picture N times (5 without =N) and prints a line of JSON: the milliseconds of "
                       "loading, of each time, of the first one and of the middle one of the others, what was drawn, "
@@ -80,12 +99,31 @@ double ZoomOf(const QString &text) {
   return zoom;
 }
 
+TMapMeasure MeasureOf(const QString &unit, const QString &coordinates) {
+  const auto *found = std::ranges::find_if(Units, [&](const auto &row) { return unit == QLatin1String(row.first); });
+  if (found == std::end(Units)) throw BadValue(UnitsOption, QStringLiteral("km, m, mi, ft or map"), unit);
+  const bool isGeodetic = coordinates == QStringLiteral("degrees");
+  if (!isGeodetic && coordinates != QStringLiteral("metres")) {
+    throw BadValue(CoordinatesOption, QStringLiteral("degrees or metres"), coordinates);
+  }
+  return {found->second, isGeodetic};
+}
+
 int RebuildsOf(const QString &text) {
   int count = 0;
   if (!detail::TryStrToInt(text, count) || count < 1 || count > MaxRebuilds) {
     throw BadValue(TimingsOption, QStringLiteral("a count from 1 to %1").arg(MaxRebuilds), text);
   }
   return count;
+}
+
+void ReadDecorations(const QCommandLineParser &parser, TRenderOptions &options) {
+  options.showsLegend = parser.isSet(LegendOption);
+  if (parser.isSet(ScaleBarOption)) {
+    options.scaleBar = MeasureOf(parser.value(UnitsOption), parser.value(CoordinatesOption));
+  } else if (parser.isSet(UnitsOption) || parser.isSet(CoordinatesOption)) {
+    throw EUsageError(QStringLiteral("--units and --coordinates want a --scale-bar"));
+  }
 }
 
 }  // namespace
@@ -109,6 +147,7 @@ std::optional<TRenderOptions> ParseRenderOptions(const QStringList &arguments) {
   if (parser.isSet(FitOption) && (parser.isSet(CenterOption) || parser.isSet(ZoomOption))) {
     throw EUsageError(QStringLiteral("--fit leaves nothing to --center and --zoom"));
   }
+  ReadDecorations(parser, options);
   options.showsSmallObjects = !parser.isSet(NoSmallOption);
   if (parser.isSet(TimingsOption)) options.timedRebuilds = RebuildsOf(parser.value(TimingsOption));
   return options;
