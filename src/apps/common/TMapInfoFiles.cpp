@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/MifScan.h>
 #include <apps/common/TMapInfoFiles.h>
-#include <tessera/formats/detail/Companions.h>
-#include <tessera/formats/detail/MitabLibrary.h>
 
 #include <QFileInfo>
 
@@ -14,12 +12,12 @@ bool IsMif(const QString &fileName) {
 }
 
 bool IsPlain(const QString &fileName) {
-  return HoldsOnlyPlainShapes(fileName, detail::CompanionOf(fileName, QStringLiteral("mid")));
+  return HoldsOnlyPlainShapes(fileName, TSimpleMIFFormatProvider::DataFileName(fileName));
 }
 
 /// Whether a file is for the provider that needs no library.
 bool IsForPlain(const QString &fileName, bool takesFastWay) {
-  return IsMif(fileName) && ((takesFastWay && IsPlain(fileName)) || !detail::EnsureMitab());
+  return IsMif(fileName) && ((takesFastWay && IsPlain(fileName)) || !TMapInfoFormatProvider::HasLibrary());
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <apps/common/VectorPicture.h>
-#include <tessera/graphics/detail/LetterPaths.h>
-#include <tessera/graphics/detail/SymbolFont.h>
+#include <tessera/graphics/LetterPaths.h>
 #include <tessera/objects/TCircle.h>
 #include <tessera/objects/TPolyline.h>
 #include <tessera/objects/TRectangle.h>
@@ -94,14 +93,13 @@ class VectorDrawing {
       m_painter.fillRect(QRectF(0, 0, text.GetWidth() * m_scale, text.GetHeight() * m_scale),
                          ToQColor(text.GetBGColor()));
     }
-    detail::FillLetters(m_painter, text.GetText(), text.GetFont());
+    FillLetters(m_painter, text.GetText(), text.GetFont());
     m_painter.restore();
   }
 
   void DrawSymbol(const TSymbol &symbol) {
     if (symbol.GetShape() == TSymbol::NoShape) return;
-    const detail::SymbolGlyph &glyph = detail::ResolveSymbol(symbol.GetFont(), symbol.GetShape());
-    detail::FillLettersCentred(m_painter, glyph.text, glyph.font, At(AnchorOf(symbol)));
+    FillSymbol(m_painter, symbol.GetShape(), symbol.GetFont(), At(AnchorOf(symbol)));
   }
 
   void DrawSprite(const TSprite &sprite) {
@@ -113,8 +111,8 @@ class VectorDrawing {
     const int field = layer.GetLabelFieldIndex();
     if (field < 0 || field >= layer.GetFieldCount()) return;
     const TBounds bounds = object.GetBounds();
-    detail::FillLettersCentred(m_painter, object.GetFields().GetFields(field).GetAsString(), layer.GetAutoLabelFont(),
-                               At((bounds.MinX + bounds.MaxX) / 2, (bounds.MinY + bounds.MaxY) / 2));
+    FillLettersCentred(m_painter, object.GetFields().GetFields(field).GetAsString(), layer.GetAutoLabelFont(),
+                       At((bounds.MinX + bounds.MaxX) / 2, (bounds.MinY + bounds.MaxY) / 2));
   }
 
   QPainter &m_painter;

@@ -3,7 +3,7 @@
 #include <apps/editor/LayerFiles.h>
 #include <tessera/base/GuardedCall.h>
 #include <tessera/layers/TLayerFilter.h>
-#include <tessera/map/detail/SelectionChange.h>
+#include <tessera/map/SelectionChange.h>
 
 #include <QElapsedTimer>
 #include <QLabel>
@@ -69,9 +69,9 @@ void FindBar::FindIn(TMapLayer &layer) {
 
 void FindBar::Select(const std::vector<TCustomMapObject *> &objects) {
   const auto before = m_map.GetSelection()->Items();
-  const detail::ObjectHandles gone(before.begin(), before.end());
-  const detail::ObjectHandles come(objects.begin(), objects.end());
-  detail::ChangeSelection(m_map, gone, come);
+  const TObjectHandles gone(before.begin(), before.end());
+  const TObjectHandles come(objects.begin(), objects.end());
+  ChangeSelection(m_map, gone, come);
   if (m_map.GetSelection()->GetCount() > 0) m_map.GetSelection()->Zoom();
 }
 

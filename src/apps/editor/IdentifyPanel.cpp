@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <apps/editor/IdentifyPanel.h>
 #include <tessera/layers/TMapLayer.h>
-#include <tessera/map/detail/ObjectWords.h>
+#include <tessera/map/ObjectWords.h>
 
 namespace tessera::apps {
 
@@ -23,10 +23,10 @@ void IdentifyPanel::Show(const TIdentifyTool::Objects &objects) {
 
 void IdentifyPanel::Add(const TCustomMapObject &object) {
   const TMapLayer *layer = object.GetLayer();
-  auto *item = new QTreeWidgetItem(this, {layer ? layer->GetName() : QString(), detail::KindOf(object)});
+  auto *item = new QTreeWidgetItem(this, {layer ? layer->GetName() : QString(), KindName(object)});
   const TDataFields &fields = object.GetFields();
   for (int i = 0; i < fields.GetCount(); ++i) {
-    new QTreeWidgetItem(item, {fields.GetFields(i).GetName(), detail::ShownText(fields.GetFields(i))});
+    new QTreeWidgetItem(item, {fields.GetFields(i).GetName(), ShownText(fields.GetFields(i))});
   }
 }
 

@@ -2,7 +2,7 @@
 #include <apps/editor/ColorButton.h>
 #include <apps/editor/OptionsDialog.h>
 #include <apps/editor/SymbolPicker.h>
-#include <tessera/controls/detail/ObjectRows.h>
+#include <tessera/controls/StyleNames.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -64,7 +64,7 @@ QWidget *OptionsDialog::MakeLinePage() {
   auto *form = new QFormLayout(page);
   form->addRow(tr("&Colour:"), m_penColor = new ColorButton(pen.GetColor()));
   form->addRow(tr("&Width:"), m_penWidth = MakeNumber(pen.GetWidth(), WidestPenPx, tr(" px")));
-  form->addRow(tr("&Style:"), m_penStyle = MakeChoice(detail::PenStyleNames(), pen.GetStyle()));
+  form->addRow(tr("&Style:"), m_penStyle = MakeChoice(PenStyleNames(), pen.GetStyle()));
   return page;
 }
 
@@ -73,7 +73,7 @@ QWidget *OptionsDialog::MakeAreaPage() {
   auto *page = new QWidget;
   auto *form = new QFormLayout(page);
   form->addRow(tr("&Colour:"), m_brushColor = new ColorButton(brush.GetColor()));
-  form->addRow(tr("&Style:"), m_brushStyle = MakeChoice(detail::BrushStyleNames(), brush.GetStyle()));
+  form->addRow(tr("&Style:"), m_brushStyle = MakeChoice(BrushStyleNames(), brush.GetStyle()));
   m_useBackground = new QCheckBox(tr("&Background"));
   m_useBackground->setChecked(m_options.GetUseBGColor());
   form->addRow(m_useBackground, m_background = new ColorButton(m_options.GetDefaultBGColor()));

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <apps/tessera/LayerInfo.h>
-#include <tessera/base/detail/Numbers.h>
 #include <tessera/layers/LayerBounds.h>
 
 #include <QJsonArray>
@@ -67,8 +66,10 @@ QJsonArray FieldsJson(const TDataFields &fields) {
 
 QString BoundsText(const std::optional<TBounds> &bounds) {
   if (!bounds) return QStringLiteral("none");
-  return detail::FloatToStr(bounds->MinX) + u' ' + detail::FloatToStr(bounds->MinY) + QStringLiteral(" to ") +
-         detail::FloatToStr(bounds->MaxX) + u' ' + detail::FloatToStr(bounds->MaxY);
+  constexpr int AllDigits = 15;
+  const auto text = [](double value) { return QString::number(value, 'g', AllDigits); };
+  return text(bounds->MinX) + u' ' + text(bounds->MinY) + QStringLiteral(" to ") + text(bounds->MaxX) + u' ' +
+         text(bounds->MaxY);
 }
 
 QJsonValue BoundsJson(const std::optional<TBounds> &bounds) {

@@ -2,9 +2,9 @@
 #include <apps/common/PictureFile.h>
 #include <apps/tessera/CommandLine.h>
 #include <apps/tessera/RenderOptions.h>
-#include <tessera/base/detail/Numbers.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace tessera::apps {
@@ -70,32 +70,33 @@ QStringList WithFullTimings(QStringList arguments) {
   return arguments;
 }
 
+/// The number that a text holds; not a number when it is none.
+double NumberOf(const QString &text) {
+  bool isNumber = false;
+  const double number = text.toDouble(&isNumber);
+  return isNumber && std::isfinite(number) ? number : std::nan("");
+}
+
 QSize SizeOf(const QString &text) {
   const QStringList sides = text.toLower().split(u'x');
-  int width = 0;
-  int height = 0;
-  const bool isSize = sides.size() == 2 && detail::TryStrToInt(sides[0], width) &&
-                      detail::TryStrToInt(sides[1], height) && width > 0 && height > 0 && width <= MaxSidePx &&
-                      height <= MaxSidePx;
-  if (!isSize) throw BadValue(SizeOption, QStringLiteral("WxH with sides from 1 to %1").arg(MaxSidePx), text);
-  return {width, height};
+  const QSize size = sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
+  if (size.isEmpty() || size.width() > MaxSidePx || size.height() > MaxSidePx) {
+    throw BadValue(SizeOption, QStringLiteral("WxH with sides from 1 to %1").arg(MaxSidePx), text);
+  }
+  return size;
 }
 
 TMapPoint PointOf(const QString &text) {
   const QStringList numbers = text.split(u',');
-  TMapPoint point{};
-  if (numbers.size() != 2 || !detail::TryStrToFloat(numbers[0], point.X) ||
-      !detail::TryStrToFloat(numbers[1], point.Y)) {
-    throw BadValue(CenterOption, QStringLiteral("X,Y"), text);
-  }
+  const TMapPoint point = numbers.size() == 2 ? TMapPoint{NumberOf(numbers[0]), NumberOf(numbers[1])}
+                                              : TMapPoint{std::nan(""), std::nan("")};
+  if (std::isnan(point.X) || std::isnan(point.Y)) throw BadValue(CenterOption, QStringLiteral("X,Y"), text);
   return point;
 }
 
 double ZoomOf(const QString &text) {
-  double zoom = 0;
-  if (!detail::TryStrToFloat(text, zoom) || !(zoom > 0)) {
-    throw BadValue(ZoomOption, QStringLiteral("a number above 0"), text);
-  }
+  const double zoom = NumberOf(text);
+  if (!(zoom > 0)) throw BadValue(ZoomOption, QStringLiteral("a number above 0"), text);
   return zoom;
 }
 
@@ -110,8 +111,8 @@ TMapMeasure MeasureOf(const QString &unit, const QString &coordinates) {
 }
 
 int RebuildsOf(const QString &text) {
-  int count = 0;
-  if (!detail::TryStrToInt(text, count) || count < 1 || count > MaxRebuilds) {
+  const int count = text.toInt();
+  if (count < 1 || count > MaxRebuilds) {
     throw BadValue(TimingsOption, QStringLiteral("a count from 1 to %1").arg(MaxRebuilds), text);
   }
   return count;

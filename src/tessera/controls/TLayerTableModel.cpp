@@ -5,7 +5,7 @@
 #include <tessera/controls/detail/CellValues.h>
 #include <tessera/controls/detail/LayerTableLink.h>
 #include <tessera/editing/TMapEdits.h>
-#include <tessera/map/detail/ObjectWords.h>
+#include <tessera/map/ObjectWords.h>
 
 #include <QScopeGuard>
 
@@ -80,7 +80,7 @@ QVariant TLayerTableModel::ValueData(const TDataFieldView &field, const detail::
   const bool isCheckBox = column.type == TDataType::dtBoolean;
   switch (role) {
     case Qt::DisplayRole:
-      return isCheckBox ? QVariant() : detail::ShownText(field, m_locale);
+      return isCheckBox ? QVariant() : ShownText(field, m_locale);
     case Qt::EditRole:
       return detail::CellToVariant(field.GetValue(), column.type);
     case Qt::CheckStateRole: {
@@ -91,7 +91,7 @@ QVariant TLayerTableModel::ValueData(const TDataFieldView &field, const detail::
     }
     case TextRole:
     case Qt::AccessibleTextRole:
-      return detail::ShownText(field, m_locale);
+      return ShownText(field, m_locale);
     case SortRole:
       return detail::CellToSortKey(field.GetValue(), column.type);
     case NeutralRole:

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/GuardedCall.h>
 #include <tessera/controls/TMapLegend.h>
-#include <tessera/graphics/detail/LetterPaths.h>
-#include <tessera/graphics/detail/SymbolFont.h>
+#include <tessera/graphics/LetterPaths.h>
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -25,8 +24,7 @@ void PaintSymbol(QPainter &painter, const QRectF &rect, const TStyleSample &samp
   TFont font = sample.style.font;
   // A negative size is a height in pixels; large signs are shown as large as there is room.
   if (font.GetPixelSize() > SamplePx.height()) font.SetSize(-SamplePx.height());
-  const detail::SymbolGlyph &glyph = detail::ResolveSymbol(font, sample.shape);
-  detail::FillLettersCentred(painter, glyph.text, glyph.font, rect.center());
+  FillSymbol(painter, sample.shape, font, rect.center());
 }
 
 void PaintSample(QPainter &painter, const QRectF &rect, const TStyleSample &sample) {

@@ -19,10 +19,6 @@
 namespace tessera {
 namespace {
 
-QString DataFileName(const QString &fileName) {
-  return detail::CompanionOf(fileName, QStringLiteral("mid"));
-}
-
 /// Tells the map, if there is one, of the end of progress, when it is left.
 auto StopProgressAtEnd(TMapHost *map) {
   return qScopeGuard([map] {
@@ -38,7 +34,7 @@ void ReportError(TFormatReport &report, int line, const std::exception &error) {
 
 /// @throws EInOutError when a file cannot be opened.
 void ReadPair(TMapLayer &layer, const QString &fileName, TFormatReport &report) {
-  const QStringList files = detail::StagedSet::Recover({fileName, DataFileName(fileName)});
+  const QStringList files = detail::StagedSet::Recover({fileName, TSimpleMIFFormatProvider::DataFileName(fileName)});
   detail::FileSource mif(files[0]);
   std::optional<detail::FileSource> mid;
   if (QFileInfo(files[1]).isFile()) {
@@ -89,6 +85,10 @@ QUuid TSimpleMIFFormatProvider::GetGUID() const {
 
 bool TSimpleMIFFormatProvider::CanProcessFile(const QString &fileName) const {
   return QFileInfo(fileName).suffix().compare(QStringLiteral("mif"), Qt::CaseInsensitive) == 0;
+}
+
+QString TSimpleMIFFormatProvider::DataFileName(const QString &fileName) {
+  return detail::CompanionOf(fileName, QStringLiteral("mid"));
 }
 
 TObjectAttribute TSimpleMIFFormatProvider::IsObjAttrString(const QString &line) const {

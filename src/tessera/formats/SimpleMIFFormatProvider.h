@@ -48,6 +48,8 @@ class TESSERA_CORE_EXPORT TSimpleMIFFormatProvider : public TCustomFormatProvide
 
   [[nodiscard]] TFormatReport TrySave(const TMapLayer &layer) const override;
 
+  /// The data file of a file .mif: the one beside it with the ending .mid, in letters of whatever case it is there.
+  [[nodiscard]] static QString DataFileName(const QString &fileName);
   /// What a line after a shape tells of, by the keywords in it.
   [[nodiscard]] TObjectAttribute IsObjAttrString(const QString &line) const;
 };

@@ -28,7 +28,7 @@ constexpr QStringView SystemFolder = u"/usr/lib";
 #endif
 
 void NeedMitab() {
-  if (detail::EnsureMitab()) return;
+  if (TMapInfoFormatProvider::HasLibrary()) return;
   throw EInOutError(FormatMessage(QStringLiteral("MITAB.DLL not fond! Please place DLL to %S or %S directory!"),
                                   {SystemFolder.toString(), QCoreApplication::applicationDirPath()}));
 }
@@ -123,6 +123,10 @@ QString TMapInfoFormatProvider::GetFilter() const {
 
 QUuid TMapInfoFormatProvider::GetGUID() const {
   return QUuid(QStringLiteral("{4AC2894A-85A3-4613-80D2-27DDCDFEA816}"));
+}
+
+bool TMapInfoFormatProvider::HasLibrary() {
+  return detail::EnsureMitab();
 }
 
 bool TMapInfoFormatProvider::IsCharset(const QString &charset) {

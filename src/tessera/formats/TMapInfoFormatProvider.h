@@ -30,6 +30,9 @@ class TESSERA_CORE_EXPORT TMapInfoFormatProvider : public TCustomFormatProvider 
   /// Whether MapInfo has a character set of that name, in letters of any case, that can be written.
   [[nodiscard]] static bool IsCharset(const QString &charset);
 
+  /// Whether there is a MITAB library, which is looked for as long as none is bound.
+  [[nodiscard]] static bool HasLibrary();
+
   [[nodiscard]] QString GetDescription() const override;
   [[nodiscard]] QString GetFilter() const override;
   [[nodiscard]] QUuid GetGUID() const override;

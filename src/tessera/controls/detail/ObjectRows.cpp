@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/MessageSink.h>
 #include <tessera/base/detail/Numbers.h>
+#include <tessera/controls/StyleNames.h>
 #include <tessera/controls/TObjectProperties.h>
 #include <tessera/controls/detail/CellValues.h>
 #include <tessera/controls/detail/ObjectRows.h>
-#include <tessera/map/detail/ObjectWords.h>
+#include <tessera/map/ObjectWords.h>
 #include <tessera/objects/GeoCircle.h>
 #include <tessera/objects/TCircle.h>
 #include <tessera/objects/TGeoCircle.h>
@@ -265,7 +266,7 @@ std::vector<ObjectRow> RowsOf(Objects objects, const QLocale &locale) {
   std::vector<ObjectRow> rows;
   if (objects.empty()) return rows;
   ObjectRow kind{TObjectProperties::tr("Kind"), RowKind::Text, {}, {}, {}, {}};
-  kind.get = [](const TCustomMapObject &object) { return QVariant(KindOf(object)); };
+  kind.get = [](const TCustomMapObject &object) { return QVariant(KindName(object)); };
   rows.push_back(kind);
   if (AreAll<TText>(objects)) rows.push_back(TextRow());
   if (AreAll<TSymbol>(objects) && !IsAny<TText>(objects)) rows.push_back(ShapeRow());
@@ -279,24 +280,6 @@ std::vector<ObjectRow> RowsOf(Objects objects, const QLocale &locale) {
   if (AreAll<geocircle::TGeoCircle>(objects)) rows.push_back(RadiusRow<geocircle::TGeoCircle>());
   AddAttributeRows(rows, objects, locale);
   return rows;
-}
-
-QStringList PenStyleNames() {
-  return {TObjectProperties::tr("Solid"),        TObjectProperties::tr("Dashes"),
-          TObjectProperties::tr("Dots"),         TObjectProperties::tr("Dashes and dots"),
-          TObjectProperties::tr("Dash dot dot"), TObjectProperties::tr("None"),
-          TObjectProperties::tr("Inside frame")};
-}
-
-QStringList BrushStyleNames() {
-  return {TObjectProperties::tr("Solid"),
-          TObjectProperties::tr("None"),
-          TObjectProperties::tr("Horizontal lines"),
-          TObjectProperties::tr("Vertical lines"),
-          TObjectProperties::tr("Falling lines"),
-          TObjectProperties::tr("Rising lines"),
-          TObjectProperties::tr("Squares"),
-          TObjectProperties::tr("Diamonds")};
 }
 
 }  // namespace tessera::detail

@@ -29,8 +29,4 @@ struct ObjectRow {
 /// and dates are in the format of the locale.
 [[nodiscard]] std::vector<ObjectRow> RowsOf(std::span<TCustomMapObject *const> objects, const QLocale &locale);
 
-/// In the order of TPenStyle and TBrushStyle.
-[[nodiscard]] TESSERA_WIDGETS_EXPORT QStringList PenStyleNames();
-[[nodiscard]] TESSERA_WIDGETS_EXPORT QStringList BrushStyleNames();
-
 }  // namespace tessera::detail

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/GuardedCall.h>
 #include <tessera/controls/detail/SelectionInStep.h>
-#include <tessera/map/detail/SelectionChange.h>
+#include <tessera/map/SelectionChange.h>
 
 #include <algorithm>
 
@@ -34,8 +34,8 @@ void SelectionInStep::Push(const QItemSelection &selected, const QItemSelection 
   const TMapLayer *layer = m_model.GetLayer();
   TTessera *map = layer && !m_isPulling ? layer->GetMap() : nullptr;
   if (map == nullptr) return;
-  ObjectHandles come;
-  ObjectHandles gone;
+  TObjectHandles come;
+  TObjectHandles gone;
   const std::vector<int> held = RowsOf(m_view.selectionModel()->selection());
   for (const int row : RowsOf(deselected)) {
     if (!std::binary_search(held.begin(), held.end(), row)) gone.emplace_back(ObjectAt(row));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
 #include <tessera/base/GuardedCall.h>
+#include <tessera/map/ObjectWords.h>
 #include <tessera/map/detail/MapChildrenAccessible.h>
-#include <tessera/map/detail/ObjectWords.h>
 
 #include <QPointer>
 
@@ -83,10 +83,10 @@ QAccessibleInterface *ObjectAccessible::parent() const {
 QString ObjectAccessible::text(QAccessible::Text kind) const {
   const TMapLayer *layer = GetLayer();
   if (layer == nullptr || !isValid()) return {};
-  if (kind == QAccessible::Description) return KindOf(*m_object.Get());
+  if (kind == QAccessible::Description) return KindName(*m_object.Get());
   if (kind != QAccessible::Name) return {};
   const QString label = LabelOf(*m_object.Get(), *layer);
-  return label.isEmpty() ? KindOf(*m_object.Get()) : label;
+  return label.isEmpty() ? KindName(*m_object.Get()) : label;
 }
 
 QRect ObjectAccessible::rect() const {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <tessera/map/SelectionChange.h>
 #include <tessera/map/TTessera.h>
-#include <tessera/map/detail/SelectionChange.h>
 #include <tessera/tools/detail/AreaSelection.h>
 
 #include <algorithm>
@@ -56,8 +56,8 @@ void SelectInArea(TTessera &map, const SelectionArea &area, AreaRule rule, TShif
   if (box.MinX == box.MaxX && box.MinY == box.MaxY) return SelectByClick(map, {box.MinX, box.MinY}, keys);
   const std::vector<TCustomMapObject *> hits = HitsOf(map, area, rule);
   const bool isTakingOut = keys.testFlag(ssCtrl);
-  ObjectHandles gone;
-  ObjectHandles come;
+  TObjectHandles gone;
+  TObjectHandles come;
   for (TCustomMapObject *object : hits) {
     if (map.GetSelection()->Holds(object) == isTakingOut) (isTakingOut ? gone : come).emplace_back(object);
   }

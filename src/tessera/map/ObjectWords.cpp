@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/Exceptions.h>
+#include <tessera/map/ObjectWords.h>
 #include <tessera/map/TTessera.h>
-#include <tessera/map/detail/ObjectWords.h>
 #include <tessera/objects/GeoCircle.h>
 #include <tessera/objects/TCircle.h>
 #include <tessera/objects/TGeoCircle.h>
@@ -11,7 +11,7 @@
 #include <tessera/objects/TSprite.h>
 #include <tessera/objects/TText.h>
 
-namespace tessera::detail {
+namespace tessera {
 namespace {
 
 template <class Kind>
@@ -19,13 +19,13 @@ bool Is(const TCustomMapObject &object) {
   return dynamic_cast<const Kind *>(&object) != nullptr;
 }
 
-struct KindName {
+struct NamedKind {
   bool (*is)(const TCustomMapObject &object);
   const char *name;
 };
 
 /// A kind stands before the one that it is derived from.
-constexpr KindName Kinds[] = {
+constexpr NamedKind Kinds[] = {
     {Is<TGeoCircle>, QT_TRANSLATE_NOOP("tessera::TTessera", "Circle")},
     {Is<geocircle::TGeoCircle>, QT_TRANSLATE_NOOP("tessera::TTessera", "Circle")},
     {Is<TCircle>, QT_TRANSLATE_NOOP("tessera::TTessera", "Circle")},
@@ -39,8 +39,8 @@ constexpr KindName Kinds[] = {
 
 }  // namespace
 
-QString KindOf(const TCustomMapObject &object) {
-  for (const KindName &kind : Kinds) {
+QString KindName(const TCustomMapObject &object) {
+  for (const NamedKind &kind : Kinds) {
     if (kind.is(object)) return TTessera::tr(kind.name);
   }
   return TTessera::tr("Object");
@@ -55,4 +55,4 @@ QString ShownText(const TDataFieldView &field, const QLocale &locale) {
   }
 }
 
-}  // namespace tessera::detail
+}  // namespace tessera

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <tessera/graphics/detail/LetterPaths.h>
+#include <tessera/graphics/LetterPaths.h>
+#include <tessera/graphics/detail/SymbolFont.h>
 
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
 
-namespace tessera::detail {
+namespace tessera {
 namespace {
 
 QFont FontOf(const TFont &font) {
@@ -32,4 +33,9 @@ void FillLettersCentred(QPainter &painter, const QString &text, const TFont &fon
   painter.restore();
 }
 
-}  // namespace tessera::detail
+void FillSymbol(QPainter &painter, int shape, const TFont &font, const QPointF &at) {
+  const detail::SymbolGlyph &glyph = detail::ResolveSymbol(font, shape);
+  FillLettersCentred(painter, glyph.text, glyph.font, at);
+}
+
+}  // namespace tessera

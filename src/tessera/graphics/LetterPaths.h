@@ -7,7 +7,7 @@
 
 class QPainter;
 
-namespace tessera::detail {
+namespace tessera {
 
 // Letters as outlines, for painters whose resolution or fonts are not those of the screen: sizes are client pixels.
 
@@ -16,5 +16,8 @@ TESSERA_CORE_EXPORT void FillLetters(QPainter &painter, const QString &text, con
 /// The same with their middle at a point.
 TESSERA_CORE_EXPORT void FillLettersCentred(QPainter &painter, const QString &text, const TFont &font,
                                             const QPointF &at);
+/// Fills the sign that a symbol font's character stands for, with its middle at a point; where the family is not
+/// installed, that of the library's own symbol font.
+TESSERA_CORE_EXPORT void FillSymbol(QPainter &painter, int shape, const TFont &font, const QPointF &at);
 
-}  // namespace tessera::detail
+}  // namespace tessera

@@ -11,13 +11,10 @@ namespace tessera {
 
 class TTessera;
 
-namespace detail {
-
-using ObjectHandles = std::vector<THandle<TCustomMapObject>>;
+using TObjectHandles = std::vector<THandle<TCustomMapObject>>;
 
 /// Deselects objects of a map and selects others; many at once cost one new picture. Handlers may do anything: objects
 /// that are gone, or off the map, by their turn are passed over. What handlers throw goes on when all is done.
-TESSERA_WIDGETS_EXPORT void ChangeSelection(TTessera &map, const ObjectHandles &gone, const ObjectHandles &come);
+TESSERA_WIDGETS_EXPORT void ChangeSelection(TTessera &map, const TObjectHandles &gone, const TObjectHandles &come);
 
-}  // namespace detail
 }  // namespace tessera

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <tessera/base/GuardedCall.h>
+#include <tessera/map/SelectionChange.h>
 #include <tessera/map/TTessera.h>
-#include <tessera/map/detail/SelectionChange.h>
 
 #include <QPointer>
 
-namespace tessera::detail {
+namespace tessera {
 namespace {
 
 /// With more changes than this the map is painted once, and not with each.
@@ -13,7 +13,7 @@ constexpr std::size_t FewChanges = 100;
 
 }  // namespace
 
-void ChangeSelection(TTessera &map, const ObjectHandles &gone, const ObjectHandles &come) {
+void ChangeSelection(TTessera &map, const TObjectHandles &gone, const TObjectHandles &come) {
   const QPointer<TTessera> shown = &map;
   const auto isOnMap = [&](const auto &object) { return shown && object && object->GetMap() == shown; };
   const bool isOnePicture = come.size() + gone.size() > FewChanges && !map.GetInUpdate();
@@ -29,4 +29,4 @@ void ChangeSelection(TTessera &map, const ObjectHandles &gone, const ObjectHandl
   steps.Rethrow();
 }
 
-}  // namespace tessera::detail
+}  // namespace tessera
