@@ -3,6 +3,8 @@
 
 #include <tessera/controls/TObjectProperties.h>
 #include <tessera/objects/TCircle.h>
+#include <tessera/objects/TGeoCircle.h>
+#include <tessera/objects/TPolyline.h>
 #include <tessera/objects/TText.h>
 
 #include <QComboBox>
@@ -160,6 +162,54 @@ TEST_F(TObjectPropertiesTest, GivesAValueToAllObjectsInOneStep) {
   EXPECT_TRUE(messages.isEmpty());
 }
 
+TEST_F(TObjectPropertiesTest, MovesASideOfEachObjectWhoseOppositeSideStays) {
+  layer->SetEditable(true);
+  QUndoStack stack;
+  map->SetUndoStack(&stack);
+  auto *region = Add<TRegion>(0, 0);
+  auto *circle = Add<TCircle>(8, 5);
+  circle->SetRadius(2);
+  const TBounds regionBefore = region->GetBounds();
+  const TBounds circleBefore = circle->GetBounds();
+  Select({region, circle});
+  const struct {
+    const char *side;
+    double place;
+    TBounds region;
+    TBounds circle;  // which stays one
+  } rows[] = {{"Left", 2, {2, 0, 10, 10}, {2, 1, 10, 9}},
+              {"Right", 14, {0, 0, 14, 10}, {6, 1, 14, 9}},
+              {"Bottom", -1, {0, -1, 10, 10}, {4, -1, 12, 7}},
+              {"Top", 11, {0, 0, 10, 11}, {4, 3, 12, 11}}};
+  for (const auto &row : rows) {
+    EXPECT_TRUE(Set(QLatin1String(row.side), row.place)) << row.side;
+    EXPECT_EQ(region->GetBounds(), row.region) << row.side;
+    EXPECT_EQ(circle->GetBounds(), row.circle) << row.side;
+    stack.undo();
+    EXPECT_EQ(region->GetBounds(), regionBefore);
+    EXPECT_EQ(circle->GetBounds(), circleBefore);
+  }
+  stack.clear();
+  auto *flat = Add<TPolyline>(0, 0);
+  flat->GetParts().GetFirst().GetPoints().Delete(2);
+  flat->UpdateBounds();
+  const std::tuple<TCustomMapObject *, const char *, double> refused[] = {
+      {region, "Left", 10}, {region, "Left", 12}, {circle, "Top", -7}, {flat, "Top", 1}};
+  for (const auto &[object, side, place] : refused) {
+    Select({object, Add<TRegion>(0, 0)});
+    EXPECT_FALSE(Set(QLatin1String(side), place)) << side << ' ' << place;
+    EXPECT_EQ(messages.size(), 1);
+    messages.clear();
+  }
+  for (TCustomMapObject *object : {static_cast<TCustomMapObject *>(Add<TSymbol>(0, 0)),
+                                   static_cast<TCustomMapObject *>(layer->NewObject<TGeoCircle>())}) {
+    Select({object, region});
+    EXPECT_FALSE(Set(QStringLiteral("Left"), -5)) << "its size is not one of the map";
+  }
+  EXPECT_TRUE(messages.isEmpty());
+  EXPECT_EQ(stack.count(), 0);
+}
+
 TEST_F(TObjectPropertiesTest, RefusesWhatIsNoValueAndWhatCannotBeChanged) {
   auto *region = Add<TRegion>(0, 0);
   TMapLayer *second = AddLayer(QStringLiteral("second"));
@@ -179,7 +229,7 @@ TEST_F(TObjectPropertiesTest, RefusesWhatIsNoValueAndWhatCannotBeChanged) {
                                                        {"Line colour", QStringLiteral("no colour")},
                                                        {"Centre x", QStringLiteral("here")},
                                                        {"Vertices", 3},
-                                                       {"Left", 1.0},
+                                                       {"Left", QStringLiteral("there")},
                                                        {"Kind", QStringLiteral("Text")}};
   for (const auto &[name, value] : refused) EXPECT_FALSE(Set(QLatin1String(name), value)) << name;
   EXPECT_TRUE(messages.isEmpty());

@@ -19,7 +19,9 @@ class ObjectPropertiesModel;
 /// is not the same for all is shown as "(different)", and a new one goes to all.
 ///
 /// Every change is one step that can be undone, where the map has an undo stack (see TMapEdits). Of several objects
-/// those properties are shown that all of them have; a centre that is set is that of each.
+/// those properties are shown that all of them have; a centre or a side that is set is that of each. Setting a side
+/// scales an object, whose opposite side stays, and a circle in both directions. That of symbols, texts, sprites and
+/// circles on the ground cannot be set: their size is one of pixels, or of metres.
 class TESSERA_WIDGETS_EXPORT TObjectProperties : public TMapCompanion {
   Q_OBJECT
   Q_PROPERTY(bool ReadOnly READ GetReadOnly WRITE SetReadOnly)

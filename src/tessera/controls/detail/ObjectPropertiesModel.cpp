@@ -121,7 +121,7 @@ bool ObjectPropertiesModel::setData(const QModelIndex &index, const QVariant &va
   const QPointer<ObjectPropertiesModel> self(this);
   bool isDone = false;
   GuardedCall([&] {
-    const ObjectRow::Change change = objects.empty() ? ObjectRow::Change() : row.changeTo(input);
+    const ObjectRow::Change change = objects.empty() ? ObjectRow::Change() : row.changeTo(input, objects);
     isDone = change != nullptr;
     if (!isDone) return;
     TMapEdits(*objects.front()->GetLayer())

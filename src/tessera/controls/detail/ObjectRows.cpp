@@ -14,13 +14,14 @@
 #include <tessera/objects/TText.h>
 
 #include <algorithm>
+#include <cmath>
 #include <unordered_map>
 #include <utility>
 
 namespace tessera::detail {
 namespace {
 
-using Objects = std::span<TCustomMapObject *const>;
+using Objects = ObjectRow::Objects;
 using Change = ObjectRow::Change;
 
 constexpr int WidestPenPx = 100;
@@ -73,7 +74,7 @@ template <class Read, class Write, class Parse>
 ObjectRow StyleRow(const char *name, RowKind kind, Read read, Write write, Parse parse) {
   ObjectRow row{Told(name), kind, {}, TObjectAspect::Style, {}, {}};
   row.get = [read](const TCustomMapObject &object) { return QVariant(read(*object.GetStyle())); };
-  row.changeTo = [write, parse](const QVariant &input) -> Change {
+  row.changeTo = [write, parse](const QVariant &input, Objects /*objects*/) -> Change {
     const QVariant value = parse(input);
     if (!value.isValid()) return {};
     return StyleChange([write, value](TObjectStyle &style) { write(style, value); });
@@ -151,7 +152,7 @@ ObjectRow GeometryRow(const char *name, std::function<double(const TCustomMapObj
     return object.GetBounds().IsInverted() ? QVariant() : get(object);
   };
   if (!set) return row;
-  row.changeTo = [set](const QVariant &input) -> Change {
+  row.changeTo = [set](const QVariant &input, Objects /*objects*/) -> Change {
     const QVariant value = Number(input);
     if (!value.isValid()) return {};
     return [set, value](TCustomMapObject &object) {
@@ -168,20 +169,64 @@ double CentreY(const TCustomMapObject &object) {
   return (object.GetBounds().MinY + object.GetBounds().MaxY) / 2;
 }
 
-void AddGeometryRows(std::vector<ObjectRow> &rows) {
+/// A side of the bounds.
+struct Side {
+  const char *name;
+  double TBounds::*at;
+  double TBounds::*opposite;
+  bool isAlongX;
+};
+
+constexpr Side Sides[] = {
+    {QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Left"), &TBounds::MinX, &TBounds::MaxX, true},
+    {QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Bottom"), &TBounds::MinY, &TBounds::MaxY, false},
+    {QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Right"), &TBounds::MaxX, &TBounds::MinX, true},
+    {QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Top"), &TBounds::MaxY, &TBounds::MinY, false}};
+
+/// By what an object is scaled so that its side comes to a place and the opposite one stays; not above 0, or no number,
+/// where that cannot be.
+double FactorTo(const TCustomMapObject &object, const Side &side, double place) {
+  const TBounds bounds = object.GetBounds();
+  if (bounds.IsInverted()) return 1;
+  return (place - bounds.*side.opposite) / (bounds.*side.at - bounds.*side.opposite);
+}
+
+void MoveSide(TCustomMapObject &object, const Side &side, double place) {
+  const double factor = FactorTo(object, side, place);
+  const double fixed = object.GetBounds().*side.opposite;
+  const TMapPoint about = side.isAlongX ? TMapPoint{fixed, CentreY(object)} : TMapPoint{CentreX(object), fixed};
+  const bool staysRound = Is<TCircle>(&object);
+  object.Transform(TMapTransform::Scaling(side.isAlongX || staysRound ? factor : 1,
+                                          side.isAlongX && !staysRound ? 1 : factor, about));
+}
+
+/// What is drawn in pixels, or follows from a radius on the ground, has no sides that could be moved.
+ObjectRow SideRow(const Side &side, bool canMove) {
+  const auto get = [&side](const TCustomMapObject &object) { return object.GetBounds().*side.at; };
+  if (!canMove) return GeometryRow(side.name, get, {});
+  ObjectRow row =
+      GeometryRow(side.name, get, [&side](TCustomMapObject &object, double place) { MoveSide(object, side, place); });
+  row.changeTo = [&side, changeTo = row.changeTo](const QVariant &input, Objects objects) -> Change {
+    const QVariant place = Number(input);
+    const auto takesPlace = [&](const TCustomMapObject *object) {
+      const double factor = FactorTo(*object, side, place.toDouble());
+      return std::isfinite(factor) && factor > 0;
+    };
+    if (!place.isValid()) return {};
+    if (std::all_of(objects.begin(), objects.end(), takesPlace)) return changeTo(input, objects);
+    ShowMessage(
+        TObjectProperties::tr("Opposite sides must stay apart, and what has no width or height cannot get one."));
+    return {};
+  };
+  return row;
+}
+
+void AddGeometryRows(std::vector<ObjectRow> &rows, bool haveSides) {
   rows.push_back(GeometryRow(QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Centre x"), CentreX,
                              [](TCustomMapObject &object, double x) { object.MoveBy(x - CentreX(object), 0); }));
   rows.push_back(GeometryRow(QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Centre y"), CentreY,
                              [](TCustomMapObject &object, double y) { object.MoveBy(0, y - CentreY(object)); }));
-  constexpr std::pair<const char *, double TBounds::*> Sides[] = {
-      {QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Left"), &TBounds::MinX},
-      {QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Bottom"), &TBounds::MinY},
-      {QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Right"), &TBounds::MaxX},
-      {QT_TRANSLATE_NOOP("tessera::TObjectProperties", "Top"), &TBounds::MaxY}};
-  for (const auto &[name, side] : Sides) {
-    rows.push_back(
-        GeometryRow(name, [side = side](const TCustomMapObject &object) { return object.GetBounds().*side; }, {}));
-  }
+  for (const Side &side : Sides) rows.push_back(SideRow(side, haveSides));
   ObjectRow vertices{TObjectProperties::tr("Vertices"), RowKind::WholeNumber, {}, {}, {}, {}};
   vertices.get = [](const TCustomMapObject &object) {
     int count = 0;
@@ -203,7 +248,7 @@ ObjectRow ShapeRow() {
   constexpr int LastShape = 0xFFFF;
   ObjectRow row{TObjectProperties::tr("Symbol"), RowKind::WholeNumber, {}, TObjectAspect::Style, {}, {}};
   row.get = [](const TCustomMapObject &object) { return QVariant(static_cast<const TSymbol &>(object).GetShape()); };
-  row.changeTo = [](const QVariant &input) -> Change {
+  row.changeTo = [](const QVariant &input, Objects /*objects*/) -> Change {
     const QVariant value = WholeNumber(input, TSymbol::NoShape, LastShape);
     if (!value.isValid()) return {};
     return [value](TCustomMapObject &object) { static_cast<TSymbol &>(object).SetShape(value.toInt()); };
@@ -215,7 +260,7 @@ ObjectRow TextRow() {
   ObjectRow row{
       TObjectProperties::tr("Text"), RowKind::Text, {}, TObjectAspect::Geometry | TObjectAspect::Style, {}, {}};
   row.get = [](const TCustomMapObject &object) { return QVariant(static_cast<const TText &>(object).GetText()); };
-  row.changeTo = [](const QVariant &input) -> Change {
+  row.changeTo = [](const QVariant &input, Objects /*objects*/) -> Change {
     return [text = input.toString()](TCustomMapObject &object) { static_cast<TText &>(object).SetText(text); };
   };
   return row;
@@ -230,7 +275,7 @@ ObjectRow AttributeRow(const TDataFieldView &field, const QLocale &locale) {
     if (!isThere || std::holds_alternative<std::monostate>(fields.GetFields(index).GetValue())) return QVariant();
     return QVariant(ShownText(fields.GetFields(index), locale));
   };
-  row.changeTo = [column, locale](const QVariant &input) -> Change {
+  row.changeTo = [column, locale](const QVariant &input, Objects /*objects*/) -> Change {
     const ParsedCell parsed = ParseCell(column, input, locale);
     if (!parsed.refusal.isEmpty()) ShowMessage(parsed.refusal);
     if (!parsed.refusal.isEmpty()) return {};
@@ -274,7 +319,8 @@ std::vector<ObjectRow> RowsOf(Objects objects, const QLocale &locale) {
   const bool haveLines = !IsAny<TSymbol>(objects) && !IsAny<TSprite>(objects);
   if (haveLines) AddPenRows(rows);
   if (haveLines && !IsAny<TPolyline>(objects)) AddBrushRows(rows);
-  AddGeometryRows(rows);
+  const bool areGeodesic = IsAny<TGeoCircle>(objects) || IsAny<geocircle::TGeoCircle>(objects);
+  AddGeometryRows(rows, haveLines && !areGeodesic);
   if (AreAll<TCircle>(objects)) rows.push_back(RadiusRow<TCircle>());
   if (AreAll<TGeoCircle>(objects)) rows.push_back(RadiusRow<TGeoCircle>());
   if (AreAll<geocircle::TGeoCircle>(objects)) rows.push_back(RadiusRow<geocircle::TGeoCircle>());
