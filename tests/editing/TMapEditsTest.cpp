@@ -12,16 +12,7 @@ namespace {
 
 class TMapEditsTest : public TEditingFixture {
  protected:
-  Objects AddObjects(int count) {
-    Objects objects;
-    for (int i = 0; i < count; ++i) {
-      objects.push_back(layer->NewObject<TPolyline>());
-      AddPart(*objects.back(), {{10, 10}, {90, 90}});
-      host.Name(objects.back(), std::string(1, char('a' + i)));
-    }
-    host.TakeEvents();
-    return objects;
-  }
+  Objects AddObjects(int count) { return AddNamedLines(host, *layer, count); }
   static std::vector<std::string> Texts(const QUndoStack &stack) {
     std::vector<std::string> texts;
     for (int i = 0; i < stack.count(); ++i) texts.push_back(stack.text(i).toStdString());

@@ -25,16 +25,7 @@ class TMapLayerEditingTest : public testing::Test {
     layer = layers.Insert(QString(), 0);
     host.Name(layer, "layer");
   }
-  Objects AddObjects(int count) {
-    Objects objects;
-    for (int i = 0; i < count; ++i) {
-      objects.push_back(layer->NewObject<TPolyline>());
-      AddPart(*objects.back(), {{10, 10}, {90, 90}});
-      host.Name(objects.back(), std::string(1, char('a' + i)));
-    }
-    host.TakeEvents();
-    return objects;
-  }
+  Objects AddObjects(int count) { return AddNamedLines(host, *layer, count); }
   Objects Order() {
     Objects order;
     for (int i = 0; i < layer->GetObjectCount(); ++i) order.push_back(layer->GetObjects(i));

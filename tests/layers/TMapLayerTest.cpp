@@ -25,17 +25,7 @@ class TMapLayerTest : public testing::Test {
     host.Name(other, "other");
     host.TakeEvents();
   }
-  /// Appends objects named a, b, c …
-  std::vector<TCustomMapObject *> AddObjects(int count) {
-    std::vector<TCustomMapObject *> objects;
-    for (int i = 0; i < count; ++i) {
-      objects.push_back(layer->NewObject<TPolyline>());
-      AddPart(*objects.back(), {{10, 10}, {90, 90}});
-      host.Name(objects.back(), std::string(1, char('a' + i)));
-    }
-    host.TakeEvents();
-    return objects;
-  }
+  std::vector<TCustomMapObject *> AddObjects(int count) { return AddNamedLines(host, *layer, count); }
 
   TFakeMapHost host;
   TMapLayers layers;

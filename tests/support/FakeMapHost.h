@@ -4,6 +4,7 @@
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/layers/TMapLayers.h>
 #include <tessera/layers/TSelection.h>
+#include <tessera/objects/TPolyline.h>
 #include <tessera/objects/detail/ScreenOutliner.h>
 
 #include <functional>
@@ -172,6 +173,18 @@ inline TPart &AddPart(TCustomMapObject &object, std::initializer_list<TMapPoint>
   TPart &part = object.GetParts().Add();
   for (const TMapPoint &point : points) part.GetPoints().Add(point);
   return part;
+}
+
+/// Appends lines named a, b, c … to a layer of the map, without events.
+inline std::vector<TCustomMapObject *> AddNamedLines(TFakeMapHost &host, TMapLayer &layer, int count) {
+  std::vector<TCustomMapObject *> lines;
+  for (int i = 0; i < count; ++i) {
+    lines.push_back(layer.NewObject<TPolyline>());
+    AddPart(*lines.back(), {{10, 10}, {90, 90}});
+    host.Name(lines.back(), std::string(1, char('a' + i)));
+  }
+  host.TakeEvents();
+  return lines;
 }
 
 }  // namespace tessera::test
