@@ -33,21 +33,6 @@ void TScaleBar::SetMeasure(const TMapMeasure &measure) {
   ShowAnew();
 }
 
-void TScaleBar::SetUnit(TMapMeasure::TUnit unit) {
-  m_measure.Unit = unit;
-  ShowAnew();
-}
-
-void TScaleBar::SetGeodetic(bool geodetic) {
-  m_measure.Geodetic = geodetic;
-  ShowAnew();
-}
-
-void TScaleBar::SetMetresPerUnit(double metres) {
-  m_measure.MetresPerUnit = metres;
-  ShowAnew();
-}
-
 void TScaleBar::SetMaxLengthPx(int lengthPx) {
   m_maxLengthPx = lengthPx;
   updateGeometry();

@@ -22,11 +22,11 @@ class TESSERA_WIDGETS_EXPORT TScaleBar : public TMapDecoration {
   [[nodiscard]] const TMapMeasure &GetMeasure() const { return m_measure; }
   void SetMeasure(const TMapMeasure &measure);
   [[nodiscard]] TMapMeasure::TUnit GetUnit() const { return m_measure.Unit; }
-  void SetUnit(TMapMeasure::TUnit unit);
+  void SetUnit(TMapMeasure::TUnit unit) { Set(&TMapMeasure::Unit, unit); }
   [[nodiscard]] bool GetGeodetic() const { return m_measure.Geodetic; }
-  void SetGeodetic(bool geodetic);
+  void SetGeodetic(bool geodetic) { Set(&TMapMeasure::Geodetic, geodetic); }
   [[nodiscard]] double GetMetresPerUnit() const { return m_measure.MetresPerUnit; }
-  void SetMetresPerUnit(double metres);
+  void SetMetresPerUnit(double metres) { Set(&TMapMeasure::MetresPerUnit, metres); }
   /// The bar is the longest that is not longer than this, in client pixels of the map. 150 at first.
   [[nodiscard]] int GetMaxLengthPx() const { return m_maxLengthPx; }
   void SetMaxLengthPx(int lengthPx);
@@ -51,6 +51,11 @@ class TESSERA_WIDGETS_EXPORT TScaleBar : public TMapDecoration {
     double lengthPx = 0;
     bool operator==(const Bar &) const = default;
   };
+  template <typename Value>
+  void Set(Value TMapMeasure::*member, Value value) {
+    m_measure.*member = value;
+    ShowAnew();
+  }
   [[nodiscard]] Bar FindBar() const;
   void ShowAnew();
 
