@@ -10,9 +10,6 @@
 namespace tessera::detail {
 namespace {
 
-/// What the editor showed at first, among its properties.
-constexpr char ShownAtFirst[] = "tesseraShownAtFirst";
-
 TDataType TypeOf(const QModelIndex &index) {
   return TDataType(index.data(TLayerTableModel::TypeRole).toInt());
 }
@@ -48,13 +45,6 @@ QLineEdit *MakeLineEditor(const QModelIndex &index, QWidget *parent) {
   return editor;
 }
 
-QVariant ShownBy(const QWidget &editor) {
-  if (const auto *line = qobject_cast<const QLineEdit *>(&editor)) return line->text();
-  const auto &moment = static_cast<const QDateTimeEdit &>(editor);
-  if (qobject_cast<const QTimeEdit *>(&editor)) return moment.time();
-  return qobject_cast<const QDateEdit *>(&editor) ? QVariant(moment.date()) : QVariant(moment.dateTime());
-}
-
 void ShowMoment(QDateTimeEdit &editor, const QVariant &value) {
   if (value.typeId() == QMetaType::QTime) {
     editor.setTime(value.toTime());
@@ -79,18 +69,19 @@ QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
   }
 }
 
-void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const {
-  if (auto *line = qobject_cast<QLineEdit *>(editor)) {
+void CellDelegate::Show(QWidget &editor, const QModelIndex &index) const {
+  if (auto *line = qobject_cast<QLineEdit *>(&editor)) {
     line->setText(index.data(TLayerTableModel::TextRole).toString());
   } else {
-    ShowMoment(static_cast<QDateTimeEdit &>(*editor), index.data(Qt::EditRole));
+    ShowMoment(static_cast<QDateTimeEdit &>(editor), index.data(Qt::EditRole));
   }
-  editor->setProperty(ShownAtFirst, ShownBy(*editor));
 }
 
-void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const {
-  const QVariant shown = ShownBy(*editor);
-  if (shown != editor->property(ShownAtFirst)) model->setData(index, shown, Qt::EditRole);
+QVariant CellDelegate::ShownBy(const QWidget &editor) const {
+  if (const auto *line = qobject_cast<const QLineEdit *>(&editor)) return line->text();
+  const auto &moment = static_cast<const QDateTimeEdit &>(editor);
+  if (qobject_cast<const QTimeEdit *>(&editor)) return moment.time();
+  return qobject_cast<const QDateEdit *>(&editor) ? QVariant(moment.date()) : QVariant(moment.dateTime());
 }
 
 }  // namespace tessera::detail

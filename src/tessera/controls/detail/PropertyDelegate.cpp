@@ -40,23 +40,20 @@ QWidget *PropertyDelegate::createEditor(QWidget *parent, const QStyleOptionViewI
   return new QLineEdit(parent);
 }
 
-void PropertyDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const {
+void PropertyDelegate::Show(QWidget &editor, const QModelIndex &index) const {
   const QVariant value = index.data(Qt::EditRole);
-  if (auto *list = qobject_cast<QComboBox *>(editor)) {
+  if (auto *list = qobject_cast<QComboBox *>(&editor)) {
     list->setCurrentIndex(value.isValid() ? value.toInt() : -1);
-  } else if (auto *line = qobject_cast<QLineEdit *>(editor)) {
+  } else if (auto *line = qobject_cast<QLineEdit *>(&editor)) {
     line->setText(value.toString());
   }
 }
 
-void PropertyDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const {
-  const auto *list = qobject_cast<QComboBox *>(editor);
-  const auto *line = qobject_cast<QLineEdit *>(editor);
-  const QVariant before = index.data(Qt::EditRole);
-  const bool isChosen =
-      list && list->currentIndex() >= 0 && (!before.isValid() || list->currentIndex() != before.toInt());
-  if (isChosen) model->setData(index, list->currentIndex());
-  if (line && line->isModified()) model->setData(index, line->text());
+QVariant PropertyDelegate::ShownBy(const QWidget &editor) const {
+  if (const auto *list = qobject_cast<const QComboBox *>(&editor)) return list->currentIndex();
+  // Where objects differ an empty line is shown, and one that was emptied is another value.
+  const auto *line = qobject_cast<const QLineEdit *>(&editor);
+  return line && line->isModified() ? line->text() : QVariant();
 }
 
 }  // namespace tessera::detail
