@@ -312,6 +312,42 @@ TEST_F(JournaledMapTest, LeavesOutWhatItCannotHold) {
   EXPECT_EQ(TextsOf(*later.GetLayers()), TextsOf(*map.GetLayers()));
 }
 
+TEST_F(JournaledMapTest, HasWhatStandsAtTheAddressOfAnObjectThatWasTakenOut) {
+  WrittenBytes();
+  // It could be another one as well: nobody is told what becomes of an object outside its layer.
+  std::unique_ptr<TCustomMapObject> taken = layer->TakeObject(layer->First());
+  taken->MoveBy(0, 40);
+  layer->PutObject(0, std::move(taken));
+  WrittenBytes();
+  TTessera later;
+  EXPECT_TRUE(Left().RestoreInto(*later.GetLayers()).isEmpty());
+  EXPECT_EQ(TextsOf(*later.GetLayers()), TextsOf(*map.GetLayers()));
+}
+
+TEST_F(JournaledMapTest, HasWhatIsBeingSavedUntilItsFileHasIt) {
+  const auto left = [this] { return TLeftJournal::FindIn(CopyOf(PathOf(QStringLiteral("j")))); };
+  map.GetLayers()->Add(QString(), QStringLiteral("without a file"))->AddObject(MakeLine(8), false);
+  layer->AddObject(MakeLine(7), false);
+  journal.Write();
+  for (const auto &saved : map.GetLayers()->Items()) journal.NoteSaving(*saved);
+  {
+    SCOPED_TRACE("killed before a file is replaced");
+    TTessera later;
+    EXPECT_TRUE(Left().RestoreInto(*later.GetLayers()).isEmpty());
+    EXPECT_EQ(TextsOf(*later.GetLayers()), TextsOf(*map.GetLayers()));
+  }
+  ASSERT_TRUE(SaveMapFile(*layer, layer->GetSource().fileName).error.isEmpty());
+  ASSERT_EQ(left().size(), 1) << "killed before the journal knows that the file is replaced";
+  EXPECT_EQ(left()[0].GetLayerNames(), QStringList(QStringLiteral("without a file")));
+  // What is edited later is in no file, whoever has replaced it.
+  layer->AddObject(MakeLine(9), false);
+  journal.Write();
+  TTessera later;
+  EXPECT_EQ(Left().RestoreInto(*later.GetLayers()).size(), 1);
+  ASSERT_EQ(later.GetLayers()->GetCount(), 2);
+  EXPECT_EQ(later.GetLayers()->GetLayer(0)->GetObjectCount() + later.GetLayers()->GetLayer(1)->GetObjectCount(), 3);
+}
+
 TEST_F(JournaledMapTest, SaysWhenAFileIsNotAsItWasAndHasWhatWasChanged) {
   layer->AddObject(MakeLine(7), false);
   WrittenBytes();

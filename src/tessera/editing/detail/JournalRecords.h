@@ -49,7 +49,7 @@ struct JournalChange {
 struct JournalEnd {
   quint64 layer = 0;
 };
-/// It is being saved: when its file is another than it was, then it has all of the layer.
+/// It is being saved: when the file it had is another than it was, then that has all of the layer.
 struct JournalSaving {
   quint64 layer = 0;
 };

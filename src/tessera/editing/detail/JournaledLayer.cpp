@@ -94,7 +94,10 @@ Layers JournaledLayer::ReadFrom(const std::vector<QByteArray> &records) {
   } catch (const EConvertError &) {
     // What was understood before is what there is.
   }
-  std::erase_if(layers, [](const auto &layer) { return layer->isBeingSaved && !layer->source.IsThere(); });
+  // Where a layer had no file yet nothing tells whether it got one.
+  std::erase_if(layers, [](const auto &layer) {
+    return layer->isBeingSaved && !layer->source.fileName.isEmpty() && !layer->source.IsThere();
+  });
   return layers;
 }
 
