@@ -348,6 +348,22 @@ TEST_F(EditorEditingTest, TakesOverWhatTheDialogsSay) {
   EXPECT_EQ(map.GetOptions()->GetDefaultTextFont(), TTesseraOptions().GetDefaultTextFont());
 }
 
+TEST_F(EditorEditingTest, HasAnIconAndATipForEachEntryThatWorksOnObjectsOrSnaps) {
+  std::vector<QImage> seen{QImage(24, 24, QImage::Format_ARGB32_Premultiplied)};
+  seen[0].fill(Qt::transparent);
+  for (const QMenu *menu : window.findChildren<QMenu *>()) {
+    if (menu->title() != QStringLiteral("&Object") && menu->title() != QStringLiteral("Snap to")) continue;
+    for (const QAction *action : menu->actions()) {
+      if (action->isSeparator()) continue;
+      EXPECT_FALSE(action->statusTip().isEmpty()) << action->text().toStdString();
+      const QImage icon = action->icon().pixmap(24).toImage().convertToFormat(seen[0].format());
+      EXPECT_EQ(std::ranges::count(seen, icon), 0) << action->text().toStdString();
+      seen.push_back(icon);
+    }
+  }
+  EXPECT_EQ(seen.size(), 1 + 9 + 4);
+}
+
 TEST(ThemedIconTest, TakesTheTextColourOfTheTheme) {
   const QPalette before = QGuiApplication::palette();
   const QIcon icon = ThemedIcon(QStringLiteral("select"));

@@ -49,17 +49,30 @@ struct WheelMode {
 constexpr int DuplicateShiftPx = 10;
 
 struct SnapRow {
+  const char *icon;
   const char *text;
+  const char *tip;
   void (TMapSnapping::*set)(bool isOn);
 };
 constexpr SnapRow SnapRows[] = {
-    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "&Vertices"), &TMapSnapping::SetToVertices},
-    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "&Intersections"), &TMapSnapping::SetToIntersections},
-    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "&Edges"), &TMapSnapping::SetToEdges},
+    {"snap-vertices", QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "&Vertices"),
+     QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow",
+                       "What is drawn, moved and reshaped goes to vertices near the mouse"),
+     &TMapSnapping::SetToVertices},
+    {"snap-intersections", QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "&Intersections"),
+     QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow",
+                       "What is drawn, moved and reshaped goes to where edges near the mouse cross"),
+     &TMapSnapping::SetToIntersections},
+    {"snap-edges", QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "&Edges"),
+     QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow",
+                       "What is drawn, moved and reshaped goes to edges near the mouse"),
+     &TMapSnapping::SetToEdges},
 };
 
 struct AlignmentRow {
+  const char *icon;
   const char *text;
+  const char *tip;
   TMapAlignment alignment;
 };
 
@@ -69,13 +82,36 @@ constexpr WheelMode WheelModes[] = {
     {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "The first &selected object"), false, TTessera::wmSelected},
 };
 constexpr AlignmentRow Alignments[] = {
-    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &left"), TMapAlignment::Left},
-    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &right"), TMapAlignment::Right},
-    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &top"), TMapAlignment::Top},
-    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &bottom"), TMapAlignment::Bottom},
-    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Center &horizontally"), TMapAlignment::CentersX},
-    {QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Center &vertically"), TMapAlignment::CentersY},
+    {"align-left", QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &left"),
+     QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow",
+                       "Moves the selected objects to the left of what they take up together"),
+     TMapAlignment::Left},
+    {"align-right", QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &right"),
+     QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow",
+                       "Moves the selected objects to the right of what they take up together"),
+     TMapAlignment::Right},
+    {"align-top", QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &top"),
+     QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow",
+                       "Moves the selected objects to the top of what they take up together"),
+     TMapAlignment::Top},
+    {"align-bottom", QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Align &bottom"),
+     QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow",
+                       "Moves the selected objects to the bottom of what they take up together"),
+     TMapAlignment::Bottom},
+    {"center-horizontally", QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Center &horizontally"),
+     QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow",
+                       "Moves the selected objects left and right, until their middles lie one above the other"),
+     TMapAlignment::CentersX},
+    {"center-vertically", QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow", "Center &vertically"),
+     QT_TRANSLATE_NOOP("tessera::apps::TEditorWindow",
+                       "Moves the selected objects up and down, until their middles lie side by side"),
+     TMapAlignment::CentersY},
 };
+
+void Describe(QAction &action, const char *icon, const QString &tip) {
+  action.setIcon(Icon(icon));
+  action.setStatusTip(tip);
+}
 
 }  // namespace
 
@@ -153,28 +189,34 @@ void TEditorWindow::MakeEditMenu() {
 
 void TEditorWindow::MakeObjectMenu() {
   QMenu *menu = menuBar()->addMenu(tr("&Object"));
-  AddObjectAction(*menu, tr("&Split line at vertex"), WithCtrlShift(Qt::Key_X), [this] { SplitAtVertex(); });
-  AddObjectAction(*menu, tr("&Join lines"), WithCtrlShift(Qt::Key_J), [this] {
+  Describe(AddObjectAction(*menu, tr("&Split line at vertex"), WithCtrlShift(Qt::Key_X), [this] { SplitAtVertex(); }),
+           "split-line", tr("Splits the line at the vertex that the vertex tool has touched last"));
+  QAction &join = AddObjectAction(*menu, tr("&Join lines"), WithCtrlShift(Qt::Key_J), [this] {
     const auto lines = TakeEditableSelection();
     if (TMapEdits(m_map).JoinLines(lines) == 0) m_messageBar->Post(tr("No ends of selected lines meet."));
   });
-  AddObjectAction(*menu, tr("Re&verse lines"), {}, [this] { TMapEdits(m_map).ReverseLines(TakeEditableSelection()); });
+  Describe(join, "join-lines", tr("Joins the selected lines whose ends meet"));
+  Describe(AddObjectAction(*menu, tr("Re&verse lines"), {},
+                           [this] { TMapEdits(m_map).ReverseLines(TakeEditableSelection()); }),
+           "reverse-lines", tr("Reverses the direction of the selected lines"));
   menu->addSeparator();
   for (const AlignmentRow &row : Alignments) {
-    AddObjectAction(*menu, tr(row.text), {}, [this, alignment = row.alignment] {
+    QAction &align = AddObjectAction(*menu, tr(row.text), {}, [this, alignment = row.alignment] {
       TMapEdits(m_map).AlignObjects(TakeEditableSelection(), alignment);
     });
+    Describe(align, row.icon, tr(row.tip));
   }
 }
 
-void TEditorWindow::AddObjectAction(QMenu &menu, const QString &text, const QKeySequence &key,
-                                    const std::function<void()> &run) {
+QAction &TEditorWindow::AddObjectAction(QMenu &menu, const QString &text, const QKeySequence &key,
+                                        const std::function<void()> &run) {
   QAction *action = menu.addAction(text);
   action->setShortcut(key);
   // Where text is edited the keys mean the text.
   action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   m_map->addAction(action);
   connect(action, &QAction::triggered, m_map, [run] { GuardedCall(run); });
+  return *action;
 }
 
 void TEditorWindow::MakeViewMenu() {
@@ -228,10 +270,11 @@ void TEditorWindow::MakeSnapMenu(QMenu &tools) {
   for (const SnapRow &row : SnapRows) {
     QAction *action = menu->addAction(tr(row.text));
     action->setCheckable(true);
-    action->setStatusTip(tr("What is drawn, moved and reshaped is drawn to places near the mouse"));
+    Describe(*action, row.icon, tr(row.tip));
     connect(action, &QAction::toggled, m_map, [this, &row](bool isOn) { (m_map->GetSnapping()->*row.set)(isOn); });
   }
-  menu->addAction(tr("&Grid…"), this, &TEditorWindow::AskForGrid);
+  Describe(*menu->addAction(tr("&Grid…"), this, &TEditorWindow::AskForGrid), "grid",
+           tr("What is drawn, moved and reshaped goes to the points of a grid"));
 }
 
 void TEditorWindow::MakeHelpMenu() {

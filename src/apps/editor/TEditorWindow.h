@@ -92,7 +92,8 @@ class TEditorWindow : public QMainWindow {
   void ChangeLayer(const QString &text, const std::function<void(TMapLayer &layer)> &change);
   /// The selected objects of the editable layer. That others stay as they are is told.
   std::vector<TCustomMapObject *> TakeEditableSelection();
-  void AddObjectAction(QMenu &menu, const QString &text, const QKeySequence &key, const std::function<void()> &run);
+  /// An entry for the selected objects.
+  QAction &AddObjectAction(QMenu &menu, const QString &text, const QKeySequence &key, const std::function<void()> &run);
   void MoveLayer(int by);
   void AskForNewLayer();
   void AskWhereToExportPicture();
