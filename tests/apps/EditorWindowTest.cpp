@@ -103,6 +103,14 @@ TEST_F(EditorWindowTest, ShowsMessagesThatComeUpWhilePainting) {
   EXPECT_EQ(messages.GetText(), u"painted");
 }
 
+TEST_F(EditorWindowTest, LeavesTheMapRoomWhenAllPanelsAreShownInASmallWindow) {
+  for (QAction *panel : window.GetDocks().GetActions()) panel->setChecked(true);
+  window.resize(1, 1);
+  QApplication::processEvents();
+  EXPECT_GE(map.visibleRegion().boundingRect().width(), 100);
+  EXPECT_GE(map.visibleRegion().boundingRect().height(), 100);
+}
+
 TEST_F(EditorWindowTest, ShowsThePointUnderTheCursorWhenTheMapMovesToo) {
   Open({squares});
   QTest::mouseMove(&map, QPoint(5, 5));

@@ -43,6 +43,8 @@ constexpr double MaxZoom = 1 << 20;
 constexpr int PickTolerancePx = 4;
 
 constexpr QSize InitialSize(1000, 700);
+/// Panels leave the map at least this, however small the window is.
+constexpr QSize LeastMapSize(200, 150);
 
 QString GeometryKey() {
   return QStringLiteral("window/geometry");
@@ -130,6 +132,7 @@ void TEditorWindow::FollowUnits() {
 
 QWidget *TEditorWindow::MakeCentralWidget() {
   auto *pane = new QWidget;
+  pane->setMinimumSize(LeastMapSize);
   auto *grid = new QGridLayout(pane);
   grid->setContentsMargins(0, 0, 0, 0);
   // The bar lies over the map, which keeps its size and with it its picture when messages come and go.
