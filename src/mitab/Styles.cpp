@@ -66,10 +66,19 @@ void ReadSymbol(const StyleText &style, Feature &feature) {
   }
 }
 
+/// What stands for a text without letters, a blank that is none: behind an empty text GDAL cannot write all others to a
+/// TAB file, and in a MIF file it finds no object. Plain blanks it takes off.
+constexpr const char *NoLetters = "\u00A0";
+
+bool HasLetters(std::string_view text) {
+  return text.find_first_not_of(" \t\r\n") != std::string_view::npos;
+}
+
 void ReadLabel(const StyleText &style, Feature &feature) {
   constexpr int Anchors = 3;  // left, centre, right, from the base line up
   Label &label = feature.label;
   label.text = style.Setting("LABEL", "t");
+  if (label.text == NoLetters) label.text.clear();
   label.angleDeg = style.Number("LABEL", "a");
   label.fore = style.Color("LABEL", "c", 0);
   label.usesBack = style.HasSetting("LABEL", "b");
@@ -129,8 +138,8 @@ std::string NumberOf(double value) {
 
 std::string LabelText(const Feature &feature) {
   const Label &label = feature.label;
-  std::string text =
-      "LABEL(t:" + Quoted(label.text) + ",a:" + NumberOf(label.angleDeg) + ",s:" + NumberOf(LetterHeight(label)) + 'g';
+  std::string text = "LABEL(t:" + Quoted(HasLetters(label.text) ? label.text : NoLetters) +
+                     ",a:" + NumberOf(label.angleDeg) + ",s:" + NumberOf(LetterHeight(label)) + 'g';
   text += CPLSPrintf(",c:#%06x", label.fore);
   if (label.usesBack) text += CPLSPrintf(",b:#%06x", label.back);
   text += CPLSPrintf(",p:%d", int(label.justification) + 1);

@@ -180,6 +180,24 @@ TEST_P(TMapInfoFilesTest, KeepsATurnedTextWhereItIs) {
   EXPECT_NEAR(again->GetY(), 20, 1e-4);
 }
 
+TEST_P(TMapInfoFilesTest, WritesTextsWithoutLettersBetweenOthers) {
+  AddPart(*layer.NewObject<TPolyline>(), {{0, 0}, {1, 1}});
+  for (int i = 1; i < 40; ++i) {
+    auto *text = layer.NewObject<TText>();
+    text->MoveTo(i, 1);
+    if (i % 6 != 0) continue;
+    text->SetText(QStringLiteral("12"));
+    text->SetHeight(2);
+  }
+  RoundTrip(Name());
+  ASSERT_EQ(read.GetObjectCount(), layer.GetObjectCount());
+  for (int i = 1; i < 40; ++i) {
+    ASSERT_NE(As<TText>(i), nullptr) << i;
+    EXPECT_EQ(As<TText>(i)->GetText(), i % 6 == 0 ? u"12" : u"") << i;
+    EXPECT_NEAR(As<TText>(i)->GetX(), i, 1e-4);
+  }
+}
+
 TEST_P(TMapInfoFilesTest, TellsWhatAFileCannotHold) {
   layer.GetFields().Add(QStringLiteral("Bad name!"), TDataType::dtInteger, 0);
   auto *bold = layer.NewObject<TSymbol>();
