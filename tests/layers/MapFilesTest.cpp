@@ -133,6 +133,18 @@ TEST_F(MapFilesTest, KeepsInMindWhatAProviderThatThrewHasNotRead) {
   EXPECT_EQ(losses.value(0), u"all that comes after this error: torn");
 }
 
+TEST_F(MapFilesTest, AsksForAPictureOfTheMapThatWasTurnedBackForSaving) {
+  provider.work = [](TMapLayer &, TFormatReport &) {};
+  TMapLayer *layer = layers.Add(QString(), QStringLiteral("turned"));
+  for (const bool isRotated : {true, false}) {
+    map.isRotated = isRotated;
+    map.TakeEvents();
+    EXPECT_EQ(SaveMapFile(*layer, path).error, QString());
+    EXPECT_EQ(map.TakeEvents(),
+              isRotated ? (std::vector<std::string>{"UnRotate", "DoUpdate"}) : std::vector<std::string>());
+  }
+}
+
 TEST_F(MapFilesTest, TellsWhySavingFailed) {
   provider.work = [](TMapLayer &, TFormatReport &) {};
   TMapLayer &layer = *layers.Add(QString(), QStringLiteral("layer"));

@@ -102,7 +102,10 @@ TSavedFile SaveMapFile(TMapLayer &layer, const QString &fileName) {
   const MessageCollector collector;
   const THandle<TMapLayer> watched(&layer);
   const bool replacesSource = IsSameFile(layer.GetSource().fileName, fileName);
+  const bool wasRotated = layer.GetMapHost() != nullptr && layer.GetMapHost()->GetisMapRotated();
   saved.report = ReportOf(provider, [&] { layer.SaveToFile(fileName); });
+  // A map is turned back before one of its layers is written.
+  if (wasRotated && watched && layer.GetMapHost() != nullptr) layer.GetMapHost()->DoUpdate(true);
   saved.warnings = detail::WarningsOf(fileName, saved.report, collector.GetMessages());
   for (const QString &words : saved.report.losses)
     saved.warnings.append(About(fileName, TFormatReport::tr("lost: %1").arg(words)));

@@ -29,7 +29,7 @@ struct TSavedFile {
 /// of being shown, and what the provider throws is told as an error.
 [[nodiscard]] TESSERA_CORE_EXPORT TLoadedFile LoadMapFile(TMapLayers &layers, const QString &fileName);
 
-/// Writes a layer; throws nothing. Ask LossesOfSaving before.
+/// Writes a layer; throws nothing. A rotated map is turned back and asked for a new picture. Ask LossesOfSaving before.
 [[nodiscard]] TESSERA_CORE_EXPORT TSavedFile SaveMapFile(TMapLayer &layer, const QString &fileName);
 
 /// What would be gone for good if the layer were saved to the file, one line each: what it lacks of the file because it
