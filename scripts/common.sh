@@ -18,8 +18,10 @@ from_caller() {
   esac
 }
 
-# build_preset PRESET: configures and builds. Away from a terminal only what goes wrong is shown.
+# build_preset PRESET [TARGET…]: configures and builds. Away from a terminal only what goes wrong is shown.
 build_preset() {
+  local targets=()
+  [ $# -eq 1 ] || targets=(--target "${@:2}")
   local quiet=()
   [ -t 1 ] || quiet=(-- --quiet)
   local log
@@ -30,7 +32,7 @@ build_preset() {
     fail "configuring the preset $1 failed"
   fi
   rm -f "$log"
-  cmake --build --preset "$1" "${quiet[@]}" || fail "building the preset $1 failed"
+  cmake --build --preset "$1" "${targets[@]}" "${quiet[@]}" || fail "building the preset $1 failed"
 }
 
 # tracked_files PATTERN…: the project's own files that match, each followed by a NUL.
