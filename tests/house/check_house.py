@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
 """Checks how the library is built in floors: that includes only point down, that what is installed needs nothing that is
-not, and that CMake and CONTRIBUTING.md tell the order of the table in docs/architecture.md."""
+not, that programs and examples include only what is installed, and that CMake and CONTRIBUTING.md tell the order of the
+table in docs/architecture.md."""
 import pathlib
 import re
 import sys
@@ -41,6 +42,12 @@ def check_file(path, faults):
             faults.append(f"{name} is installed, but includes {include}, which is not")
 
 
+def check_program(path, faults):
+    for include in includes_of(path):
+        if "detail" in pathlib.PurePath(include).parts:
+            faults.append(f"{path.relative_to(ROOT)} includes {include}, which is not installed")
+
+
 FLOOR = floors()
 
 
@@ -59,6 +66,11 @@ def main():
         faults.append(f"CONTRIBUTING.md: {missing} is missing")
     for source in sources:
         check_file(source, faults)
+    programs = [p for folder in ("src/apps", "examples") for p in (ROOT / folder).rglob("*") if p.suffix in (".h", ".cpp")]
+    if len(programs) < 20:
+        faults.append("hardly any programs were found to check")
+    for source in sorted(programs):
+        check_program(source, faults)
     print("\n".join(faults))
     return 1 if faults else 0
 
