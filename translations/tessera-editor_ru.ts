@@ -706,10 +706,6 @@
         <translation>Привязка</translation>
     </message>
     <message>
-        <source>What is drawn, moved and reshaped is drawn to places near the mouse</source>
-        <translation>То, что рисуют, двигают и перекраивают, притягивается к местам у указателя</translation>
-    </message>
-    <message>
         <source>&amp;Grid…</source>
         <translation>&amp;Сетка…</translation>
     </message>
@@ -810,6 +806,58 @@
 Shows and edits vector maps.</source>
         <translation>Редактор Tessera %1
 Показывает и правит векторные карты.</translation>
+    </message>
+    <message>
+        <source>What is drawn, moved and reshaped goes to vertices near the mouse</source>
+        <translation>То, что рисуют, двигают и перекраивают, притягивается к вершинам у указателя</translation>
+    </message>
+    <message>
+        <source>What is drawn, moved and reshaped goes to where edges near the mouse cross</source>
+        <translation>То, что рисуют, двигают и перекраивают, притягивается к пересечениям сторон у указателя</translation>
+    </message>
+    <message>
+        <source>What is drawn, moved and reshaped goes to edges near the mouse</source>
+        <translation>То, что рисуют, двигают и перекраивают, притягивается к сторонам у указателя</translation>
+    </message>
+    <message>
+        <source>Moves the selected objects to the left of what they take up together</source>
+        <translation>Сдвигает выделенные объекты к левому краю их общей рамки</translation>
+    </message>
+    <message>
+        <source>Moves the selected objects to the right of what they take up together</source>
+        <translation>Сдвигает выделенные объекты к правому краю их общей рамки</translation>
+    </message>
+    <message>
+        <source>Moves the selected objects to the top of what they take up together</source>
+        <translation>Сдвигает выделенные объекты к верхнему краю их общей рамки</translation>
+    </message>
+    <message>
+        <source>Moves the selected objects to the bottom of what they take up together</source>
+        <translation>Сдвигает выделенные объекты к нижнему краю их общей рамки</translation>
+    </message>
+    <message>
+        <source>Moves the selected objects left and right, until their middles lie one above the other</source>
+        <translation>Сдвигает выделенные объекты влево и вправо, пока их середины не лягут одна над другой</translation>
+    </message>
+    <message>
+        <source>Moves the selected objects up and down, until their middles lie side by side</source>
+        <translation>Сдвигает выделенные объекты вверх и вниз, пока их середины не лягут в ряд</translation>
+    </message>
+    <message>
+        <source>Splits the line at the vertex that the vertex tool has touched last</source>
+        <translation>Разрезает линию в вершине, которой последней коснулся инструмент вершин</translation>
+    </message>
+    <message>
+        <source>Joins the selected lines whose ends meet</source>
+        <translation>Соединяет выделенные линии, концы которых сходятся</translation>
+    </message>
+    <message>
+        <source>Reverses the direction of the selected lines</source>
+        <translation>Меняет направление выделенных линий на обратное</translation>
+    </message>
+    <message>
+        <source>What is drawn, moved and reshaped goes to the points of a grid</source>
+        <translation>То, что рисуют, двигают и перекраивают, притягивается к узлам сетки</translation>
     </message>
 </context>
 <context>

@@ -958,6 +958,10 @@
         <source>Properties</source>
         <translation>Свойства</translation>
     </message>
+    <message>
+        <source>Opposite sides must stay apart, and what has no width or height cannot get one.</source>
+        <translation>Противоположные стороны не должны сойтись, а то, у чего нет ширины или высоты, не может их получить.</translation>
+    </message>
 </context>
 <context>
     <name>tessera::TTessera</name>

@@ -26,7 +26,7 @@ void IdentifyPanel::Add(const TCustomMapObject &object) {
   auto *item = new QTreeWidgetItem(this, {layer ? layer->GetName() : QString(), KindName(object)});
   const TDataFields &fields = object.GetFields();
   for (int i = 0; i < fields.GetCount(); ++i) {
-    new QTreeWidgetItem(item, {fields.GetFields(i).GetName(), ShownText(fields.GetFields(i))});
+    new QTreeWidgetItem(item, {fields.GetFields(i).GetName(), ShownText(fields.GetFields(i), locale())});
   }
 }
 
