@@ -20,6 +20,7 @@ TObjectProperties::TObjectProperties(QWidget *parent)
   m_view->setAccessibleName(tr("Properties"));
   m_view->setSelectionMode(QAbstractItemView::SingleSelection);
   m_view->verticalHeader()->hide();
+  m_view->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   m_view->horizontalHeader()->setStretchLastSection(true);
   auto *column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
