@@ -30,6 +30,11 @@ QByteArray BytesOf(const TMapLayer &layer) {
   std::vector<TCustomMapObject *> objects;
   for (int i = 0; i < layer.GetObjectCount(); ++i) {
     objects.push_back(copies.emplace_back(layer.GetObjects(i)->Clone()).get());
+    // An object may have other sizes of columns than its layer, which is what counts.
+    if (TDataFields columns = layer.GetFields(); columns.GetCount() == objects.back()->GetFields().GetCount()) {
+      columns.SetRecord(objects.back()->GetFields().GetRecord().Bytes());
+      objects.back()->SetFields(columns);
+    }
     // The size of a text's font follows the view.
     if (auto *text = dynamic_cast<TText *>(objects.back())) text->SetFont(TFont(text->GetFont().GetName(), 10));
   }
@@ -115,7 +120,9 @@ void Checks::CheckPictures() {
   const QImage freshScreen = map.grab().toImage();
   const auto compare = [this](const QImage &one, const QImage &other, const QString &name) {
     if (one == other) return;
-    m_person.Fail(name + QStringLiteral(" is not what a new one is"));
+    m_person.Fail(
+        name +
+        QStringLiteral(" is not what a new one is; selected are %1").arg(m_person.map.GetSelection()->GetCount()));
     one.save(m_person.FileNamed(QStringLiteral("stood.png")));
     other.save(m_person.FileNamed(QStringLiteral("fresh.png")));
   };

@@ -171,6 +171,13 @@ int RunTask(const Task &task) {
 }  // namespace
 }  // namespace tessera::soak
 
+#ifdef __SANITIZE_ADDRESS__
+/// What libraries of the platform keep until the end.
+extern "C" const char *__lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
+  return "leak:libdbus-1\nleak:libfontconfig";
+}
+#endif
+
 /// Works with the editor as a person does, but at random. Ends with 1 if anything was amiss.
 int main(int argc, char **argv) {
   QApplication application(argc, argv);
