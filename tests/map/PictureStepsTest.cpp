@@ -155,6 +155,16 @@ TEST_F(PictureStepsTest, MakesAPictureAnewWhenObjectsHaveComeOrGoneWithoutARepai
   EXPECT_EQ(OnScreen(), MadeAtOnce());
 }
 
+TEST_F(PictureStepsTest, ShowsAPictureThatAProgramHasMadeAtOnceBetweenSteps) {
+  AddSquare(Bottom(), 150, 10, 10, clRed);
+  map.DoUpdate(true);
+  RunSteps(3);
+  EXPECT_NE(OnScreen().pixel(155, 85), Pixel(clRed));
+  map.PaintMapToBitmap();
+  Finish();
+  EXPECT_EQ(OnScreen().pixel(155, 85), Pixel(clRed));
+}
+
 TEST_F(PictureStepsTest, WaitsForTheEndOfABatch) {
   const QSignalSpy painted(&map, &TTessera::OnPaint);
   map.DoUpdate(true);

@@ -13,7 +13,8 @@ PictureSteps::PictureSteps(TTessera &map, ScreenPictures &pictures) : m_map(map)
 }
 
 void PictureSteps::MakeAtOnce() {
-  m_run.reset();
+  // The last step of what was in the making would have brought the picture to the screen.
+  if (std::exchange(m_run, nullptr)) m_map.Invalidate();
   PictureRun(m_map, m_pictures, Making::AtOnce).Continue(QDeadlineTimer::Forever);
 }
 
