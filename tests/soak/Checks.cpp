@@ -123,8 +123,8 @@ void Checks::CheckPictures() {
     m_person.Fail(
         name +
         QStringLiteral(" is not what a new one is; selected are %1").arg(m_person.map.GetSelection()->GetCount()));
-    one.save(m_person.FileNamed(QStringLiteral("stood.png")));
-    other.save(m_person.FileNamed(QStringLiteral("fresh.png")));
+    one.save(m_person.FileNamed(name + QStringLiteral(".png")));
+    other.save(m_person.FileNamed(name + QStringLiteral(" anew.png")));
   };
   compare(picture, fresh, QStringLiteral("The picture of the map"));
   if (!ShowsRectangle(map)) compare(screen, freshScreen, QStringLiteral("What the map shows"));
