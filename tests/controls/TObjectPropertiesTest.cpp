@@ -53,6 +53,24 @@ class TObjectPropertiesTest : public ControlFixture {
   std::unique_ptr<TObjectProperties> panel = std::make_unique<TObjectProperties>();
 };
 
+TEST_F(TObjectPropertiesTest, TellsViewsOfValuesOnlyWhereTheyKnowTheRows) {
+  auto *region = Add<TRegion>(0, 0);
+  auto *text = Add<TText>(0, 0);
+  bool isInReset = false;
+  int told = 0;
+  QObject::connect(&Model(), &QAbstractItemModel::modelAboutToBeReset, panel.get(), [&] { isInReset = true; });
+  QObject::connect(&Model(), &QAbstractItemModel::modelReset, panel.get(), [&] { isInReset = false; });
+  QObject::connect(&Model(), &QAbstractItemModel::dataChanged, panel.get(), [&] {
+    EXPECT_FALSE(isInReset);
+    ++told;
+  });
+  Select({region});
+  Select({text});
+  EXPECT_EQ(told, 0);
+  Select({Add<TText>(5, 5)});
+  EXPECT_EQ(told, 1);
+}
+
 TEST_F(TObjectPropertiesTest, ShowsAndTakesNumbersInTheLocaleOfTheWidget) {
   layer->GetFields().Add(QStringLiteral("Share"), TDataType::dtFloat, 0);
   panel->setLocale(QLocale(QLocale::Russian));

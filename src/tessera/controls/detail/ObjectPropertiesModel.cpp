@@ -39,7 +39,7 @@ void ObjectPropertiesModel::Show(std::span<TCustomMapObject *const> objects, boo
   m_objects.clear();
   for (TCustomMapObject *object : objects) m_objects.emplace_back(object);
   Read(objects);
-  if (isReset) endResetModel();
+  isReset ? endResetModel() : TellOfValues();
 }
 
 void ObjectPropertiesModel::Read(std::span<TCustomMapObject *const> objects) {
@@ -47,6 +47,9 @@ void ObjectPropertiesModel::Read(std::span<TCustomMapObject *const> objects) {
   for (const ObjectRow &row : m_rows) {
     m_values.push_back(objects.empty() ? Value(QVariant()) : CommonValue(row, objects));
   }
+}
+
+void ObjectPropertiesModel::TellOfValues() {
   if (!m_rows.empty()) Q_EMIT dataChanged(index(0, ValueColumn), index(rowCount() - 1, ValueColumn));
 }
 
@@ -127,7 +130,10 @@ bool ObjectPropertiesModel::setData(const QModelIndex &index, const QVariant &va
     TMapEdits(*objects.front()->GetLayer())
         .ChangeObjects(objects, row.aspects, TObjectProperties::tr("change %1").arg(row.name.toLower()), change);
   });
-  if (self && isDone) Read(ObjectsThere());
+  if (self && isDone) {
+    Read(ObjectsThere());
+    TellOfValues();
+  }
   return isDone;
 }
 

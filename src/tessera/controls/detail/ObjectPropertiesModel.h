@@ -42,6 +42,7 @@ class ObjectPropertiesModel : public QAbstractTableModel {
 
   [[nodiscard]] std::vector<TCustomMapObject *> ObjectsThere() const;
   void Read(std::span<TCustomMapObject *const> objects);
+  void TellOfValues();
   [[nodiscard]] QString TextOf(int row) const;
 
   std::vector<THandle<TCustomMapObject>> m_objects;

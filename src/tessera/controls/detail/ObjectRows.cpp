@@ -145,8 +145,8 @@ void AddFontRows(std::vector<ObjectRow> &rows) {
 }
 
 /// A number of the geometry; what `set` takes is the new one.
-ObjectRow GeometryRow(const char *name, std::function<double(const TCustomMapObject &)> get,
-                      std::function<void(TCustomMapObject &, double)> set) {
+ObjectRow GeometryRow(const char *name, const std::function<double(const TCustomMapObject &)> &get,
+                      const std::function<void(TCustomMapObject &, double)> &set) {
   ObjectRow row{Told(name), RowKind::Number, {}, TObjectAspect::Geometry, {}, {}};
   row.get = [get](const TCustomMapObject &object) {
     return object.GetBounds().IsInverted() ? QVariant() : get(object);
