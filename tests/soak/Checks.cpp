@@ -74,11 +74,13 @@ void Checks::Begin() {
   m_person.firstStep = m_person.window.GetUndoStack().index();
   m_looks = LookAtLayers();
   m_angleDeg = m_person.map.GetRotationAngle();
+  m_center = m_person.map.GetRotationCenter();
   m_isStanding = true;
 }
 
 void Checks::Follow() {
-  const bool isTurned = m_person.map.GetRotationAngle() != m_angleDeg;
+  const bool isTurned =
+      m_person.map.GetRotationAngle() != m_angleDeg || !(m_person.map.GetRotationCenter() == m_center);
   if (!isTurned && m_person.window.GetUndoStack().index() >= m_person.firstStep) return;
   m_isStanding = false;
   m_person.firstStep = 0;

@@ -37,7 +37,8 @@ class Checks {
 
   Person &m_person;
   bool m_isStanding = false;  // whether the steps since the beginning are all there
-  double m_angleDeg = 0;
+  double m_angleDeg = 0;      // of the map's rotation, which turns what all objects hold
+  TMapPoint m_center;
   std::vector<Look> m_looks;
 };
 

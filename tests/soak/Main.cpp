@@ -173,7 +173,7 @@ int RunTask(const Task &task) {
 
 #ifdef __SANITIZE_ADDRESS__
 /// What libraries of the platform keep until the end.
-extern "C" const char *__lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
+extern "C" Q_DECL_EXPORT const char *__lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
   return "leak:libdbus-1\nleak:libfontconfig";
 }
 #endif

@@ -85,9 +85,9 @@ void TMapPoints::DropRuns() {
 }
 
 void TMapPoints::Resize(std::size_t size) {
-  const std::size_t oldSize = m_block ? m_block->Size() : 0;
+  const std::size_t present = m_block ? m_block->Size() : 0;
   const bool isPooled = m_block && m_block->isPooled;
-  if (isPooled && (size <= oldSize || detail::Pool::ExtendFigure(m_block, oldSize, size))) return;
+  if (isPooled && (size <= present || detail::Pool::ExtendFigure(m_block, present, size))) return;
   const bool isOfHeap = m_block && !isPooled;
   void *pooled = isOfHeap ? nullptr : detail::Pool::Take(size, detail::Pool::Shelf::Figures);
   // Blocks of the heap grow in place where the allocator can, which is what makes one pass over a file enough.
@@ -95,7 +95,7 @@ void TMapPoints::Resize(std::size_t size) {
   void *memory = pooled ? pooled : std::realloc(isOfHeap ? m_block : nullptr, size);
   if (memory == nullptr) throw std::bad_alloc();
   if (isPooled) {
-    std::memcpy(memory, m_block, std::min(size, oldSize));
+    std::memcpy(memory, m_block, std::min(size, present));
     Free(m_block);
   }
   const bool isNew = std::exchange(m_block, static_cast<Block *>(memory)) == nullptr;

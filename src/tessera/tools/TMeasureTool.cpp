@@ -37,7 +37,7 @@ void TMeasureTool::Measure(const std::vector<TMapPoint> &line) {
 
 QString TextOfOutline(std::span<const TMapPoint> line, const TMapMeasure &measure, bool hasArea,
                       const QLocale &locale) {
-  const QString length = measure.LengthText(measure.Length(line), locale);
+  QString length = measure.LengthText(measure.Length(line), locale);
   if (!hasArea || line.size() < FewestCorners) return length;
   return length + QStringLiteral(", ") + measure.AreaText(measure.Area(line), locale);
 }

@@ -112,6 +112,7 @@ void TTransformTool::MouseDown(Qt::MouseButton button, TShiftState shift, int x,
   if (!grip) return;
   m_grip = *grip;
   m_isShiftHeld = shift.testFlag(ssShift);
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call): a drag of a handle begins beside what is moved
   TCustomPressMoveAndReleaseTool::MouseDown(button, shift, x, y);
 }
 

@@ -179,8 +179,9 @@ TCustomMapObject *TVertexTool::FindObject(const TMapPoint &at, double reach) con
   TCardinalArray near;
   layer->GetIdsNear(at, PressPx, near);
   TCustomMapObject *around = nullptr;
-  for (auto id = near.Ids().rbegin(); id != near.Ids().rend(); ++id) {
-    TCustomMapObject *object = layer->GetObjects(int(*id));
+  const auto ids = near.Ids();
+  for (std::size_t i = ids.size(); i-- > 0;) {
+    TCustomMapObject *object = layer->GetObjects(int(ids[i]));
     if (!TMapEdits::HasFreeVertices(*object)) continue;
     if (FindHit(*object, at, reach)) return object;
     if (around == nullptr && object->ContainsPoint(at.X, at.Y)) around = object;
@@ -210,7 +211,7 @@ void TVertexTool::MouseDown(Qt::MouseButton button, TShiftState shift, int x, in
 
 void TVertexTool::BeginDrag(TCustomMapObject &object, const Hit &hit, int x, int y) {
   const auto points = object.GetParts().GetItems(hit.place.part).GetPoints().Points();
-  const std::size_t at = std::size_t(hit.place.vertex);
+  const auto at = std::size_t(hit.place.vertex);
   const bool isRing = TMapEdits::IsRing(object, hit.place.part);
   m_before.clear();
   m_behind.clear();
