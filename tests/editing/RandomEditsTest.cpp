@@ -43,7 +43,7 @@ class Snapshot {
     }
   }
   void Note(TMapLayer &layer) {
-    Put(&layer);
+    Put(quintptr(&layer));  // which one it is
     Put(layer.GetName());
     for (bool flag : {layer.GetVisible(), layer.GetSelectableFlag(), layer.GetEditable(), layer.GetAutoLabel()})
       Put(flag);
@@ -58,7 +58,7 @@ class Snapshot {
     return order;
   }
   void Note(TCustomMapObject &object) {
-    Put(&object);
+    Put(quintptr(&object));
     Put(object.GetBounds());
     for (const TPart &part : std::as_const(object).GetParts().Items()) {
       Put(part.GetPoints().GetCount());

@@ -15,6 +15,7 @@ class TMapEditsTest : public TEditingFixture {
   Objects AddObjects(int count) { return AddNamedLines(host, *layer, count); }
   static std::vector<std::string> Texts(const QUndoStack &stack) {
     std::vector<std::string> texts;
+    texts.reserve(std::size_t(stack.count()));
     for (int i = 0; i < stack.count(); ++i) texts.push_back(stack.text(i).toStdString());
     return texts;
   }

@@ -35,7 +35,7 @@ class ThrowingProvider : public UnmovedProvider {
 };
 
 /// A map whose handlers may do anything when a layer comes.
-class HandledHost : public TFakeMapHost {
+class HandledHost final : public TFakeMapHost {
  public:
   HandledHost() {
     TFakeMapHost::layers = &ownLayers;
@@ -53,9 +53,11 @@ class HandledHost : public TFakeMapHost {
 };
 
 class LayerLoadingTest : public FolderFixture {
+ public:
+  ~LayerLoadingTest() override { SetMessageSink(before); }
+
  protected:
   LayerLoadingTest() : before(SetMessageSink([this](const QString &text) { messages << text; })) { Renew(); }
-  ~LayerLoadingTest() override { SetMessageSink(before); }
 
   /// Begins anew with an empty map.
   void Renew() {

@@ -47,7 +47,7 @@ void ExpectPart(const TCustomMapObject &object, int part, std::initializer_list<
 
 TEST_P(TMapInfoFilesTest, KeepsEveryKindWithItsRow) {
   layer.GetFields().Add(QStringLiteral("Kind"), TDataType::dtString, 20);
-  const auto add = [this]<class Kind>(Kind *object, const char *name) {
+  const auto add = []<class Kind>(Kind *object, const char *name) {
     object->GetFields().GetFields(0).SetValue(QString::fromLatin1(name));
     return object;
   };

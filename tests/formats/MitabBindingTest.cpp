@@ -9,12 +9,13 @@ namespace {
 
 /// Puts the binding back to what it was.
 class TMitabBindingTest : public testing::Test {
- protected:
+ public:
   ~TMitabBindingTest() override {
     LibPath = m_before;
     MITAB_load();
   }
 
+ protected:
   static void Load(const char *library) {
     LibPath = QString::fromUtf8(library);
     MITAB_load();

@@ -40,9 +40,9 @@ TEST_F(TLayerFilterTest, HasValuesOfTheTypesOfTheirColumns) {
   const std::pair<const char *, std::vector<int>> rows[] = {
       {"Name < '9'", {0, 3}},
       {"name = '5'", {3}},
-      {"\"Население\" > 9 AND typeof(Население) = 'real'", {1}},
+      {R"("Население" > 9 AND typeof(Население) = 'real')", {1}},
       {"Население = 'many'", {3}},
-      {"\"two \"\"words\"\"\" >= 2", {1, 3}},
+      {R"("two ""words""" >= 2)", {1, 3}},
       {"Capital", {0, 3}},
       {"NOT capital", {1}},
       {"Name IS NULL", {2}},

@@ -35,9 +35,9 @@ std::string TextOf(const TMapLayer &layer) {
   detail::MemoryOutput mif;
   detail::MemoryOutput mid;
   detail::MifWriter(layer, mif, mid, report).Write();
-  static const QRegularExpression Widths(QStringLiteral("Char\\([0-9]+\\)"));
+  static const QRegularExpression widths(QStringLiteral("Char\\([0-9]+\\)"));
   QString text = QString::fromLatin1(mif.GetBytes());
-  return text.replace(Widths, QStringLiteral("Char")).toStdString() + mid.GetBytes();
+  return text.replace(widths, QStringLiteral("Char")).toStdString() + mid.GetBytes();
 }
 
 /// The texts of layers by their names.
@@ -52,7 +52,7 @@ Texts TextsOf(const TMapLayers &layers) {
 /// A map with an undo stack that is edited at random, as a person might, and a journal of it.
 class EditedMap {
  public:
-  EditedMap(const QString &folder, unsigned seed) : m_folder(folder), m_random(seed) {
+  EditedMap(QString folder, unsigned seed) : m_folder(std::move(folder)), m_random(seed) {
     m_map.resize(200, 100);
     m_map.SetUndoStack(&m_stack);
     m_journal.SetMap(&m_map);
@@ -155,7 +155,7 @@ class EditJournalTest : public FolderFixture {
 
   /// A copy of a folder's journals, which nobody has in use.
   static QString CopyOf(const QString &journals) {
-    const QString copies = journals + QStringLiteral(".copy");
+    QString copies = journals + QStringLiteral(".copy");
     QDir(copies).removeRecursively();
     QDir().mkpath(copies);
     for (const QString &name : QDir(journals).entryList({QStringLiteral("*.journal")}, QDir::Files)) {
@@ -308,7 +308,7 @@ TEST_F(JournaledMapTest, LeavesOutWhatItCannotHold) {
   WrittenBytes();
   TTessera later;
   EXPECT_TRUE(Left().RestoreInto(*later.GetLayers()).isEmpty());
-  delete layer->TakeObject(layer->GetObjects(2)).release();
+  layer->TakeObject(layer->GetObjects(2)).reset();
   EXPECT_EQ(TextsOf(*later.GetLayers()), TextsOf(*map.GetLayers()));
 }
 
