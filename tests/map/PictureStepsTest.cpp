@@ -41,7 +41,7 @@ class PictureStepsTest : public MapFixture {
   QImage OnScreen() { return map.GetCanvas().CopyOf(map.rect()).GetImage(); }
   QImage MadeAtOnce() {
     map.GetPainting()->SetPaintInSteps(false);
-    const QImage picture = Repainted();
+    QImage picture = Repainted();
     map.GetPainting()->SetPaintInSteps(true);
     return picture;
   }
