@@ -75,7 +75,9 @@ class TPlainObjectsTest : public TMitabTest {
     for (const std::string ending : {"tab", "dat", "map", "id"}) {
       QByteArray bytes = ReadFile("a." + ending);
       change(ending, bytes);
-      WriteFile(name + "." + ending, bytes);
+      std::string file = name;
+      file.append(".").append(ending);
+      WriteFile(file, bytes);
     }
   }
   static void ExpectSame(mitab_feature one, mitab_feature other) {

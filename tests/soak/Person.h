@@ -18,7 +18,7 @@ namespace tessera::soak {
 class Person {
  public:
   /// With a folder for files; the notes also go to a file, if there is one.
-  Person(apps::TEditorWindow &window, QString folder, unsigned seed, QFile *log);
+  Person(apps::TEditorWindow &editor, QString folder, unsigned seed, QFile *log);
 
   // Chance.
 

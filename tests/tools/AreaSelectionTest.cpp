@@ -157,6 +157,7 @@ TEST_P(AreaSelectionTest, SurvivesHandlersThatTakeEverythingAway) {
   std::vector<TTakenObject> taken;
   const auto takes = QObject::connect(&map, &TTessera::OnAddSelection, &map, [&] {
     std::vector<TCustomMapObject *> all;
+    all.reserve(std::size_t(layer->GetObjectCount()));
     for (int i = 0; i < layer->GetObjectCount(); ++i) all.push_back(layer->GetObjects(i));
     std::ranges::move(layer->TakeObjects(all), std::back_inserter(taken));
   });

@@ -87,6 +87,7 @@ void TMapPoints::DropRuns() {
 void TMapPoints::Resize(std::size_t size) {
   const std::size_t present = m_block ? m_block->Size() : 0;
   const bool isPooled = m_block && m_block->isPooled;
+  // NOLINTNEXTLINE(readability-suspicious-call-argument): from the present size to this one
   if (isPooled && (size <= present || detail::Pool::ExtendFigure(m_block, present, size))) return;
   const bool isOfHeap = m_block && !isPooled;
   void *pooled = isOfHeap ? nullptr : detail::Pool::Take(size, detail::Pool::Shelf::Figures);
