@@ -150,7 +150,10 @@ TEST_F(TVertexToolTest, DeleteTakesOutTheActiveVertexAndNeverTheObject) {
 
 TEST_F(TVertexToolTest, DragsAnyOfManyVerticesThoughFewHaveHandles) {
   TMapPoints &points = line->GetParts().Add().GetPoints();
-  for (int i = 0; i < 100'000; ++i) points.Add(120 + i % 316 * 0.1, 40 + i / 316 * 0.1);
+  for (int i = 0; i < 100'000; ++i) {
+    const int row = i / 316;
+    points.Add(120 + i % 316 * 0.1, 40 + row * 0.1);
+  }
   line->Select();
   Repainted();
   input.Drag({130, 50}, {130, 95});
