@@ -33,7 +33,8 @@ constexpr int LookIntervalMs = 10;
 const QRegularExpression &UsualMessages() {
   static const QRegularExpression usual(QStringLiteral(
       "^There is no layer|no editable layer|their layer is not editable|^A line is split|^No ends of "
-      "selected|lost: |” is (not|no) |” is neither | cells? keeps? |^A column needs a name|^The columns cannot be"));
+      "selected|lost: |” is (not|no) |” is neither | cells? keeps? |^A column needs a name|^The columns cannot be|"
+      "^Opposite sides must"));
   return usual;
 }
 
