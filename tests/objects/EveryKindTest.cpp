@@ -20,6 +20,10 @@
 namespace tessera::test {
 namespace {
 
+const std::type_info &ClassOf(const TCustomMapObject &object) {
+  return typeid(object);
+}
+
 using Objects = std::vector<std::unique_ptr<TCustomMapObject>>;
 
 template <class Kind, typename Set>
@@ -60,7 +64,7 @@ TEST(CloneTest, LooksAndAnswersAsItsModelAndIsItsOwn) {
   TPen pen;
   pen.SetColor(clRed);
   for (const auto &object : all) {
-    SCOPED_TRACE(typeid(*object).name());
+    SCOPED_TRACE(ClassOf(*object).name());
     TFakeMapHost host;
     object->SetPen(pen);
     object->SetTag(7);
@@ -73,7 +77,7 @@ TEST(CloneTest, LooksAndAnswersAsItsModelAndIsItsOwn) {
       drawn.SetMap(nullptr);
       return host.picture.GetImage().copy();
     };
-    EXPECT_TRUE(typeid(*clone) == typeid(*object));
+    EXPECT_TRUE(ClassOf(*clone) == ClassOf(*object));
     EXPECT_EQ(pictureOf(*clone), pictureOf(*object));
     EXPECT_EQ(clone->GetBounds(), object->GetBounds());
     EXPECT_EQ(clone->GetTag(), 7);
@@ -191,7 +195,7 @@ TEST_F(FarOffTest, NothingIsDrawnOfWhatLiesFarFromTheView) {
       for (const auto &object : EveryKindAt({centre.X + (isBeside ? away : 0), centre.Y + (isBeside ? 0 : away)}, 1)) {
         DrawInEveryWay(*object, round % 3 ? 9 : widestPen);
         ASSERT_EQ(host.picture.GetImage(), blank)
-            << typeid(*object).name() << " at zoom " << zoom << ", " << away << " units from the middle";
+            << ClassOf(*object).name() << " at zoom " << zoom << ", " << away << " units from the middle";
       }
     }
   }
