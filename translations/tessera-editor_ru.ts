@@ -125,12 +125,20 @@
         <translation>Объекты слоя %1 нельзя выделять.</translation>
     </message>
     <message>
-        <source>The search takes too long.</source>
-        <translation>Поиск длится слишком долго.</translation>
-    </message>
-    <message>
         <source>%1: %2 found</source>
         <translation>%1: найдено %2</translation>
+    </message>
+    <message>
+        <source>Searching %1…</source>
+        <translation>Поиск: %1…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>The search was given up.</source>
+        <translation>Поиск прерван.</translation>
     </message>
 </context>
 <context>

@@ -17,8 +17,10 @@
 #include <QDragEnterEvent>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 namespace tessera::apps {
@@ -176,6 +178,28 @@ TEST_F(EditorWindowTest, FindsObjectsByTheirAttributes) {
   EXPECT_EQ(map.GetSelection()->GetCount(), 0);
   layer.SetSelectable(false);
   EXPECT_TRUE(find("1").contains(u"cannot be selected"));
+}
+
+TEST_F(EditorWindowTest, GivesUpASearchThatTakesLong) {
+  Open({squares});
+  FindBar &bar = window.GetFindBar();
+  QString endless = QStringLiteral("(SELECT count(*) FROM layer a0");
+  for (int i = 1; i < 60; ++i) endless += QStringLiteral(", layer a%1").arg(i);
+  bar.GetEdit().setText(endless + QStringLiteral(") > 0"));
+  bool wasBlocked = false;
+  QTimer giveUp;
+  QObject::connect(&giveUp, &QTimer::timeout, &window, [&] {
+    auto *dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    wasBlocked = dialog->isVisible();
+    dialog->findChild<QPushButton *>()->click();
+  });
+  giveUp.start(20);
+  QTest::keyClick(&bar.GetEdit(), Qt::Key_Return);
+  EXPECT_TRUE(wasBlocked);
+  EXPECT_EQ(bar.GetAnswer(), u"The search was given up.");
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(EditorWindowTest, TellsOfTheObjectsAtAClickOfTheIdentifyingTool) {

@@ -5,13 +5,49 @@
 #include <tessera/layers/TLayerFilter.h>
 #include <tessera/map/SelectionChange.h>
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressDialog>
 
 #include <algorithm>
+#include <optional>
 
 namespace tessera::apps {
+namespace {
+
+/// What one sees of a search: at first the pointer of waiting, later a dialog that keeps the window alive, lets nothing
+/// of it be changed, and gives the search up.
+class SearchDialog : public QProgressDialog {
+ public:
+  SearchDialog(const QString &words, const QString &cancel, QWidget *parent)
+      : QProgressDialog(words, cancel, 0, 0, parent) {
+    setWindowModality(Qt::ApplicationModal);
+    reset();  // which keeps it from coming up by itself
+    m_sinceStart.start();
+    m_sinceEvents.start();
+    m_waiting.emplace();
+  }
+  /// To be asked from time to time.
+  [[nodiscard]] bool IsGivenUp() {
+    constexpr int QuietMs = 500;
+    constexpr int EventsMs = 50;
+    if (!m_sinceStart.hasExpired(QuietMs) || !m_sinceEvents.hasExpired(EventsMs)) return wasCanceled();
+    m_waiting.reset();
+    if (!isVisible()) show();
+    QCoreApplication::processEvents();
+    m_sinceEvents.restart();
+    return wasCanceled();
+  }
+
+ private:
+  QElapsedTimer m_sinceStart;
+  QElapsedTimer m_sinceEvents;
+  std::optional<WaitCursor> m_waiting;
+};
+
+}  // namespace
 
 FindBar::FindBar(TTessera &map, LayerChoice layer, QWidget *parent)
     : QToolBar(tr("Find"), parent),
@@ -46,18 +82,15 @@ void FindBar::Find() {
   if (layer == nullptr) return m_answer->setText(tr("There is no layer."));
   if (!layer->GetSelectable())
     return m_answer->setText(tr("The objects of %1 cannot be selected.").arg(layer->GetName()));
-  const WaitCursor cursor;
   GuardedCall([&] { FindIn(*layer); });
 }
 
 void FindBar::FindIn(TMapLayer &layer) {
-  constexpr int PatienceMs = 10000;
-  QElapsedTimer timer;
-  timer.start();
   TLayerFilter filter(layer, m_expression->text());
-  const auto ids = filter.Find([&timer] { return timer.hasExpired(PatienceMs); });
+  SearchDialog dialog(tr("Searching %1…").arg(layer.GetName()), tr("Cancel"), this);
+  const auto ids = filter.Find([&dialog] { return dialog.IsGivenUp(); });
   if (!ids) {
-    m_answer->setText(filter.GetError().isEmpty() ? tr("The search takes too long.") : filter.GetError());
+    m_answer->setText(filter.GetError().isEmpty() ? tr("The search was given up.") : filter.GetError());
     if (filter.GetErrorPlace() >= 0) m_expression->setSelection(filter.GetErrorPlace(), 1);
     return;
   }

@@ -23,8 +23,8 @@ class FindBar : public QToolBar {
 
   /// Shows the bar, ready for typing.
   void Open();
-  /// Finds what the text of the bar says. An error is told, and its place marked in the text; a search of more than ten
-  /// seconds is given up.
+  /// Finds what the text of the bar says. An error is told, and its place marked in the text; a search that takes long
+  /// can be given up.
   void Find();
   [[nodiscard]] QLineEdit &GetEdit() const { return *m_expression; }
   /// What the last search came to.
