@@ -3,6 +3,7 @@
 #include "../support/MapInput.h"
 #include "EditorFixture.h"
 
+#include <apps/editor/LayerDocks.h>
 #include <apps/editor/MeasureLabel.h>
 #include <apps/editor/NewLayerDialog.h>
 #include <apps/editor/OptionsDialog.h>
@@ -24,6 +25,7 @@
 #include <QSvgRenderer>
 #include <QTableView>
 #include <QTableWidget>
+#include <QTest>
 #include <QUndoStack>
 
 namespace tessera::apps {
@@ -300,6 +302,37 @@ TEST_F(EditorEditingTest, ChoosesTheEditableLayerAndShowsTheAttributesOfTheChose
   list->SetItemIndex(1);
   EXPECT_EQ(window.GetCurrentLayer()->GetName(), QStringLiteral("squares"));
   EXPECT_EQ(browser->GetLayer(), window.GetCurrentLayer());
+}
+
+TEST_F(EditorEditingTest, TakesTheDeleteKeyAsWhatHasTheFocusMeansIt) {
+  Open({MapFileNamed("cover.mif")});
+  TMapLayer &layer = *AddLayer();
+  Use(4);
+  input.Drag({50, 50}, {150, 90});
+  auto *list = window.findChild<TLayerControl *>();
+  list->SetItemIndex(1);
+  TCustomMapObject &line = *layer.First();
+  line.GetFields().GetFields(0).SetAsString(QStringLiteral("Oak Street"));
+  line.Select();
+  QApplication::processEvents();
+  window.GetDocks().GetActions().at(1)->trigger();
+  QTableView &grid = *window.findChild<TDataBrowser *>()->GetView();
+  ASSERT_TRUE(grid.isVisible());
+  const auto press = [](QWidget &panel) {
+    panel.setFocus();
+    QTest::keyClick(&panel, Qt::Key_Delete);
+    QApplication::processEvents();
+  };
+  grid.setCurrentIndex(grid.model()->index(0, grid.model()->columnCount() - 1));
+  press(grid);
+  EXPECT_EQ(line.GetFields().GetFields(0).GetAsString(), QString());
+  list->SetItemIndex(0);
+  press(*list);
+  ASSERT_EQ(map.GetLayers()->GetCount(), 1);
+  EXPECT_EQ(map.GetLayers()->First(), &layer);
+  EXPECT_EQ(layer.GetObjectCount(), 1);
+  press(map);
+  EXPECT_EQ(layer.GetObjectCount(), 0);
 }
 
 TEST_F(EditorEditingTest, AsksBeforeUnsavedChangesAreLost) {

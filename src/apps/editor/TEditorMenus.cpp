@@ -177,8 +177,9 @@ void TEditorWindow::MakeEditMenu() {
   AddObjectAction(*menu, tr("Send to &back"), WithCtrlShift(Qt::Key_PageDown),
                   [this] { TMapEdits(m_map).SendToBack(TakeEditableSelection()); });
   menu->addSeparator();
-  menu->addAction(Icon("delete"), tr("&Delete selected objects"), QKeySequence::Delete, this,
-                  &TEditorWindow::DeleteSelected);
+  AddObjectAction(*menu, tr("&Delete selected objects"), QKeySequence::Delete, [this] {
+    DeleteSelected();
+  }).setIcon(Icon("delete"));
   menu->addAction(tr("Select &nothing"), WithCtrlShift(Qt::Key_A), this, [this] { m_map->GetSelection()->Clear(); });
   menu->addAction(tr("Copy p&icture"), WithCtrlShift(Qt::Key_C), this, &TEditorWindow::CopyPicture);
   menu->addSeparator();
@@ -212,7 +213,7 @@ QAction &TEditorWindow::AddObjectAction(QMenu &menu, const QString &text, const 
                                         const std::function<void()> &run) {
   QAction *action = menu.addAction(text);
   action->setShortcut(key);
-  // Where text is edited the keys mean the text.
+  // In the panels the keys mean their text, cells and rows.
   action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   m_map->addAction(action);
   connect(action, &QAction::triggered, m_map, [run] { GuardedCall(run); });
