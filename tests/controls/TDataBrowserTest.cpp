@@ -216,6 +216,31 @@ TEST_F(TDataBrowserTest, SortsAndFiltersWithoutTouchingTheLayersOrder) {
   }
 }
 
+TEST_F(TDataBrowserTest, KeepsARowThatIsEditedOutOfTheFilterUntilTheEditingIsOver) {
+  static QStringList warnings;
+  warnings.clear();
+  const auto old =
+      qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &text) { warnings << text; });
+  browser->SetFilter(QStringLiteral("o"));
+  const auto rename = [&](Qt::Key end) {
+    auto *text = Edit<QLineEdit>(0, 0);
+    text->setText(QStringLiteral("Paris"));
+    QTest::keyClick(text, end);
+    Settle();
+  };
+  rename(Qt::Key_Return);
+  EXPECT_EQ(Column(0), QStringLiteral("Rome bonn"));
+  rename(Qt::Key_Tab);
+  EXPECT_EQ(Column(0), QStringLiteral("Paris bonn")) << "its next cell is edited";
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  Settle();
+  EXPECT_EQ(Column(0), QStringLiteral("bonn"));
+  browser->GetModel()->setData(browser->GetModel()->index(3, 0), QStringLiteral("Paris"));
+  EXPECT_EQ(Column(0), QString());
+  qInstallMessageHandler(old);
+  EXPECT_EQ(warnings.join(u'\n'), QString());
+}
+
 TEST_F(TDataBrowserTest, KeepsItsSelectionInStepWithTheMap) {
   browser->SortBy(0, Qt::AscendingOrder);
   Select(0, 1, 1, 2);

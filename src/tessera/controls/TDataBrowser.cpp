@@ -56,6 +56,7 @@ void TDataBrowser::MakeView() {
   m_view->setAccessibleName(tr("Attributes"));
   m_view->setModel(m_filter);
   m_view->setItemDelegate(new detail::CellDelegate(m_view));
+  m_filter->KeepRowsEditedIn(*m_view);
   m_view->setAlternatingRowColors(true);
   m_view->setWordWrap(false);
   m_view->verticalHeader()->setDefaultSectionSize(m_view->fontMetrics().height() + RowMarginPx);

@@ -2,6 +2,8 @@
 #include <tessera/controls/TLayerTableModel.h>
 #include <tessera/controls/detail/RowFilter.h>
 
+#include <utility>
+
 namespace tessera::detail {
 
 void RowFilter::SetFilter(const QString &text) {
@@ -10,8 +12,31 @@ void RowFilter::SetFilter(const QString &text) {
   invalidateFilter();
 }
 
+void RowFilter::KeepRowsEditedIn(QAbstractItemView &view) {
+  m_view = &view;
+  // The view itself closes the editor, or opens the next one, when it hears of this.
+  connect(view.itemDelegate(), &QAbstractItemDelegate::closeEditor, this, &RowFilter::LetKeptRowsGo,
+          Qt::QueuedConnection);
+}
+
+bool RowFilter::IsEdited() const {
+  // Any editor counts here, however it came to be open.
+  return m_view && m_view->isPersistentEditorOpen(m_view->currentIndex());
+}
+
+void RowFilter::LetKeptRowsGo() {
+  if (IsEdited() || !std::exchange(m_keepsRows, false)) return;
+  invalidateFilter();
+}
+
 bool RowFilter::filterAcceptsRow(int row, const QModelIndex &parent) const {
-  if (m_filter.isEmpty()) return true;
+  if (m_filter.isEmpty() || HasText(row, parent)) return true;
+  if (!IsEdited()) return false;
+  m_keepsRows = true;
+  return true;
+}
+
+bool RowFilter::HasText(int row, const QModelIndex &parent) const {
   const QAbstractItemModel &table = *sourceModel();
   for (int column = 0; column < table.columnCount(parent); ++column) {
     const QString text = table.index(row, column, parent).data(TLayerTableModel::TextRole).toString();
