@@ -29,7 +29,7 @@ TEST_F(DesignerTest, ShowsThePublishedPropertiesInTheirOrder) {
        "Options.DefaultPenStyle Options.DefaultPenWidth Options.DefaultBrush Options.DefaultBGColor Options.UseBGColor "
        "Color Zoom WheelMouse ZoomType CenterX CenterY MinZoom MaxZoom ShowSelection FastSelection Navigation.Keys "
        "Navigation.MiddleButton Navigation.Touch Navigation.WheelKeepsPlace Navigation.WheelAddsUp "
-       "Painting.ShowSmallObjects Painting.PaintInSteps Painting.StepMs Snapping.ToVertices "
+       "Painting.ShowSmallObjects Painting.ShowCutObjects Painting.PaintInSteps Painting.StepMs Snapping.ToVertices "
        "Snapping.ToIntersections Snapping.ToEdges Snapping.GridStep Snapping.ShiftConstrains Snapping.TolerancePx "
        "PickTolerancePx"_s},
       {u"TLayerControl"_s, u"Map Glyphs DrawVertLines DrawHorzLines"_s},

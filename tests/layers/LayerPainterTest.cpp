@@ -3,7 +3,9 @@
 #include "../support/RandomShapes.h"
 
 #include <tessera/layers/detail/LayerPainting.h>
+#include <tessera/objects/TCircle.h>
 #include <tessera/objects/TPolyline.h>
+#include <tessera/objects/TRectangle.h>
 #include <tessera/objects/TRegion.h>
 #include <tessera/objects/TSymbol.h>
 
@@ -139,6 +141,38 @@ TEST_F(LayerPainterTest, DrawsAsTheObjectsDoOneByOne) {
     host.selection.Clear();
   }
   EXPECT_GT(mostSteps, 100);
+}
+
+TEST_F(LayerPainterTest, DrawsWhatTheEdgeOfTheViewCutsOnRequest) {
+  for (int i = 0; i < 300; ++i) {
+    const TMapPoint at{random.Real(-50, 350), random.Real(-50, 250)};
+    const double size = random.Real(5, 60);
+    TCustomMapObject *object = nullptr;
+    if (i % 2 == 0) {
+      auto *circle = layer->NewObject<TCircle>();
+      circle->SetX(at.X), circle->SetY(at.Y), circle->SetRadius(size);
+      object = circle;
+    } else {
+      auto *rectangle = layer->NewObject<TRectangle>();
+      rectangle->SetX0(at.X), rectangle->SetY0(at.Y), rectangle->SetX1(at.X + size), rectangle->SetY1(at.Y + 40);
+      object = rectangle;
+    }
+    object->SetStyle(styles[std::size_t(i % 5)]);
+  }
+  const auto picture = [&](bool showsCut) {
+    host.ClearPicture();
+    host.flags.ShowCutObjects = showsCut;
+    layer->Paint();
+    return host.picture.GetImage().copy();
+  };
+  for (const bool usesIndex : {false, true}) {
+    layer->SetUseIndex2D(usesIndex);
+    const QImage whole = picture(true);
+    EXPECT_NE(picture(false), whole);
+    host.ClearPicture();
+    for (int i = 0; i < layer->GetObjectCount(); ++i) layer->GetObjects(i)->Paint();
+    EXPECT_EQ(whole, host.picture.GetImage()) << "with index: " << usesIndex;
+  }
 }
 
 TEST_F(LayerPainterTest, SeesBetweenStepsWhatMakesThemUseless) {

@@ -162,8 +162,18 @@ TEST_F(TRectangleTest, LaysItsBackgroundUnderAHatchedBrushAndMarksItBehindAClear
   ExpectPixels(host, {{40, 62, Background}, {20, 60, LineColor}});
   GiveTools(rectangle, host, TBrushStyle::bsClear);
   ExpectTwoHighlightsCancel(host, rectangle);
-  rectangle.DrawSelection();
-  EXPECT_EQ(host.At(40, 60), Background ^ Background);
+  TCircle above;
+  above.SetX(40), above.SetY(40), above.SetRadius(5);
+  GiveTools(above, host);
+  above.Paint();
+  const QImage before = host.picture.GetImage().copy();
+  for (const bool hasBackground : {true, false}) {
+    rectangle.SetUseBGColor(hasBackground);
+    rectangle.DrawSelection();
+    EXPECT_NE(host.picture.GetImage(), before) << "as other kinds";
+    rectangle.DrawSelection();
+    EXPECT_EQ(host.picture.GetImage(), before) << "what lies above stays";
+  }
 }
 
 TEST_F(TSymbolTest, IsAPointToOtherObjectsAndContainsThePixelsNearIt) {

@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
+#include <QDrag>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -170,6 +171,8 @@ QString Person::FileToWrite() {
 }
 
 void Person::LookForDialogs() {
+  // Selected text that is dragged off its label waits for the button, which would only be released after that.
+  QDrag::cancel();
   if (QWidget *popup = QApplication::activePopupWidget()) {
     popup->close();
   } else if (QWidget *dialog = QApplication::activeModalWidget()) {

@@ -152,6 +152,7 @@ void TEditorWindow::SetUpMap() {
   m_map->GetNavigation()->SetWheelAddsUp(true);
   m_map->GetSnapping()->SetShiftConstrains(true);
   m_map->GetPainting()->SetShowSmallObjects(true);
+  m_map->GetPainting()->SetShowCutObjects(true);
   m_map->GetPainting()->SetPaintInSteps(true);
   m_map->setFocus();
   // Plain keys belong to the map, also those that are shortcuts elsewhere in the window.

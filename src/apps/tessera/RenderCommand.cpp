@@ -121,6 +121,7 @@ int RunRender(const QStringList &arguments) {
   const TerminalProgress progress(map);
   map.resize(options->sizePx);
   map.GetPainting()->SetShowSmallObjects(options->showsSmallObjects);
+  map.GetPainting()->SetShowCutObjects(true);
   QElapsedTimer timer;
   timer.start();
   if (!LoadAll(map, options->files)) return esFailed;

@@ -194,11 +194,16 @@ class TESSERA_CORE_EXPORT TMapLayer : public TObjectLayer {
 
  private:
   friend class detail::LayerPainting;
-  [[nodiscard]] bool MeetsRect(std::size_t id, const TBounds &rect) const;
+  /// How ids in a rectangle are asked for.
+  struct RectQuery {
+    /// Also those whose extent alone meets the rectangle, which no index knows: none is asked.
+    bool countsExtents = false;
+    int *staleCount = nullptr;  ///< Counts ids that a stale index gives; without it they are thrown at.
+  };
+  [[nodiscard]] bool MeetsRect(std::size_t id, const TBounds &rect, const RectQuery &query) const;
   [[nodiscard]] bool IsCandidateInRect(std::uint32_t id, const TBounds &rect) const;
-  // Ids that a stale index gives are counted, or, where they are not, thrown at.
-  void KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, int *staleCount) const;
-  bool FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, int *staleCount) const;
+  void KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, const RectQuery &query) const;
+  bool FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, const RectQuery &query) const;
   /// Destroys an object of this layer with its events.
   void Destroy(TCustomMapObject &object);
   /// Takes an object out, in no layer and on no map; none when it is not here.

@@ -20,6 +20,12 @@ namespace {
 
 using Relation = detail::ObjectStore::Relation;
 
+bool ReachesInto(const TBounds &rect, const TCustomMapObject &object) {
+  const std::optional<TBounds> extent = object.GetExtent();
+  return extent && extent->MinX <= rect.MaxX && extent->MaxX >= rect.MinX && extent->MinY <= rect.MaxY &&
+         extent->MaxY >= rect.MinY;
+}
+
 }  // namespace
 
 void TMapLayer::SetUseIndex2D(bool use) {
@@ -35,13 +41,14 @@ std::unique_ptr<TIndexCell> TMapLayer::SetIndex2D(std::unique_ptr<TIndexCell> in
   return std::exchange(m_index2D, std::move(index));
 }
 
-bool TMapLayer::MeetsRect(std::size_t id, const TBounds &rect) const {
+bool TMapLayer::MeetsRect(std::size_t id, const TBounds &rect, const RectQuery &query) const {
   const Relation relation = rect.IsInverted() ? Relation::Unknown : m_objects->RelationOf(id, rect);
   if (relation != Relation::Unknown) return relation == Relation::Inside;
   const TCustomMapObject &object = *m_objects->Items()[id];
   return object.IntersectsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
          object.WithinRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
-         object.ContainsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
+         object.ContainsRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY) ||
+         (query.countsExtents && ReachesInto(rect, object));
 }
 
 bool TMapLayer::IsCandidateInRect(std::uint32_t id, const TBounds &rect) const {
@@ -52,7 +59,7 @@ bool TMapLayer::IsCandidateInRect(std::uint32_t id, const TBounds &rect) const {
          object.WithinRect(rect.MinX, rect.MinY, rect.MaxX, rect.MaxY);
 }
 
-void TMapLayer::KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, int *staleCount) const {
+void TMapLayer::KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, const RectQuery &query) const {
   // From the last to the first; those that stay gather at the end.
   const std::span<std::uint32_t> all = ids.Ids();
   const std::size_t count = m_objects->GetCount();
@@ -61,8 +68,8 @@ void TMapLayer::KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, int *s
   std::size_t firstKept = all.size();
   for (std::size_t i = all.size(); i-- > 0;) {
     if (i >= Ahead && !areAllInside) m_objects->ExpectExtent(all[i - Ahead]);
-    if (all[i] >= count && staleCount) {
-      ++*staleCount;
+    if (all[i] >= count && query.staleCount) {
+      ++*query.staleCount;
       continue;
     }
     CheckedIndex(all[i], count, "Object");
@@ -72,13 +79,13 @@ void TMapLayer::KeepThoseInRect(const TBounds &rect, TCardinalArray &ids, int *s
   ids.Truncate(int(all.size() - firstKept));
 }
 
-bool TMapLayer::FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, int *staleCount) const {
+bool TMapLayer::FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, const RectQuery &query) const {
   ids.Clear();
   const TBounds bounds = CellBounds2Bounds(rect);
-  if (m_useIndex2D) {
+  if (m_useIndex2D && !query.countsExtents) {
     if (!m_index2D->GetAllIdsInRect(rect, ids)) return false;
     m_objects->UpdateExtents();
-    KeepThoseInRect(bounds, ids, staleCount);
+    KeepThoseInRect(bounds, ids, query);
     return true;
   }
   m_objects->UpdateExtents();
@@ -90,14 +97,14 @@ bool TMapLayer::FindIdsInRect(const TCellBounds &rect, TCardinalArray &ids, int 
   }
   if (!areAllInside) {
     const auto found = ids.Ids();
-    const auto isApart = [&](std::uint32_t id) { return !MeetsRect(id, bounds); };
+    const auto isApart = [&](std::uint32_t id) { return !MeetsRect(id, bounds, query); };
     ids.Truncate(int(std::remove_if(found.begin(), found.end(), isApart) - found.begin()));
   }
   return ids.GetCount() != 0;
 }
 
 bool TMapLayer::GetAllIdsInRect(const TCellBounds &rect, TCardinalArray &ids) const {
-  return FindIdsInRect(rect, ids, nullptr);
+  return FindIdsInRect(rect, ids, {});
 }
 
 void TMapLayer::GetIdsNear(const TMapPoint &point, int distancePx, TCardinalArray &ids) const {

@@ -12,6 +12,10 @@ void TMapPainting::SetShowSmallObjects(bool show) {
   if (std::exchange(m_flags.ShowSmallObjects, show) != show) m_map.DoUpdate(true);
 }
 
+void TMapPainting::SetShowCutObjects(bool show) {
+  if (std::exchange(m_flags.ShowCutObjects, show) != show) m_map.DoUpdate(true);
+}
+
 void TMapPainting::Decorate(QPainter &painter, const QRect &picture) {
   painter.save();
   AllSteps steps;

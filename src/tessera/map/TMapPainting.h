@@ -14,6 +14,7 @@ namespace tessera {
 class TESSERA_WIDGETS_EXPORT TMapPainting : public QObject {
   Q_OBJECT
   Q_PROPERTY(bool ShowSmallObjects READ GetShowSmallObjects WRITE SetShowSmallObjects)
+  Q_PROPERTY(bool ShowCutObjects READ GetShowCutObjects WRITE SetShowCutObjects)
   Q_PROPERTY(bool PaintInSteps READ GetPaintInSteps WRITE SetPaintInSteps)
   Q_PROPERTY(int StepMs READ GetStepMs WRITE SetStepMs)
 
@@ -26,6 +27,13 @@ class TESSERA_WIDGETS_EXPORT TMapPainting : public QObject {
   [[nodiscard]] bool GetShowSmallObjects() const { return m_flags.ShowSmallObjects; }
   /// Asks for a new picture.
   void SetShowSmallObjects(bool show);
+
+  /// Circles and rectangles that the edge of the view cuts show as well: without this only those do that hold one of
+  /// its corners, for so they answer what area they meet. Layers are then drawn in the order of their objects even with
+  /// a spatial index, which is not asked.
+  [[nodiscard]] bool GetShowCutObjects() const { return m_flags.ShowCutObjects; }
+  /// Asks for a new picture.
+  void SetShowCutObjects(bool show);
 
   /// A picture that takes longer than StepMs is made in steps, between which the control answers to events. Until it is
   /// complete the one before stays, moved and scaled to the new view; what asks for a new picture meanwhile has it made

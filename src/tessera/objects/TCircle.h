@@ -32,7 +32,7 @@ class TESSERA_CORE_EXPORT TCircle : public TCustomMapObject {
   /// the circle.
   bool Intersects(const TCustomMapObject &object) const override;
   /// Whether some corner of the rectangle lies in the circle. One that crosses the circle without a corner inside does
-  /// not intersect it, which is intended; a layer then does not draw the circle.
+  /// not intersect it, which is intended; a layer then draws the circle only with TMapPainting::ShowCutObjects.
   bool IntersectsRect(double x1, double y1, double x2, double y2) const override;
   /// Whether the square about the circle lies in the rectangle, borders included.
   bool WithinRect(double x1, double y1, double x2, double y2) const override;

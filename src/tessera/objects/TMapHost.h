@@ -33,6 +33,7 @@ struct TViewFlags {
   bool UseGeneralization = true;
   bool FastDraw = false;
   bool ShowSmallObjects = false;
+  bool ShowCutObjects = false;
   int GeneralizationLevel = 1;
 };
 

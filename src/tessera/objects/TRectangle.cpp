@@ -64,19 +64,32 @@ void TRectangle::Draw() {
   TCustomMapObject::Draw();
   TMapHost *map = GetMapHost();
   if (map == nullptr || GetParts().GetCount() == 0) return;
-  const TBounds corners = MakeCorners();
-  const TPoint first = map->GetViewport().MapToScreen(corners.MinX, corners.MinY);
-  const TPoint second = map->GetViewport().MapToScreen(corners.MaxX, corners.MaxY);
   TCanvas &canvas = map->GetCanvas();
   if (GetUseBGColor()) {
     canvas.Pen().SetStyle(TPenStyle::psClear);
     canvas.Brush().SetStyle(TBrushStyle::bsSolid);
     canvas.Brush().SetColor(GetBGColor());
-    canvas.Rectangle(first.x(), first.y(), second.x(), second.y());
+    DrawFigure();
   }
   canvas.Pen() = GetPen();
   canvas.Brush() = GetBrush();
-  canvas.Rectangle(first.x(), first.y(), second.x(), second.y());
+  DrawFigure();
+}
+
+void TRectangle::DrawSelection() {
+  const TMapHost *map = GetMapHost();
+  if (map == nullptr || !map->GetViewFlags().ShowSelection) return;
+  TCustomMapObject::DrawSelection();
+  TCustomMapObject::Draw();
+  if (GetParts().GetCount() > 0) DrawFigure();
+}
+
+void TRectangle::DrawFigure() {
+  TMapHost *map = GetMapHost();
+  const TBounds corners = MakeCorners();
+  const TPoint first = map->GetViewport().MapToScreen(corners.MinX, corners.MinY);
+  const TPoint second = map->GetViewport().MapToScreen(corners.MaxX, corners.MaxY);
+  map->GetCanvas().Rectangle(first.x(), first.y(), second.x(), second.y());
 }
 
 bool TRectangle::Contains(const TCustomMapObject &object) const {

@@ -15,18 +15,20 @@ class TESSERA_CORE_EXPORT TRectangle : public TCustomMapObject {
   /// Without extent, at (0, 0).
   TRectangle();
 
-  /// Draws with the object's own pen and brush whatever the canvas holds, so that a highlight, too, shows it as it is.
-  /// With UseBGColor the background colour is laid under it with the canvas's pen mode.
+  /// Draws with the object's own pen and brush whatever the canvas holds, so that without FastSelection a selected one
+  /// looks like the others, which is intended. With UseBGColor the background colour is laid under it with the canvas's
+  /// pen mode.
   void Draw() override;
   [[nodiscard]] std::unique_ptr<TCustomMapObject> Clone() const override;
-  void DrawSelection() override { DrawFigureAsSelection(); }
+  /// With the canvas's tools as every kind, so that it can be seen, and goes when it is drawn once more.
+  void DrawSelection() override;
   /// The corners go along where axes stay axes, as when it is scaled or turned by 90 degrees. Otherwise, since it
   /// cannot be turned, its centre goes along, and width and height grow as what lies along the axes does.
   void Transform(const TMapTransform &transform) override;
   /// Whether all corners of the bounds of `object` lie in the rectangle.
   bool Contains(const TCustomMapObject &object) const override;
   /// Whether some corner of the other rectangle lies in this one. One that crosses it without a corner inside does not
-  /// intersect it, which is intended; a layer then does not draw the rectangle.
+  /// intersect it, which is intended; a layer then draws the rectangle only with TMapPainting::ShowCutObjects.
   bool IntersectsRect(double x1, double y1, double x2, double y2) const override;
   [[nodiscard]] std::optional<TBounds> GetExtent() const override { return GetVertexExtent(); }
   [[nodiscard]] std::optional<int> GetPickReachPx() const override { return 0; }
@@ -48,6 +50,7 @@ class TESSERA_CORE_EXPORT TRectangle : public TCustomMapObject {
 
  private:
   TBounds MakeCorners();
+  void DrawFigure();
   void SetCorner(int corner, double TMapPoint::*coordinate, double value);
 };
 

@@ -12,7 +12,10 @@ namespace tessera::detail {
 LayerPainting::LayerPainting(TMapLayer &layer) : m_layer(&layer) {
   const TMapHost *map = layer.GetMapHost();
   if (map == nullptr || !map->IsReadyToPaint() || !layer.GetVisible() || !layer.ValidZoom()) return;
-  m_isInView = layer.FindIdsInRect(Bounds2CellBounds(map->GetViewport().GetViewBounds()), m_ids, &m_staleCount);
+  const bool showsCut = map->GetViewFlags().ShowCutObjects;
+  m_isInView = layer.FindIdsInRect(Bounds2CellBounds(map->GetViewport().GetViewBounds()), m_ids,
+                                   {.countsExtents = showsCut, .staleCount = &m_staleCount});
+  m_isInOrder = showsCut || !layer.GetUseIndex2D();
   m_order = layer.m_objects->GetOrder();
 }
 
@@ -25,8 +28,7 @@ LayerPainting::State LayerPainting::Continue(const QDeadlineTimer &until) {
   store.UpdateExtents();
   using Order = LayerPainter::Order;
   const auto left = std::as_const(m_ids).Ids().subspan(m_drawnCount);
-  m_drawnCount +=
-      LayerPainter(*layer, store).Paint(left, layer->GetUseIndex2D() ? Order::Scattered : Order::List, until);
+  m_drawnCount += LayerPainter(*layer, store).Paint(left, m_isInOrder ? Order::List : Order::Scattered, until);
   m_order = store.GetOrder();
   if (m_drawnCount < std::size_t(m_ids.GetCount())) return State::Paused;
   TellOfStaleIndex(*layer);

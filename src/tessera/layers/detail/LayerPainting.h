@@ -33,6 +33,7 @@ class TESSERA_CORE_EXPORT LayerPainting {
   std::uint64_t m_order = 0;
   int m_staleCount = 0;
   bool m_isInView = false;
+  bool m_isInOrder = true;  // in that of the layer's list
 };
 
 }  // namespace tessera::detail
