@@ -89,7 +89,6 @@ class Work {
     StartAfresh(m_person);
     m_checks.Begin();
     m_checks.Run();
-    QPixmapCache::clear();  // which fills up with the icons of all palettes there were
     m_levels.push_back({Progress(), HeapInUse()});
     constexpr double MB = 1 << 20;
     QTextStream(stdout) << QStringLiteral("%1 min, %2 actions: heap in use %3 MB, resident %4 MB\n")
@@ -188,6 +187,8 @@ int main(int argc, char **argv) {
   QApplication::setOrganizationName(QStringLiteral("tessera-soak"));
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   tessera::apps::UseDecimalPoint();
+  // Icons of all palettes there were would take more and more.
+  QPixmapCache::setCacheLimit(0);
   qInstallMessageHandler(tessera::soak::TakeQtMessage);
   return tessera::soak::RunTask(tessera::soak::TaskOf(application));
 }
