@@ -226,6 +226,12 @@ TEST_F(StandardToolsTest, KeepsLinesToDirectionsAndRectanglesToSquaresWithShiftW
   input.Click({54, 60}, Qt::ShiftModifier);
   input.DoubleClick({57, 70});
   EXPECT_EQ(Vertices(*layer->Last()), "20,80 50,80 50,40 57,30 ");
+  // A vertex that a deep zoom has moved beyond the numbers of pixels.
+  input.Click({20, 20}, Qt::ShiftModifier);
+  map.SetMaxZoom(1e12);
+  map.SetZoom(1e10);
+  input.MoveTo({70, 64}, Qt::NoButton, Qt::ShiftModifier);
+  EXPECT_EQ(polyline.GetMapOutline().back(), map.GetViewport().ScreenToMap(70, 64));
 }
 
 TEST_F(StandardToolsTest, ClicksPolylinesAndRegionsTogether) {

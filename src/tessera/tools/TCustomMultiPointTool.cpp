@@ -62,17 +62,20 @@ void TCustomMultiPointTool::MouseMove(TShiftState shift, int x, int y) {
 
 void TCustomMultiPointTool::PlaceMouse(TShiftState shift, int x, int y) {
   m_mouse = TPoint(x, y);
-  m_isWayKept = IsConstraining(shift) && !m_points.empty();
-  if (!m_isWayKept) return;
-  const TPoint last = GetTessera()->GetViewport().MapToScreen(m_points.back().X, m_points.back().Y);
-  m_mouse = last + detail::KeptToDirections(m_mouse - last);
+  const auto way = IsConstraining(shift) ? WayFromLast() : std::nullopt;
+  m_isWayKept = way.has_value();
+  if (way) m_mouse += detail::KeptToDirections(*way) - *way;
+}
+
+std::optional<QPoint> TCustomMultiPointTool::WayFromLast() const {
+  if (m_points.empty()) return std::nullopt;
+  return detail::WayTo(GetTessera()->GetViewport(), m_points.back(), m_mouse);
 }
 
 TMapPoint TCustomMultiPointTool::MousePoint() const {
-  if (!m_isWayKept) return GetMapPoint(m_mouse.x(), m_mouse.y());
-  const TMapPoint &last = m_points.back();
-  const TViewport &viewport = GetTessera()->GetViewport();
-  return detail::EndOfWay(viewport, last, m_mouse - viewport.MapToScreen(last.X, last.Y));
+  const auto way = m_isWayKept ? WayFromLast() : std::nullopt;
+  if (!way) return GetMapPoint(m_mouse.x(), m_mouse.y());
+  return detail::EndOfWay(GetTessera()->GetViewport(), m_points.back(), *way);
 }
 
 void TCustomMultiPointTool::DblClick() {

@@ -5,6 +5,7 @@
 #include <tessera/graphics/TCanvas.h>
 #include <tessera/tools/TCustomGestureTool.h>
 
+#include <optional>
 #include <vector>
 
 namespace tessera {
@@ -42,6 +43,8 @@ class TESSERA_WIDGETS_EXPORT TCustomMultiPointTool : public TCustomGestureTool {
   /// Where the mouse stands for, seen from the last vertex.
   [[nodiscard]] TMapPoint MousePoint() const;
   void PlaceMouse(TShiftState shift, int x, int y);
+  /// From the vertex before to the mouse; none without one, or when it lies too far off.
+  [[nodiscard]] std::optional<QPoint> WayFromLast() const;
 
   std::vector<TMapPoint> m_points;
   TPoint m_mouse;

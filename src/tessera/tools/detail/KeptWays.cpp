@@ -3,9 +3,18 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 namespace tessera::detail {
+
+std::optional<QPoint> WayTo(const TViewport &viewport, const TMapPoint &from, const QPoint &to) {
+  constexpr std::int64_t LongestPx = 1 << 28;
+  const TViewport::FarPixel begin = viewport.MapToFarScreen(from.X, from.Y);
+  const auto isFar = [](std::int64_t place) { return place < -LongestPx || place > LongestPx; };
+  if (isFar(begin.x) || isFar(begin.y)) return std::nullopt;
+  return to - QPoint(int(begin.x), int(begin.y));
+}
 
 QPoint KeptToDirections(const QPoint &way) {
   const double slope = std::tan(std::numbers::pi / 8);  // the border between a straight way and a slanting one

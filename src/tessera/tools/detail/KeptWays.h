@@ -5,10 +5,14 @@
 
 #include <QPoint>
 
+#include <optional>
+
 namespace tessera::detail {
 
 // What Shift makes of the way of the mouse, in client pixels.
 
+/// The way from a map point to a pixel; none when it is so long that there is no bending it on the screen.
+[[nodiscard]] std::optional<QPoint> WayTo(const TViewport &viewport, const TMapPoint &from, const QPoint &to);
 /// The way along the nearest of the eight directions.
 [[nodiscard]] QPoint KeptToDirections(const QPoint &way);
 /// The diagonal of a square, as wide as the longer side of the way.
