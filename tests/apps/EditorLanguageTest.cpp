@@ -90,6 +90,22 @@ TEST_F(EditorLanguageTest, HelpsInTheLanguageOfTheWindowOrElseInEnglish) {
   }
 }
 
+TEST_F(EditorLanguageTest, HelpsInOneWindowHoweverOftenItIsAsked) {
+  const auto ask = [&] {
+    for (QAction *action : window.findChildren<QAction *>()) {
+      if (action->shortcut() == QKeySequence(QKeySequence::HelpContents)) action->trigger();
+    }
+    return window.findChildren<HelpWindow *>();
+  };
+  ask();
+  const auto shown = ask();
+  ASSERT_EQ(shown.size(), 1);
+  EXPECT_TRUE(shown.front()->isVisible());
+  shown.front()->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(ask().size(), 1);
+}
+
 TEST_F(EditorLanguageTest, SpeaksTheChosenLanguageFromTheNextStart) {
   LanguageMenu menu{QString()};
   EXPECT_EQ(WindowLocale(), QLocale::system());

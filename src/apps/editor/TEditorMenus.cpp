@@ -41,6 +41,15 @@ QKeySequence WithCtrlShift(Qt::Key key) {
   return QKeyCombination(Qt::CTRL | Qt::SHIFT, key);
 }
 
+/// In one window, however often it is asked for.
+void ShowHelp(QWidget &editor) {
+  auto *help = editor.findChild<HelpWindow *>();
+  if (help == nullptr) help = new HelpWindow(editor.locale(), &editor);
+  help->show();
+  help->raise();
+  help->activateWindow();
+}
+
 struct WheelMode {
   const char *text;
   bool keepsPlace;
@@ -280,8 +289,7 @@ void TEditorWindow::MakeSnapMenu(QMenu &tools) {
 
 void TEditorWindow::MakeHelpMenu() {
   QMenu *menu = menuBar()->addMenu(tr("&Help"));
-  menu->addAction(tr("&How to work with the editor"), QKeySequence::HelpContents, this,
-                  [this] { (new HelpWindow(locale(), this))->show(); });
+  menu->addAction(tr("&How to work with the editor"), QKeySequence::HelpContents, this, [this] { ShowHelp(*this); });
   const QStringList sample = SampleMapFiles();
   QAction *open = menu->addAction(tr("Open the &sample map"), m_files, [this, sample] { m_files->Open(sample); });
   open->setEnabled(!sample.isEmpty());
