@@ -35,7 +35,7 @@ const QRegularExpression &UsualMessages() {
   static const QRegularExpression usual(QStringLiteral(
       "^There is no layer|no editable layer|their layer is not editable|^A line is split|^No ends of "
       "selected|lost: |” is (not|no) |” is neither | cells? keeps? |^A column needs a name|^The columns cannot be|"
-      "^Opposite sides must|” is longer than the "));
+      "^Opposite sides must|” is longer than the |^There is a column "));
   return usual;
 }
 
